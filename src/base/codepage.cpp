@@ -1,0 +1,73 @@
+// Windows-1252 texts: capitals, trimming, conversion from and to UTF-8. Changes no state.
+#include "base/codepage.hpp"
+
+std::string capitales(std::string_view texte) {
+    std::string sortie;
+    range_capitales(sortie, texte);
+    return sortie;
+}
+
+void range_capitales(std::string& cible, std::string_view texte) {
+    cible.resize(texte.size());
+    for (std::size_t i = 0; i < texte.size(); ++i) cible[i] = capitale(texte[i]);
+}
+
+std::string_view sans_blancs(std::string_view texte) {
+    while (!texte.empty() && texte.front() == ' ') texte.remove_prefix(1);
+    while (!texte.empty() && texte.back() == ' ') texte.remove_suffix(1);
+    return texte;
+}
+
+namespace {
+
+// Adds one character (below 10000 hexadecimal, as all of the code page are) in UTF-8.
+void ajoute_utf8(std::string& sortie, char32_t c) {
+    if (c < 0x80) {
+        sortie += static_cast<char>(c);
+    } else if (c < 0x800) {
+        sortie += static_cast<char>(0xC0 | (c >> 6));
+        sortie += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        sortie += static_cast<char>(0xE0 | (c >> 12));
+        sortie += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        sortie += static_cast<char>(0x80 | (c & 0x3F));
+    }
+}
+
+}  // namespace
+
+std::string vers_utf8(std::string_view texte) {
+    std::string sortie;
+    sortie.reserve(texte.size() + texte.size() / 8);
+    for (const char signe : texte) {
+        const auto c = static_cast<unsigned char>(signe);
+        ajoute_utf8(sortie, c >= 0x80 && c < 0xA0 ? kUnicode80a9F[c - 0x80u] : char32_t{c});
+    }
+    return sortie;
+}
+
+std::optional<std::string> depuis_utf8(std::string_view texte, RefusTexte* refus) {
+    std::string sortie;
+    sortie.reserve(texte.size());
+    std::size_t position = texte.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    while (position < texte.size()) {
+        const CaractereLu lu = lit_utf8(texte.substr(position, 4));
+        const int code = lu.octets == 0 ? -1 : code_de(lu.caractere);
+        if (code < 0) {
+            if (refus != nullptr) *refus = {position, lu.octets == 0 ? 0 : lu.caractere};
+            return std::nullopt;
+        }
+        sortie += static_cast<char>(code);
+        position += lu.octets;
+    }
+    return sortie;
+}
+
+bool est_utf8(std::string_view texte) {
+    while (!texte.empty()) {
+        const CaractereLu lu = lit_utf8(texte.substr(0, 4));
+        if (lu.octets == 0) return false;
+        texte.remove_prefix(lu.octets);
+    }
+    return true;
+}

@@ -1,0 +1,24 @@
+// Raising a failure and showing its box. Sets erreur_formule for the procedures that mark it.
+#include "base/failure.hpp"
+
+#include <string>
+
+#include "engine/context.hpp"
+#include "platform/platform.hpp"
+
+void echoue(int numero) { throw Defaillance{numero}; }
+
+void signale_defaillance(const Procedure& procedure, int numero) noexcept {
+    const std::string n = std::to_string(numero);
+    std::string texte = procedure.numero_seul ? " " + n : n + " " + n;
+    port.boites.boite(texte.append(procedure.mots));
+    if (procedure.marque_erreur) moteur.erreur_formule = true;
+}
+
+#ifdef VOXTAB_INJECTION
+Injection injection;
+
+void compte_instruction() {
+    if (++injection.compte == injection.echec_a) echoue(kDepassement);
+}
+#endif

@@ -1,0 +1,71 @@
+// A failure of the arithmetic or of the run-time environment, and the one way to survive it:
+// Tente runs one statement; a failure raised in it shows one box and the procedure goes on.
+// Holds no state; signale_defaillance sets erreur_formule of the engine for the procedures that say so.
+#pragma once
+
+#include <new>
+#include <string_view>
+#include <utility>
+
+// Failure numbers, as the user hears them in the box.
+enum NumeroDefaillance : int {
+    kHorsDomaine = 5,        // a function outside its domain
+    kDepassement = 6,        // overflow, invalid operation, conversion out of range
+    kMemoire = 7,            // memory exhausted
+    kIndice = 9,             // table index out of bounds
+    kDivisionZero = 11,      // division by zero
+    kPile = 28,              // stack exhausted
+    kFichierAbsent = 53,     // file not found
+    kDisquePlein = 61,       // disk full
+    kAccesFichier = 75,      // file can't be read or written
+    kDossierAbsent = 76      // folder not found
+};
+
+// What is thrown: only Tente and the two command-level guards catch it.
+struct Defaillance {
+    int numero;
+};
+
+// How a procedure words its failure box, and whether the failure marks the formula as failed.
+struct Procedure {
+    std::string_view mots;   // Windows-1252, with or without its leading blank
+    bool marque_erreur;      // true: sets erreur_formule
+    bool numero_seul = false;   // true: the number stands once, with its leading blank
+};
+
+// Raises failure `numero`. Never returns.
+[[noreturn]] void echoue(int numero);
+
+// Shows the box "N N<words>" and sets erreur_formule when the procedure does so.
+void signale_defaillance(const Procedure& procedure, int numero) noexcept;
+
+#ifdef VOXTAB_INJECTION
+// Test build only: makes the k-th statement of a run fail (0: none), and counts the statements.
+struct Injection {
+    long compte = 0;         // statements tried since the last reset
+    long echec_a = 0;        // number of the statement that fails, from 1
+};
+extern Injection injection;
+void compte_instruction();
+#endif
+
+// Runs one statement of a procedure. A failure shows the procedure's box; the caller goes on with
+// its next statement. True when the statement ran to its end.
+template <class Instruction>
+inline bool Tente(const Procedure& procedure, Instruction&& instruction) noexcept {
+    try {
+#ifdef VOXTAB_INJECTION
+        compte_instruction();
+#endif
+        std::forward<Instruction>(instruction)();
+        return true;
+    } catch (const Defaillance& d) {
+        signale_defaillance(procedure, d.numero);
+    } catch (const std::bad_alloc&) {
+        signale_defaillance(procedure, kMemoire);
+    } catch (...) {
+        // The standard library's own limits (std::length_error) are memory's.
+        signale_defaillance(procedure, kMemoire);
+    }
+    return false;
+}

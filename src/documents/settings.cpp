@@ -1,0 +1,4 @@
+// The instance of the settings table.
+#include "documents/settings.hpp"
+
+Reglages reglages;

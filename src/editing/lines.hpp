@@ -1,0 +1,37 @@
+// Lines and cursor in the text of the port: on which line, in which column, what does the line say.
+// Positions count from 1, SelStart from 0 (the characters in front of the cursor); lines and columns
+// count from 1. SurNumero and find move the cursor, the others change nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+std::size_t Debutligne();                            // line feed that ends the previous line, or 1
+std::size_t FinLigne();                              // next carriage return, or length + 1
+std::size_t WhereX();                                // column of the cursor
+std::string extraitLigne(std::size_t position);      // text of the line that holds the position
+std::int16_t NumeroTxt(std::size_t position);        // its line number; failure 6 beyond 32,767
+
+// Extent of a line in bytes from 0, its line end not included; that of line 1 when the line doesn't
+// exist.
+struct Etendue {
+    std::size_t debut;
+    std::size_t fin;
+};
+Etendue etendue_ligne(std::int32_t numero);
+
+// Puts the cursor on the line: between the line end's two characters in front of it, which all the
+// procedures here take for the line itself. Line 1 and a line that doesn't exist leave the cursor.
+void SurNumero(std::int32_t numero);
+
+// Reads the line at `position` of `texte` and moves `position` behind its line end. `fin` is true on
+// the last line only; a text that closes with a line end has one more, empty, last line. `trouve` is
+// false past the end.
+void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
+               bool& trouve);
+
+// Looks for `chaine` (in capitals) from `debut` on, whatever the case; puts the cursor one character
+// inside the match. -1 when there is none: the cursor stays.
+std::ptrdiff_t find(std::string_view chaine, std::size_t debut);

@@ -1,0 +1,63 @@
+// The calculation context: everything that the expression engine reads and writes. One instance,
+// `moteur`, and the number modes, `modes`. Evaluation, sheet pass, matrices and statistics change it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <numbers>
+#include <random>
+#include <string>
+#include <string_view>
+
+struct Moteur {
+    std::string p_formule;               // formula being read, Windows-1252 capitals; set by the caller
+    std::int16_t p_position = 1;         // next character of p_formule not yet read, from 1
+    bool lecture_finie = false;          // the cursor would pass 32,767: nothing more is read
+    std::string_view l_separateurs;      // separator characters, set by each evaluation
+    std::string l_symbole;               // current symbol: the one symbol of lookahead
+    std::int16_t type_f = 0;             // function last recognised, 1 to 41, set by test_fonction
+    std::int16_t l_var = 0;              // variable last read, 1 to 26; 0 for none
+    char l_matrice = ' ';                // letter of the matrix last read, or a blank
+    double l_valeur = 0;                 // value of the last constant, variable or factor
+    double l_valeur_expression = 0;      // result registers, one a grammar level
+    double l_sauve_expression = 0;       // the one save cell of Compile_un_argument
+    double l_valeur_facteur = 0;
+    double l_valeur_not = 0;
+    double l_valeur_exposant = 0;
+    double l_valeur_terme = 0;
+    double l_valeur_egalite = 0;
+    double l_argument1 = 0;              // argument registers of functions of several arguments,
+    double l_argument2 = 0;              // shared and not saved by nested calls
+    double l_argument3 = 0;
+    bool erreur_formule = false;         // an error or a failure marked this evaluation
+    std::string l_texte_erreur;          // last error told in words, Windows-1252; "" for none
+    bool muet_erreur = false;            // errors take effect without a word (tabulation, area)
+    bool definition_fonction_active = false;   // a user function's text is being scanned
+    std::int16_t fonction_active = 0;    // variable of the user function, 1 to 26; 0 for none
+    std::string nom_fonction;            // text of the user function, capitals; "" for none
+
+    std::array<double, 27> valeur_variable{};    // 1 to 26 for A to Z; slot 0 is written, never read
+    std::array<bool, 27> variable_definie{};     // has a value in this pass, same index
+    std::array<bool, 11> matrice_definie{};      // 1 to 10 for MA to MJ
+
+    bool flag_travail = false;           // matrice_travail holds an operand of this formula
+    bool flag_travail2 = false;          // matrice_travail2 does
+
+    double pi_valeur = std::numbers::pi; // four times the arc tangent of 1
+    std::mt19937_64 generateur;          // uniform random generator, seeded once at start-up
+};
+extern Moteur moteur;
+
+struct Modes {
+    std::int16_t mode_nombre = 1;        // 1 decimal, 2 hexadecimal
+    std::int16_t mode_affichage = 2;     // 1 Entier, 2 Flottant, 3 Puissance 10
+    std::int16_t nombre_decimal = 2;     // decimals shown, 0 to 100; a negative one counts as 0
+    std::int16_t unite_angle = 1;        // 1 degree, 2 radian, 3 grade
+};
+extern Modes modes;
+
+// Number of a letter: 1 for "A" to 26 for "Z"; other characters give other numbers.
+inline int rang_lettre(char c) { return static_cast<unsigned char>(c) - 'A' + 1; }
+
+// Puts the context and the modes back to their initial values and seeds the random generator.
+void reinitialise_moteur();

@@ -1,0 +1,343 @@
+// The built-in functions. compile_f reads a call in the fixed protocol of brackets and commas and
+// computes it; angles follow `modes`. Changes the registers of `moteur`.
+#include "engine/functions.hpp"
+
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+#include "base/number.hpp"
+#include "engine/context.hpp"
+#include "engine/grammar.hpp"
+#include "engine/progressions.hpp"
+#include "engine/reader.hpp"
+#include "matrix/inverse.hpp"
+#include "sheet/rendering.hpp"
+#include "stats/computation.hpp"
+#include "stats/sorted.hpp"
+#include "userfunc/call.hpp"
+
+namespace {
+
+constexpr Procedure kConvAR{" sur conv_a_r"_fr, true};
+constexpr Procedure kConvRA{" sur conv_r_a"_fr, true};
+constexpr Procedure kFactoriel{" sur factoriel"_fr, true};
+constexpr Procedure kCIntx{" sur c_intx"_fr, true};
+constexpr Procedure kIntx{" sur intx"_fr, true};
+constexpr Procedure kFrac_{" sur frac"_fr, true};
+
+// How a call ends: with its closing bracket, or at once.
+enum class Fin { cloture, immediate };
+
+// One statement that gives the call its result.
+template <class Calcul>
+void pose(double& resultat, double x, Calcul&& calcul) {
+    Tente(kCompileF, [&] { range(resultat, calcul(), x); });
+}
+
+// The same for a function of an angle, converted on the way.
+template <class Calcul>
+void pose_angle(double& resultat, double x, Calcul&& calcul) {
+    Tente(kCompileF, [&] {
+        const double a = conv_a_r(x);
+        range(resultat, calcul(a), a);
+    });
+}
+
+// Reads "," and one more argument into `registre`. Answers false when the comma is missing: the call
+// ends at once.
+bool lis_argument(double& registre) {
+    if (moteur.l_symbole != ",") {
+        affiche_erreur_formule("Manque une ,"_fr);
+        return false;
+    }
+    const std::int16_t garde = moteur.type_f;
+    lis_symbole();
+    registre = Compile_un_argument();
+    moteur.type_f = garde;
+    return true;
+}
+
+// Reads the second argument, and the third for functions of three; the first one is in l_valeur.
+bool lis_arguments(int nombre) {
+    moteur.l_argument1 = moteur.l_valeur;
+    return lis_argument(moteur.l_argument2) && (nombre < 3 || lis_argument(moteur.l_argument3));
+}
+
+// SH, CH and TH convert their argument by the angle unit, each time that it is written; ASH, ACH and
+// ATH are the same without conversion, and no inverse functions, whatever their names say.
+void hyperbolique(int fonction, double x, double& resultat) {
+    const bool convertie = fonction <= kTh;
+    const auto arg = [&](double a) { return convertie ? conv_a_r(a) : a; };
+    Tente(kCompileF, [&] {
+        const double a = arg(x), b = arg(-x);
+        if (fonction == kSh || fonction == kAsh) {
+            range(resultat, (std::exp(a) - std::exp(b)) / 2, a, b);
+        } else if (fonction == kCh || fonction == kAch) {
+            range(resultat, (std::exp(a) + std::exp(b)) / 2, a, b);
+        } else {
+            const double c = arg(x), d = arg(-x);
+            range(resultat, (std::exp(a) - std::exp(b)) / (std::exp(c) + std::exp(d)), a, b, c, d);
+        }
+    });
+}
+
+// Arc cosine through the arc tangent, from -1 to 1.
+void arc_cosinus(double x, double& resultat) {
+    if (x == 0) {
+        resultat = conv_r_a(moteur.pi_valeur / 2);
+    } else if (x == 1) {
+        resultat = 0;
+    } else {
+        double t = 0;
+        Tente(kCompileF, [&] { range(t, std::atan(std::sqrt(1 - carre(x)) / x), x); });
+        resultat = conv_r_a(t > 0 ? t : t + moteur.pi_valeur);
+    }
+}
+
+void arc_sinus(double x, double& resultat) {
+    if (std::fabs(x) == 1)
+        pose(resultat, x, [&] { return conv_r_a(x * moteur.pi_valeur / 2); });
+    else
+        pose(resultat, x, [&] { return conv_r_a(std::atan(x / std::sqrt(1 - carre(x)))); });
+}
+
+// Refuses an argument of ACOS or ASIN outside -1 to 1.
+bool refuse_hors_unite(double x) {
+    if (std::fabs(x) <= 1) return false;
+    affiche_erreur_formule("Argument incorrect"_fr);
+    return true;
+}
+
+void trigonometrique(int fonction, double x, double& resultat) {
+    switch (fonction) {
+        case kCos: pose_angle(resultat, x, [](double a) { return std::cos(a); }); break;
+        case kSin: pose_angle(resultat, x, [](double a) { return std::sin(a); }); break;
+        case kTan:
+            // Only the exact quarter turn is refused: 270 degrees are not.
+            if (std::fabs(conv_a_r(x)) == moteur.pi_valeur / 2)
+                affiche_erreur_formule("Argument incorrect"_fr);
+            else
+                pose_angle(resultat, x, [](double a) { return std::tan(a); });
+            break;
+        case kAcos:
+            if (!refuse_hors_unite(x)) arc_cosinus(x, resultat);
+            break;
+        case kAsin:
+            if (!refuse_hors_unite(x)) arc_sinus(x, resultat);
+            break;
+        default: pose(resultat, x, [&] { return conv_r_a(std::atan(x)); });
+    }
+}
+
+void logarithmique(int fonction, double x, double& resultat) {
+    if (x <= 0)
+        affiche_erreur_formule("argument negatif ou nul"_fr);
+    else if (fonction == kLn)
+        pose(resultat, x, [&] { return std::log(x); });
+    else
+        pose(resultat, x, [&] { return std::log(x) / std::log(10.0); });
+}
+
+double racine_cubique(double x) {
+    if (x == 0) return 0;
+    return x > 0 ? std::exp(std::log(x) / 3) : -std::exp(std::log(-x) / 3);
+}
+
+// SQRT and FACT end at once when they refuse a negative argument; FACT says nothing.
+Fin factorielle(double x, double& resultat) {
+    if (x < 0) return Fin::immediate;
+    Tente(kCompileF, [&] { resultat = factoriel(vers_16_tronque(x)); });
+    return Fin::cloture;
+}
+
+Fin racine(double x, double& resultat) {
+    if (x < 0) {
+        affiche_erreur_formule("argument négatif"_fr);
+        return Fin::immediate;
+    }
+    pose(resultat, x, [&] { return std::sqrt(x); });
+    return Fin::cloture;
+}
+
+void monnaie(int fonction, double x, double& resultat) {
+    resultat = x;
+    if (fonction == kFrancEuro)
+        r_franc_euro(resultat);
+    else
+        Tente(kCompileF, [&] { r_euro_franc(resultat); });
+}
+
+// Product of the integers from n-p+1 to n.
+void arrangements(double n, double p, double& resultat) {
+    std::int16_t debut = 0, fin = 0;
+    Tente(kCompileF, [&] { debut = vers_16_arrondi(n - p + 1); });
+    Tente(kCompileF, [&] { fin = vers_16_arrondi(n); });
+    resultat = 1;
+    for (int i = debut; i <= fin; ++i)
+        Tente(kCompileF, [&] { range(resultat, resultat * i, resultat); });
+}
+
+void combinaisons(double n, double p, double& resultat) {
+    Tente(kCompileF, [&] {
+        const double fact_p = factoriel(vers_16_tronque(p));
+        const double fact_n = factoriel(vers_16_tronque(n));
+        const double fact_np = factoriel(vers_16_tronque(n - p));
+        range(resultat, fact_n / fact_p / fact_np, fact_n, fact_p, fact_np);
+    });
+}
+
+// ANP and CNP. With n below p the error has no words and the call ends at once.
+Fin denombrement(int fonction, double& resultat) {
+    const double n = moteur.l_argument1, p = moteur.l_argument2;
+    if (n < p) {
+        moteur.erreur_formule = true;
+        return Fin::immediate;
+    }
+    if (fonction == kAnp)
+        arrangements(n, p, resultat);
+    else
+        combinaisons(n, p, resultat);
+    return Fin::cloture;
+}
+
+// FON. Without a definition the call ends where the report stands.
+Fin fonction_utilisateur(double x, double& resultat) {
+    const bool connue = !moteur.nom_fonction.empty();
+    fon(x, resultat);
+    return connue ? Fin::cloture : Fin::immediate;
+}
+
+Fin plusieurs_arguments(int fonction, double& resultat) {
+    const bool deux = fonction == kAnp || fonction == kCnp || fonction == kResXY;
+    if (!lis_arguments(deux ? 2 : 3)) return Fin::immediate;
+    switch (fonction) {
+        case kAnp:
+        case kCnp: return denombrement(fonction, resultat);
+        case kResXY: resultat = ResXy(moteur.l_argument1, moteur.l_argument2); break;
+        case kAir:
+        case kInc: break;   // the sheet does the work of these lines; the value is 0
+        default: progression(fonction, resultat);
+    }
+    return Fin::cloture;
+}
+
+// The value of function `fonction` on its first argument.
+Fin calcule(int fonction, double& resultat) {
+    const double x = moteur.l_valeur;
+    switch (fonction) {
+        case kCos: case kSin: case kTan: case kAcos: case kAsin: case kAtan:
+            trigonometrique(fonction, x, resultat);
+            break;
+        case kSh: case kCh: case kTh: case kAth: case kAsh: case kAch:
+            hyperbolique(fonction, x, resultat);
+            break;
+        case kLn: case kLog: logarithmique(fonction, x, resultat); break;
+        case kAbs: resultat = std::fabs(x); break;
+        case kExp: pose(resultat, x, [&] { return std::exp(x); }); break;
+        case kInt: resultat = intx(x); break;
+        case kFact: return factorielle(x, resultat);
+        case kFrac: resultat = frac(x); break;
+        case kSqr: resultat = carre(x); break;
+        case kSqrt: return racine(x, resultat);
+        case kSqr3: pose(resultat, x, [&] { return racine_cubique(x); }); break;
+        case kFrancEuro: case kEuroFranc: monnaie(fonction, x, resultat); break;
+        case kInvMat: InversionMatrice(); break;   // its result is the work matrix
+        case kDetMat: Determinantmatrice(resultat); break;
+        case kFon: return fonction_utilisateur(x, resultat);
+        case kStatX: compile_statx(resultat); return Fin::immediate;
+        case kStatXY: compile_statxy(resultat); return Fin::immediate;
+        default: return plusieurs_arguments(fonction, resultat);
+    }
+    return Fin::cloture;
+}
+
+// PI, ALEA and TRISTATX take no brackets.
+double sans_argument(int fonction) {
+    double resultat = 0;
+    if (fonction == kPi)
+        resultat = moteur.pi_valeur;
+    else if (fonction == kAlea)
+        resultat = static_cast<double>(moteur.generateur() >> 11) * 0x1p-53;
+    else
+        TriStatX();
+    lis_symbole();
+    return resultat;
+}
+
+}  // namespace
+
+double compile_f() noexcept {
+    const std::int16_t fonction = moteur.type_f;
+    if (fonction == kPi || fonction == kAlea || fonction == kTriStatX)
+        return sans_argument(fonction);
+    lis_symbole();
+    if (moteur.l_symbole != "(") {
+        affiche_erreur_formule("Manque une ("_fr);
+        return 0;
+    }
+    lis_symbole();
+    moteur.l_valeur = Compile_un_argument();
+    moteur.type_f = fonction;
+    double resultat = 0;
+    if (calcule(fonction, resultat) == Fin::immediate) return resultat;
+    if (moteur.l_symbole == ")")
+        lis_symbole();
+    else
+        affiche_erreur_formule("manque )"_fr);
+    return resultat;
+}
+
+double conv_a_r(double x) noexcept {
+    if (modes.unite_angle == 2) return x;
+    double resultat = 0;
+    const double demi_tour = modes.unite_angle == 1 ? 180 : 200;
+    Tente(kConvAR, [&] { range(resultat, x * moteur.pi_valeur / demi_tour, x); });
+    return resultat;
+}
+
+double conv_r_a(double x) noexcept {
+    if (modes.unite_angle == 2) return x;
+    double resultat = 0;
+    const double demi_tour = modes.unite_angle == 1 ? 180 : 200;
+    Tente(kConvRA, [&] { range(resultat, x * demi_tour / moteur.pi_valeur, x); });
+    return resultat;
+}
+
+double logarithme(double x) {
+    if (x <= 0) echoue(kHorsDomaine);
+    return std::log(x);
+}
+
+double factoriel(std::int16_t n) noexcept {
+    double resultat = 1;
+    for (int i = 2; i <= n; ++i)
+        Tente(kFactoriel, [&] { range(resultat, resultat * i, resultat); });
+    return resultat;
+}
+
+std::string c_intx(double x) noexcept {
+    std::string texte;
+    Tente(kCIntx, [&] { texte = FormatNombre(x); });
+    const std::size_t point = texte.find('.');
+    if (point != std::string::npos) Tente(kCIntx, [&] { texte.resize(point); });
+    if (point == 0) Tente(kCIntx, [&] { texte = "0"; });
+    return texte;
+}
+
+double intx(double x) noexcept {
+    double resultat = 0;
+    Tente(kIntx, [&] { resultat = prefixe_numerique(c_intx(x)); });
+    return resultat;
+}
+
+double frac(double x) noexcept {
+    double resultat = 0;
+    Tente(kFrac_, [&] {
+        const std::string texte = texte_general(x);
+        const std::size_t point = texte.find('.');
+        if (point != std::string::npos)
+            resultat = prefixe_numerique("0." + texte.substr(point + 1));
+    });
+    return resultat;
+}

@@ -1,0 +1,350 @@
+// The grammar of a formula. Computes while it reads: each procedure leaves the value of its part in
+// its register of `moteur`, stores variables, and runs the matrix operations on the work matrices.
+#include "engine/grammar.hpp"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "base/number.hpp"
+#include "engine/context.hpp"
+#include "engine/functions.hpp"
+#include "engine/identifiers.hpp"
+#include "engine/reader.hpp"
+#include "matrix/arithmetic.hpp"
+#include "matrix/store.hpp"
+#include "platform/platform.hpp"
+
+namespace {
+
+constexpr Procedure kEvalueFormule{" sur evalue_formule"_fr, true, true};
+constexpr Procedure kCompileEgalite{" sur compile_egalite"_fr, true};
+constexpr Procedure kCompileExpression{" sur compile_expression"_fr, true};
+constexpr Procedure kCompileTerme{" sur compile_terme"_fr, true};
+constexpr Procedure kCompileExposant{" sur compile_exposant"_fr, true};
+constexpr Procedure kCompileNot{" sur compile_not"_fr, true};
+constexpr Procedure kCompileFacteur{" sur compile_facteur"_fr, true};
+constexpr Procedure kCompileUnArgument{" sur Compile_un_argument"_fr, true};
+constexpr Procedure kCarre{" sur carré"_fr, true};
+constexpr Procedure kOdd{" sur odd"_fr, true};
+
+// First character of the current symbol; 0 for an empty one.
+char premier() { return moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front(); }
+
+bool symbole_est(std::string_view mot) { return moteur.l_symbole == mot; }
+
+// The identifier read last was a matrix.
+bool contexte_matrice() { return moteur.l_matrice != ' ' && moteur.l_var == 0; }
+
+// The number-times-matrix case: one operand is a matrix, or both are and the formula goes on.
+bool produit_par_nombre() {
+    return moteur.flag_travail && (!moteur.flag_travail2 || !symbole_est("@"));
+}
+
+// Kept around a side of an assignment, so that the target is the formula's first symbol.
+struct Cible {
+    std::int16_t l_var = moteur.l_var;
+    char l_matrice = moteur.l_matrice;
+    void remet() const {
+        moteur.l_var = l_var;
+        moteur.l_matrice = l_matrice;
+    }
+};
+
+// Stores the right-hand side in the variable read first; slot 0 takes what no name reaches. Answers
+// false when the place is neither a variable's nor a matrix's.
+bool range_nombre() {
+    if (moteur.l_matrice != ' ' && moteur.l_var >= 1) {
+        std::string texte("matrice M"_fr);
+        texte += moteur.l_matrice;
+        affiche_erreur_formule(texte.append(" non rangée"_fr));
+        return false;
+    }
+    const auto rang = static_cast<std::size_t>(moteur.l_var);
+    moteur.valeur_variable[rang] = moteur.l_valeur_expression;
+    moteur.variable_definie[rang] = true;
+    return true;
+}
+
+// Stores the work matrix in the matrix read first. The letter is marked as defined also when the
+// copy was refused: it is the letter that the copy was asked for.
+void range_matrice() {
+    const char lettre = moteur.l_matrice;
+    CopieTravailVersMatrice(lettre);
+    moteur.matrice_definie[static_cast<std::size_t>(rang_lettre(lettre))] = true;
+}
+
+// Adds or subtracts the term just read, as number or as matrix. Answers false when the expression
+// ends at once. The matrix test looks at the identifier read last, whatever stands between.
+bool ajoute_terme(char operateur) {
+    if (contexte_matrice()) {
+        if (moteur.flag_travail && moteur.flag_travail2) {
+            operateur == '+' ? additionMatrice() : SoustractionMatrice();
+            moteur.flag_travail2 = false;
+            return true;
+        }
+        affiche_erreur_formule(operateur == '+' ? "addition uniquement entre matrice"_fr
+                                                : "Soustraction uniquement entre matrice"_fr);
+        return false;
+    }
+    double& somme = moteur.l_valeur_expression;
+    const double terme = moteur.l_valeur_terme;
+    Tente(kCompileExpression, [&] {
+        range(somme, operateur == '+' ? somme + terme : somme - terme, somme, terme);
+    });
+    return true;
+}
+
+// "%" right behind the right operand: a percentage of the sum so far.
+void applique_pourcentage(char operateur) {
+    lis_symbole();
+    double& somme = moteur.l_valeur_expression;
+    const double terme = moteur.l_valeur_terme;
+    if (operateur == '+') {
+        Tente(kCompileExpression, [&] { range(somme, somme * (terme / 100 + 1), somme, terme); });
+    } else if (operateur == '-') {
+        Tente(kCompileExpression, [&] { range(somme, somme * (1 - terme / 100), somme, terme); });
+    } else {
+        affiche_erreur_formule("Pourcentage que sur + et -"_fr);
+    }
+}
+
+// OR and XOR on 32-bit integers.
+void combine_bits(char operateur) {
+    Tente(kCompileExpression, [&] {
+        const std::int32_t gauche = vers_32_tronque(moteur.l_valeur_expression);
+        const std::int32_t droite = vers_32_tronque(moteur.l_valeur_terme);
+        moteur.l_valeur_expression = operateur == 'X' ? gauche ^ droite : gauche | droite;
+    });
+}
+
+// The sign in front of an expression, then its first term.
+void lis_premier_terme() {
+    const char signe = premier();
+    if (signe == '+' || signe == '-' || signe == '!') {
+        lis_symbole();
+        compile_terme();
+        Tente(kCompileExpression, [&] {
+            moteur.l_valeur_expression = signe == '!'   ? ~vers_32_tronque(moteur.l_valeur_terme)
+                                         : signe == '-' ? -moteur.l_valeur_terme
+                                                        : moteur.l_valeur_terme;
+        });
+    } else {
+        compile_terme();
+        moteur.l_valeur_expression = moteur.l_valeur_terme;
+    }
+}
+
+// "*" between numbers, between a number and a matrix, and, at the very end of the formula, between
+// two matrices. A matrix operand has the value 0, so the number is the side that is not 0.
+void multiplie(double& l_terme) {
+    const double exposant = moteur.l_valeur_exposant;
+    if (produit_par_nombre()) {
+        double nombre = l_terme != 0 ? l_terme : exposant;
+        MultiplicationNombreMatrice(nombre);
+    } else if (moteur.flag_travail && moteur.flag_travail2) {
+        MultiplicationMatrice();
+        moteur.flag_travail2 = false;
+    } else {
+        Tente(kCompileTerme, [&] { range(l_terme, l_terme * exposant, l_terme, exposant); });
+    }
+}
+
+void divise(double& l_terme) {
+    const double diviseur = moteur.l_valeur_exposant;
+    if (diviseur == 0)
+        affiche_erreur_formule("division par 0"_fr);
+    else
+        Tente(kCompileTerme, [&] { range(l_terme, l_terme / diviseur, l_terme, diviseur); });
+}
+
+// p to the power e, always through the logarithm and the exponential. A failure makes p 0.
+void eleve(double& p, double e) {
+    if (p == 0) {
+        // 0 stays 0 whatever the exponent; only the exact inverse is an error.
+        if (e == -1) affiche_erreur_formule("division par 0"_fr);
+        return;
+    }
+    if (p < 0 && e != std::trunc(e)) {
+        affiche_erreur_formule(
+            "Erreur de puissance : a^b avec a négatif et b non entier"_fr);
+        return;
+    }
+    const bool negatif = p < 0;
+    if (!Tente(kCompileExposant, [&] { range(p, std::exp(std::log(std::fabs(p)) * e), p, e); }))
+        p = 0;
+    if (!negatif) return;
+    if (!Tente(kCompileExposant, [&] {
+            if (odd(vers_32_tronque(e))) p = -p;
+        }))
+        p = 0;
+}
+
+// True when the symbol starts what the reader has already valued: a number, a variable, a matrix.
+bool debut_operande(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || c == '$' || c == '#' ||
+           c == "œ"_fr[0];
+}
+
+void refuse_symbole() {
+    std::string texte("attend fact: k, var, (: '"_fr);
+    affiche_erreur_formule(texte += moteur.l_symbole);   // the quote stays open
+}
+
+// "(" expression ")", the running sum outside kept in a local.
+void lis_parenthese() {
+    const double garde = moteur.l_valeur_expression;
+    lis_symbole();
+    Tente(kCompileFacteur, [] {
+        if (!reste_pile()) echoue(kPile);
+        compile_expression();
+    });
+    moteur.l_valeur = moteur.l_valeur_expression;
+    moteur.l_valeur_expression = garde;
+    if (symbole_est(")"))
+        lis_symbole();
+    else
+        affiche_erreur_formule("manque )"_fr);
+}
+
+}  // namespace
+
+double evalue_formule() noexcept {
+    moteur.l_separateurs = " +-*/^(),@=%";
+    moteur.p_position = 1;
+    moteur.lecture_finie = false;
+    moteur.erreur_formule = false;
+    moteur.l_texte_erreur.clear();
+    moteur.l_var = 0;
+    moteur.l_matrice = ' ';
+    moteur.flag_travail = false;
+    moteur.flag_travail2 = false;
+    if (!Tente(kEvalueFormule, [] { moteur.p_formule += '@'; })) return 0;
+    lis_symbole();
+    compile_egalite();
+    return moteur.l_valeur_egalite;
+}
+
+void compile_egalite() noexcept {
+    const Cible cible;
+    compile_expression();
+    cible.remet();
+    if (premier() == '=') {
+        lis_symbole();
+        cible.remet();
+        compile_expression();
+        cible.remet();
+        if (moteur.l_matrice == ' ' || moteur.l_var != 0) {
+            if (!range_nombre()) return;
+        } else {
+            range_matrice();
+        }
+    }
+    moteur.l_valeur_egalite = moteur.l_valeur_expression;
+}
+
+void compile_expression() noexcept {
+    lis_premier_terme();
+    for (;;) {
+        const char operateur = premier();
+        if (operateur != '+' && operateur != '-' && !symbole_est("OR") && !symbole_est("XOR")) return;
+        lis_symbole();
+        compile_terme();
+        if (symbole_est("%"))
+            applique_pourcentage(operateur);
+        else if (operateur != '+' && operateur != '-')
+            combine_bits(operateur);
+        else if (!ajoute_terme(operateur))
+            return;
+    }
+}
+
+void compile_terme() noexcept {
+    compile_exposant();
+    double l_terme = moteur.l_valeur_exposant;
+    for (;;) {
+        const char operateur = premier();
+        if (operateur != '*' && operateur != '/' && !symbole_est("AND")) break;
+        lis_symbole();
+        compile_exposant();
+        if (operateur == '*')
+            multiplie(l_terme);
+        else if (operateur == '/')
+            divise(l_terme);
+        else
+            Tente(kCompileTerme, [&] {
+                l_terme = vers_32_tronque(l_terme) & vers_32_tronque(moteur.l_valeur_exposant);
+            });
+    }
+    moteur.l_valeur_terme = l_terme;
+}
+
+void compile_exposant() noexcept {
+    compile_not();
+    double p = moteur.l_valeur_not;
+    while (premier() == '^') {
+        lis_symbole();
+        compile_not();
+        double e = moteur.l_valeur_not;
+        if (moteur.flag_travail && !moteur.flag_travail2) {
+            PuissanceMatrice(e);
+        } else if (moteur.flag_travail2) {
+            affiche_erreur_formule("une seule matrice en puissance"_fr);
+            return;
+        } else {
+            eleve(p, e);
+        }
+    }
+    moteur.l_valeur_exposant = p;
+}
+
+void compile_not() noexcept {
+    if (!symbole_est("NOT")) {
+        compile_facteur();
+        moteur.l_valeur_not = moteur.l_valeur_facteur;
+        return;
+    }
+    lis_symbole();
+    compile_facteur();
+    Tente(kCompileNot, [] { moteur.l_valeur_not = ~vers_32_tronque(moteur.l_valeur_facteur); });
+}
+
+void compile_facteur() noexcept {
+    if (test_fonction())
+        moteur.l_valeur = compile_f();
+    else if (debut_operande(premier()))
+        // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins, on purpose.
+        lis_symbole();
+    else if (symbole_est("("))
+        lis_parenthese();
+    else
+        Tente(kCompileFacteur, [] { refuse_symbole(); });
+    moteur.l_valeur_facteur = moteur.l_valeur;
+}
+
+double Compile_un_argument() noexcept {
+    // One cell and no stack: a call inside an argument loses the sum outside, on purpose.
+    moteur.l_sauve_expression = moteur.l_valeur_expression;
+    Tente(kCompileUnArgument, [] {
+        if (!reste_pile()) echoue(kPile);
+        compile_expression();
+    });
+    const double resultat = moteur.l_valeur_expression;
+    moteur.l_valeur_expression = moteur.l_sauve_expression;
+    return resultat;
+}
+
+double carre(double x) noexcept {
+    double resultat = 0;
+    Tente(kCarre, [&] { range(resultat, x * x, x); });
+    return resultat;
+}
+
+bool odd(std::int32_t n) noexcept {
+    bool resultat = false;
+    Tente(kOdd, [&] { resultat = n / 2 * 2 != n; });
+    return resultat;
+}

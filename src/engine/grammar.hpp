@@ -1,0 +1,22 @@
+// The grammar of a formula: each procedure reads its part and leaves the value in its register of
+// `moteur`. On entry l_symbole holds the first symbol of the part, on return the first one behind it.
+#pragma once
+
+#include <cstdint>
+
+// Evaluates p_formule (to which it appends the end mark "@") and gives its value, which means
+// nothing when erreur_formule is set afterwards.
+double evalue_formule() noexcept;
+
+void compile_egalite() noexcept;      // [expression =] expression
+void compile_expression() noexcept;   // sign, + - OR XOR %
+void compile_terme() noexcept;        // * / AND
+void compile_exposant() noexcept;     // ^
+void compile_not() noexcept;          // NOT
+void compile_facteur() noexcept;      // function, number, variable, matrix, bracket
+
+// One function argument, read with the running sum kept in the one save cell.
+double Compile_un_argument() noexcept;
+
+double carre(double x) noexcept;      // x*x
+bool odd(std::int32_t n) noexcept;    // true when n is odd

@@ -1,0 +1,193 @@
+// The symbol reader. Reads p_formule; changes p_position, l_symbole, type_f, l_valeur and, through
+// the identifiers, the rest of `moteur`. Reports the formula's errors.
+#include "engine/reader.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "base/number.hpp"
+#include "engine/context.hpp"
+#include "engine/identifiers.hpp"
+#include "sheet/rendering.hpp"
+#include "shell/message.hpp"
+
+namespace {
+
+constexpr Procedure kPLisSymbole{" sur p_lis_symbole"_fr, true};
+constexpr Procedure kLisSymbole{" sur lis_symbole"_fr, true};
+
+// Slots 1 to 41. "air" and "inc" are in small letters on purpose: a formula is in capitals, so these
+// two are found only by the letters that a symbol holds.
+constexpr std::array<std::string_view, kNombreFonctions + 1> kNoms = {
+    "",      "PI",     "COS",    "SIN",    "TAN",   "ACOS",   "ASIN",      "ATAN",      "ABS",
+    "EXP",   "LN",     "LOG",    "SH",     "CH",    "TH",     "ATH",       "ASH",       "ACH",
+    "INT",   "FACT",   "FRAC",   "SQR",    "SQRT",  "SQR3",   "SERIEG",    "SERIEA",    "SUITEG",
+    "SUITEA", "STATX", "STATXY", "ANP",    "CNP",   "air",    "inc",       "FRANCEURO", "EUROFRANC",
+    "INVMAT", "DETMAT", "ALEA",  "RESXY",  "TRISTATX", "FON"};
+
+// For each first character, its slots in ascending order, closed by 0: the search by equality looks
+// at these alone.
+constexpr auto kSlotsParLettre = [] {
+    std::array<std::array<signed char, 16>, 256> t{};
+    for (int rang = 1; rang <= kNombreFonctions; ++rang) {
+        auto& slots = t[static_cast<unsigned char>(kNoms[static_cast<std::size_t>(rang)][0])];
+        std::size_t n = 0;
+        while (slots[n] != 0) ++n;
+        slots[n] = static_cast<signed char>(rang);
+    }
+    return t;
+}();
+
+constexpr int kPositionMaxi = std::numeric_limits<std::int16_t>::max();
+
+constexpr std::string_view kSeparateurs = " +-*/^(),@=%";
+constexpr auto kEstSeparateur = [] {
+    std::array<bool, 256> t{};
+    for (const char c : kSeparateurs) t[static_cast<unsigned char>(c)] = true;
+    return t;
+}();
+
+bool est_separateur(char c) { return kEstSeparateur[static_cast<unsigned char>(c)]; }
+
+// Moves the cursor to `position` (from 1). Beyond 32,767 the 16-bit cursor overflows: reading ends.
+void avance(std::size_t position) {
+    if (position > static_cast<std::size_t>(kPositionMaxi)) [[unlikely]] {
+        moteur.lecture_finie = true;
+        echoue(kDepassement);
+    }
+    moteur.p_position = static_cast<std::int16_t>(position);
+}
+
+// Cuts the symbol that starts at or behind p_position into l_symbole; answers the position behind it.
+std::size_t coupe_symbole() {
+    const std::string& formule = moteur.p_formule;
+    const std::size_t borne = std::min<std::size_t>(formule.size(), kPositionMaxi);
+    std::size_t debut = static_cast<std::size_t>(moteur.p_position) - 1;   // from 0
+    while (debut < borne && formule[debut] == ' ') ++debut;
+    std::size_t fin = debut;
+    while (fin < borne && !est_separateur(formule[fin])) ++fin;
+    if (fin == debut) {
+        // The separator is itself the symbol; beyond the end the symbol is empty.
+        moteur.l_symbole.assign(formule, debut, fin < borne ? 1 : 0);
+        ++fin;
+    } else {
+        moteur.l_symbole.assign(formule, debut, fin - debut);
+    }
+    return fin + 1;
+}
+
+// Appends the parts of an exponent cut by the separators "+" and "-" to the number in l_symbole.
+void joint_exposant() {
+    std::string garde = moteur.l_symbole;
+    p_lis_symbole();
+    garde += moteur.l_symbole;
+    if (moteur.l_symbole.starts_with('+') || moteur.l_symbole.starts_with('-')) {
+        p_lis_symbole();
+        garde += moteur.l_symbole;
+    }
+    moteur.l_symbole = std::move(garde);
+}
+
+}  // namespace
+
+std::string_view nom_fonction_interne(int rang) { return kNoms[static_cast<std::size_t>(rang)]; }
+
+void p_lis_symbole() noexcept {
+    if (moteur.lecture_finie) [[unlikely]] {
+        moteur.l_symbole.clear();
+        return;
+    }
+    std::size_t position = 0;
+    if (!Tente(kPLisSymbole, [&] { position = coupe_symbole(); })) return;
+    Tente(kPLisSymbole, [&] { avance(position); });
+}
+
+bool test_fonction() noexcept {
+    const std::string& symbole = moteur.l_symbole;
+    if (symbole.size() < 2) return false;   // no name is shorter
+    for (const signed char rang : kSlotsParLettre[static_cast<unsigned char>(symbole[0])]) {
+        if (rang == 0) break;
+        if (symbole == kNoms[static_cast<std::size_t>(rang)]) {
+            moteur.type_f = rang;
+            return true;
+        }
+    }
+    if (symbole.size() < 3) return false;
+    if (symbole.find("AIR") != std::string::npos) {
+        moteur.type_f = kAir;
+        return true;
+    }
+    if (symbole.find("INC") != std::string::npos) {
+        moteur.type_f = kInc;
+        return true;
+    }
+    return false;
+}
+
+void lis_symbole() noexcept {
+    p_lis_symbole();
+    if (test_fonction()) return;
+    const char premier = moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front();
+    if (premier >= 'A' && premier <= 'Z') {
+        lis_identificateur();
+    } else if (premier == '$' || premier == '#' || premier == "œ"_fr[0]) {
+        lis_constante();
+    } else if (premier >= '0' && premier <= '9') {
+        if (moteur.l_symbole.back() == 'E') Tente(kLisSymbole, [] { joint_exposant(); });
+        lis_constante();
+    }
+}
+
+void lis_constante() noexcept {
+    moteur.l_valeur = 0;
+    const std::string_view symbole = moteur.l_symbole;
+    const char premier = symbole.front();
+    // A literal beyond the floats is told by the number of its failure alone, with its blank.
+    try {
+        if (premier == '$')
+            moteur.l_valeur = valhexa(symbole.substr(1));
+        else if (premier == "œ"_fr[0])
+            affiche_erreur_formule("constante erronee"_fr);
+        else if (premier == '#')
+            moteur.l_valeur = prefixe_numerique(symbole.substr(1));
+        else
+            moteur.l_valeur = prefixe_numerique(symbole);
+    } catch (const Defaillance& d) {
+        affiche_erreur_formule(forme_blanc(d.numero));
+    } catch (...) {
+        affiche_erreur_formule(forme_blanc(kMemoire));
+    }
+}
+
+bool chnenbin(std::string_view texte, double& valeur) {
+    valeur = 0;
+    for (const char c : texte) {
+        if (c != '0' && c != '1') return false;
+        range(valeur, valeur * 2 + (c - '0'), valeur);
+    }
+    return true;
+}
+
+void affiche_erreur_formule(std::string_view texte) noexcept {
+    if (moteur.definition_fonction_active) return;
+    moteur.erreur_formule = true;
+    try {
+        const std::string copie(texte);   // the text may stand in l_symbole, which is about to go
+        moteur.l_symbole = "0";
+        moteur.l_valeur = 0;
+        moteur.l_var = 0;
+        moteur.l_matrice = ' ';
+        if (moteur.muet_erreur) return;
+        moteur.l_texte_erreur = copie;
+        dit(copie);
+    } catch (...) {
+        // Without memory for the words, the flag stands and the sheet calls the line ambiguous.
+        moteur.l_symbole.clear();
+    }
+}

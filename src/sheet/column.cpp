@@ -1,0 +1,64 @@
+// The column total. Runs the pass, then changes the tables of the sheet, the variable Z, the text and
+// the cursor.
+#include "sheet/column.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "engine/context.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+#include "sheet/recalculation.hpp"
+#include "sheet/rendering.hpp"
+#include "sheet/sheet.hpp"
+
+namespace {
+
+// Adds a row for the total behind the last line. A sheet of 32,767 lines has no room for it.
+std::int16_t ajoute_rangee_total() {
+    const std::int16_t derniere = vers_16_tronque(static_cast<double>(feuille.nombre_ligne) + 1);
+    feuille.nombre_ligne = derniere;
+    const auto nombre = static_cast<std::size_t>(derniere);
+    feuille.valeur_ligne.redimensionne(nombre);
+    feuille.formule_ligne.redimensionne(nombre);
+    feuille.resultat_ligne.redimensionne(nombre);
+    return derniere;
+}
+
+// Adds up the lines in their order.
+void additionne_lignes(std::int16_t derniere) {
+    double& total = feuille.valeur_ligne(derniere);
+    for (int i = 1; i < derniere; ++i) {
+        const double valeur = feuille.valeur_ligne(i);
+        range(total, total + valeur, total, valeur);
+    }
+}
+
+}  // namespace
+
+void calcul_colonne() {
+    if (annonce_aide("calcul de toutes les lignes en colonne"_fr)) return;
+    if (port.texte.texte().empty()) return;
+    feuille.calcul_en_colonne = true;
+    recalcul();
+    feuille.calcul_en_colonne = false;
+    if (moteur.erreur_formule || feuille.passe_refusee) return;
+    const std::int16_t derniere = ajoute_rangee_total();
+    additionne_lignes(derniere);
+    moteur.valeur_variable[26] = feuille.valeur_ligne(derniere);
+    moteur.variable_definie[26] = true;
+    affiche_valeur(derniere);
+    std::string texte = port.texte.texte();
+    const std::string& resultat = feuille.resultat_ligne(derniere);
+    texte += "\r\nZ=";
+    if (resultat.size() > 2) texte.append(resultat, 2);
+    const std::size_t fin = texte.size();
+    port.texte.pose_texte(std::move(texte));
+    port.texte.pose_selection(fin, 0);
+    dit(resultat);
+}

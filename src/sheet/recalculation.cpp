@@ -1,0 +1,404 @@
+// The pass over the sheet. Reads each line once, decides what it is, calculates it and appends it,
+// with its result, to the rebuilt text; blocks of results wait until the old ones below are dropped.
+// Changes `feuille`, the context, the definitions, the text of the port and the changed flag.
+#include "sheet/recalculation.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "base/number.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/settings.hpp"
+#include "editing/lines.hpp"
+#include "engine/context.hpp"
+#include "engine/identifiers.hpp"
+#include "matrix/definition.hpp"
+#include "matrix/store.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+#include "sheet/line.hpp"
+#include "sheet/marks.hpp"
+#include "sheet/sheet.hpp"
+#include "stats/data.hpp"
+#include "stats/definition.hpp"
+
+namespace {
+
+constexpr Procedure kRecalcul{" sur recalcul"_fr, false};
+constexpr std::string_view kFinDeLigne = "\r\n";
+
+// What a step answers: the line is finished, or the next step looks at it.
+enum class Suite { continuer, finie };
+
+// The state that goes from line to line.
+struct Passe {
+    std::int16_t numero = 0;             // number of the current line, from 1
+    std::string ligne;                   // the line, trimmed, then cut by effaceEgalite
+    std::string majuscule;               // the line in capitals, before the cut
+    std::string ligne_avant;             // the line before the cut
+    Lettres lettres = 0;                 // letters of majuscule
+    bool fin = false;                    // this is the last line of the sheet
+    std::int16_t ligne_curseur = 1;      // line where the cursor will stand
+    bool texte_complet = true;           // every line has been written to the rebuilt text
+
+    bool attente_fonction = false;       // the line above was an INC or AIR heading
+    std::string commentaire_inc;         // comment of that heading, with its "!"
+    bool bloc_inc = false;               // the table of an INC waits in resultat_bloc
+    bool bloc_stat = false;              // a statistics result waits there
+    bool paire_statxy = false;           // the two lists of a bare STATXY are still to come
+    std::int16_t ligne_statx = 0;        // line of that STATXY
+    std::string premiere_liste;          // the first of the two lists
+    bool bloc_tri = false;               // a sorted data set waits in resultat_bloc
+    bool bloc_matrice = false;           // a matrix in column form waits there
+    bool saut_ancien = false;            // the lines now read are an old block, to be dropped
+
+    bool majuscule_contient(const Marque& marque) const {
+        return (lettres & marque.lettres) == marque.lettres &&
+               majuscule.find(marque.mot) != std::string::npos;
+    }
+};
+
+// Appends to the rebuilt text. A failure keeps the user's old text: see termine.
+void ajoute(Passe& p, std::string_view texte) {
+    if (!Tente(kRecalcul, [&] { feuille.texte_reconstruit += texte; })) p.texte_complet = false;
+}
+
+// The end of a line that is done: the line end follows, unless it is the last.
+Suite ligne_suivante(Passe& p) {
+    if (!p.fin) ajoute(p, kFinDeLigne);
+    return Suite::finie;
+}
+
+void ajoute_resultat(Passe& p, std::int16_t numero) {
+    if (!Tente(kRecalcul,
+               [&] { feuille.texte_reconstruit += feuille.resultat_ligne(numero); }))
+        p.texte_complet = false;
+}
+
+// The waiting block below the last line written.
+void ajoute_bloc(Passe& p) {
+    ajoute(p, kFinDeLigne);
+    ajoute(p, feuille.resultat_bloc);
+}
+
+// A waiting block is written at once where the sheet ends.
+Suite bloc_en_attente(Passe& p) {
+    if (p.fin) ajoute_bloc(p);
+    return Suite::finie;
+}
+
+// The table of an INC waits: the rows of the old one are dropped, any other line ends it.
+Suite attend_table_inc(Passe& p) {
+    if (!p.bloc_inc || !p.saut_ancien) return Suite::continuer;
+    if (p.ligne.starts_with("f(")) return bloc_en_attente(p);
+    ajoute_bloc(p);
+    ajoute(p, kFinDeLigne);
+    p.saut_ancien = p.bloc_inc = false;
+    return Suite::continuer;
+}
+
+// The two lists of a bare STATXY: behind the second one the pairs are calculated.
+Suite prend_liste(Passe& p) {
+    if (p.numero == p.ligne_statx + 1) {
+        Tente(kRecalcul, [&] {
+            p.premiere_liste = p.ligne;
+            feuille.resultat_bloc = p.ligne;
+        });
+        return Suite::finie;
+    }
+    p.paire_statxy = false;
+    Tente(kRecalcul, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
+    rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
+    return bloc_en_attente(p);
+}
+
+// A statistics result waits: an old one below is dropped down to its line with FIN.
+Suite attend_bloc_stat(Passe& p) {
+    if (!p.bloc_stat) return Suite::continuer;
+    if (p.saut_ancien) {
+        if (!p.majuscule_contient(kFin)) return Suite::finie;
+        p.bloc_stat = p.saut_ancien = false;
+        ajoute_bloc(p);
+        return ligne_suivante(p);
+    }
+    if (p.ligne.find("nombre de") != std::string::npos ||
+        p.ligne.find(", X=") != std::string::npos) {
+        p.saut_ancien = true;
+        return Suite::finie;
+    }
+    if (p.paire_statxy) return prend_liste(p);
+    p.bloc_stat = false;
+    ajoute_bloc(p);
+    ajoute(p, kFinDeLigne);
+    return Suite::continuer;
+}
+
+// A block that waits behind `attente` (matrix in column form, sorted data set): the old one is
+// dropped down to its line with FIN when its mark was seen, otherwise the block comes first.
+Suite attend_bloc(Passe& p, bool& attente) {
+    if (!attente) return Suite::continuer;
+    if (p.saut_ancien) {
+        if (!p.majuscule_contient(kFin)) return Suite::finie;
+        attente = p.saut_ancien = false;
+        ajoute_bloc(p);
+        return ligne_suivante(p);
+    }
+    attente = false;
+    ajoute_bloc(p);
+    ajoute(p, kFinDeLigne);
+    return Suite::continuer;
+}
+
+// The lines below a block that waits, or below an old one.
+Suite blocs_en_attente(Passe& p) {
+    if (attend_table_inc(p) == Suite::finie || attend_bloc_stat(p) == Suite::finie ||
+        attend_bloc(p, p.bloc_matrice) == Suite::finie)
+        return Suite::finie;
+    // A sorted line that carries a result has an old block below it.
+    if (p.majuscule_contient(kMotTriStatX) && p.ligne.find('=') != std::string::npos)
+        p.saut_ancien = true;
+    return attend_bloc(p, p.bloc_tri);
+}
+
+// Holds back the heading of a tabulation or an area until its function has been read.
+Suite retient_entete(Passe& p) {
+    const std::size_t limite = std::min(p.ligne.find('!'), p.ligne.size());
+    const auto avant = [&](const Marque& marque) {
+        return p.majuscule_contient(marque) && p.majuscule.find(marque.mot) <= limite;
+    };
+    const bool inc = avant(kMotInc);
+    if (!inc && !avant(kMotAir)) return Suite::continuer;
+    p.attente_fonction = true;
+    p.bloc_inc = inc;
+    Tente(kRecalcul, [&] { p.commentaire_inc = p.ligne.substr(limite); });
+    return Suite::finie;
+}
+
+// The line below a held-back heading is its function: both are written now.
+Suite prend_fonction(Passe& p) {
+    if (!p.attente_fonction) return Suite::continuer;
+    const auto entete = static_cast<std::int16_t>(p.numero - 1);
+    calcul_chaine(entete);
+    if (!Tente(kRecalcul,
+               [&] { feuille.texte_reconstruit += feuille.formule_ligne(entete); }))
+        p.texte_complet = false;
+    ajoute(p, p.commentaire_inc);
+    ajoute_resultat(p, entete);
+    ajoute(p, kFinDeLigne);
+    ajoute(p, p.ligne);
+    p.attente_fonction = false;
+    if (!p.bloc_inc) return ligne_suivante(p);
+    p.saut_ancien = true;
+    return bloc_en_attente(p);
+}
+
+// Opens a matrix or data-set definition on its heading line.
+bool ouvre_definition(Passe& p) {
+    return (p.majuscule_contient(kDefM) && TestMatrice(p.numero)) ||
+           (p.majuscule_contient(kMotStatX) && TestStatX(p.numero));
+}
+
+// A data line of an open STATX block; a comma at its end is dropped.
+Suite ajoute_donnees(Passe& p) {
+    Tente(kRecalcul, [&] {
+        std::string_view donnees = p.ligne;
+        if (donnees.ends_with(',')) donnees.remove_suffix(1);
+        (statistiques.texte_definition_statx += donnees) += '\r';
+    });
+    return ligne_suivante(p);
+}
+
+// The heading line of a data set that was refused carries the words.
+void refuse_donnees(Passe& p) {
+    const std::int16_t entete = statistiques.ligne_definition_statx;
+    Tente(kRecalcul, [&] { feuille.resultat_ligne(entete) = " =" + moteur.l_texte_erreur; });
+    if (!Tente(kRecalcul, [&] {
+            insere_texte_reconstruit(
+                static_cast<std::size_t>(statistiques.position_definition_statx),
+                feuille.resultat_ligne(entete));
+        }))
+        p.texte_complet = false;
+}
+
+// An empty line, a comment or a line with FIN: it ends an open definition and is never calculated.
+Suite ferme_definitions(Passe& p) {
+    if (definition_de_matrice.definition_matrice) FinDefinitionMatrice();
+    if (!statistiques.definition_statx) return ligne_suivante(p);
+    FinDefinitionStatX();
+    if (moteur.erreur_formule) {
+        refuse_donnees(p);
+        return ligne_suivante(p);
+    }
+    p.bloc_stat = true;
+    return bloc_en_attente(p);
+}
+
+// True when the line's result is a matrix that stands in a column below it.
+bool resultat_en_colonne(const Passe& p) {
+    return p.majuscule[0] == 'M' &&
+           TestCarMatrice(std::string_view(p.majuscule).substr(1, 1)) &&
+           (reglages.table_ini(kLigneAffichage).champ1 == 1 ||
+            p.ligne_avant.find("==") != std::string::npos);
+}
+
+// What follows a calculated line: the blocks that it has made wait for the next line.
+Suite retient_blocs(Passe& p) {
+    const bool tri = p.majuscule_contient(kMotTriStatX);
+    if (p.majuscule_contient(kMotStatX) && !tri) {
+        p.bloc_stat = true;
+        p.paire_statxy = p.paire_statxy || (p.majuscule_contient(kMotStatXY) &&
+                                            p.ligne.find('(') == std::string::npos);
+        p.ligne_statx = p.numero;
+        return bloc_en_attente(p);
+    }
+    if (tri) {
+        p.bloc_tri = true;
+        return bloc_en_attente(p);
+    }
+    if (p.ligne.size() < 4 || !resultat_en_colonne(p)) return ligne_suivante(p);
+    p.bloc_matrice = true;
+    if (p.ligne_avant.find("==") != std::string::npos) p.saut_ancien = true;
+    return bloc_en_attente(p);
+}
+
+// Calculates the line and writes its result behind it.
+Suite calcule_ligne(Passe& p) {
+    calcul_chaine(p.numero);
+    ajoute_resultat(p, p.numero);
+    if (moteur.erreur_formule) {
+        p.ligne_curseur = p.numero;
+        return ligne_suivante(p);
+    }
+    return retient_blocs(p);
+}
+
+// Takes the next line of the source: trimmed, numbered, its capitals beside it.
+void prepare_ligne(Passe& p) {
+    ++p.numero;
+    const std::string_view garde = sans_blancs(p.ligne);
+    if (garde.size() != p.ligne.size()) p.ligne = std::string(garde);
+    range_capitales(p.majuscule, p.ligne);
+    p.lettres = lettres_de(p.majuscule);
+}
+
+// The line steps, in their order.
+Suite traite_ligne(Passe& p) {
+    Tente(kRecalcul, [&] { prepare_ligne(p); });
+    if (moteur.erreur_formule) {
+        ajoute(p, p.ligne);   // below a failed line the sheet is only copied
+        return ligne_suivante(p);
+    }
+    if (blocs_en_attente(p) == Suite::finie) return Suite::finie;
+    Tente(kRecalcul, [&] { p.ligne_avant = p.ligne; });
+    bool correct = true;
+    effaceEgalite(p.ligne, p.numero, correct);
+    if (!correct) {
+        ajoute(p, p.ligne);
+        p.ligne_curseur = p.numero;
+        return ligne_suivante(p);
+    }
+    if (retient_entete(p) == Suite::finie || prend_fonction(p) == Suite::finie)
+        return Suite::finie;
+    ajoute(p, p.ligne);
+    bool vide = true;
+    Tente(kRecalcul, [&] {
+        std::string& formule = feuille.formule_ligne(p.numero);
+        const std::string_view garde = sans_blancs(formule);
+        if (garde.size() != formule.size()) formule = std::string(garde);
+        vide = formule.empty();
+    });
+    if (ouvre_definition(p)) return ligne_suivante(p);
+    if (vide || p.majuscule_contient(kFin)) return ferme_definitions(p);
+    if (statistiques.definition_statx) return ajoute_donnees(p);
+    return calcule_ligne(p);
+}
+
+// Everything that a pass begins without.
+void vide_definitions() {
+    moteur.definition_fonction_active = false;
+    moteur.fonction_active = 0;
+    moteur.nom_fonction.clear();
+    definition_de_matrice.definition_matrice = false;
+    statistiques.definition_statx = statistiques.statx_trie = false;
+    statistiques.table_statx.libere();
+    feuille.statx_present = feuille.statxy_present = false;
+    feuille.resultat_bloc.clear();
+}
+
+// Empties a table's rows, or makes it `nombre` rows long, keeping the memory of its rows.
+template <class T>
+void refait(Table<T>& table, std::size_t nombre) {
+    table.redimensionne(nombre);
+    for (T& element : table) {
+        if constexpr (requires { element.clear(); })
+            element.clear();
+        else
+            element = T{};
+    }
+}
+
+// The tables at the size of the sheet. False when the sheet has more lines than can be numbered.
+bool ouvre_tables(const std::string& texte) {
+    const auto lignes = static_cast<double>(std::count(texte.begin(), texte.end(), '\r')) + 1;
+    return Tente(kRecalcul, [&] {
+        const std::int16_t nombre = vers_16_tronque(lignes);
+        feuille.nombre_ligne = nombre;
+        refait(feuille.valeur_ligne, static_cast<std::size_t>(nombre));
+        refait(feuille.formule_ligne, static_cast<std::size_t>(nombre));
+        refait(feuille.resultat_ligne, static_cast<std::size_t>(nombre));
+    });
+}
+
+// Shows the new text, puts the cursor at the end of its line, behind the result, and says that line.
+void termine(const Passe& p) {
+    if (p.texte_complet) port.texte.pose_texte(std::move(feuille.texte_reconstruit));
+    feuille.texte_reconstruit.clear();
+    Tente(kRecalcul,
+          [] { documents.document(documents.document_courant).document_modifie = true; });
+    const Etendue ligne = etendue_ligne(p.ligne_curseur);
+    port.texte.pose_selection(ligne.fin, 0);
+    Tente(kRecalcul, [&] {
+        dit(std::string_view(port.texte.texte()).substr(ligne.debut, ligne.fin - ligne.debut));
+    });
+}
+
+// Reads the sheet from its first line to its last.
+void parcourt(const std::string& texte, Passe& p) {
+    std::size_t position = 1;
+    bool trouve = true;
+    while (trouve) {
+        if (!Tente(kRecalcul, [&] { LireLigne(p.ligne, texte, position, p.fin, trouve); })) {
+            // A line that can't be read ends the pass; the text stays the user's.
+            p.texte_complet = false;
+            return;
+        }
+        if (trouve) traite_ligne(p);
+    }
+}
+
+}  // namespace
+
+void recalcul() noexcept {
+    if (annonce_aide("calcul de la feuille"_fr)) return;
+    feuille.passe_refusee = false;
+    if (port.texte.texte().empty()) return;
+    moteur.erreur_formule = false;
+    razVar();
+    std::string texte;
+    feuille.passe_refusee = !Tente(kRecalcul, [&] { texte = port.texte.texte(); }) ||
+                            !ouvre_tables(texte);
+    if (feuille.passe_refusee) return;
+    Passe p;
+    Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(port.texte.sel_start()); });
+    vide_definitions();
+    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(texte.size() + texte.size() / 2); });
+    parcourt(texte, p);
+    termine(p);
+}

@@ -1,0 +1,29 @@
+// The tables of the sheet under calculation. One instance, `feuille`; the pass rebuilds it, the
+// engine and the blocks write results into it, and it stays readable until the next pass.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "base/table.hpp"
+
+struct Feuille {
+    std::int16_t nombre_ligne = 0;       // lines of the sheet: carriage returns plus one
+    Table<double> valeur_ligne;          // result of each line, 1 to nombre_ligne; 0 for none
+    Table<std::string> formule_ligne;    // what is evaluated: no old result, no comment
+    Table<std::string> resultat_ligne;   // what is written behind the line; begins with " =" or "=="
+    std::string resultat_bloc;           // lines to write below the current line
+    std::int16_t ligne_courante = 0;     // line in calculation, set on entry to calcul_chaine
+    bool statx_present = false;          // a STATX result exists in this pass
+    bool statxy_present = false;         // a STATXY result exists in this pass
+    bool passe_refusee = false;          // the last pass could not number the lines: nothing was done
+    bool calcul_en_colonne = false;      // true only while the column calculation runs the pass
+    // The new text of the sheet, as it grows during a pass. It answers for `txt`: its size is the
+    // length of the text rebuilt so far, and a closing definition inserts at a noted position.
+    std::string texte_reconstruit;
+};
+extern Feuille feuille;
+
+// Inserts `texte` into the rebuilt text at `position` (bytes from 0; at most its length).
+void insere_texte_reconstruit(std::size_t position, const std::string& texte);

@@ -1,0 +1,185 @@
+// Tabulation (INC) and area (AIR) of the function on the line below the heading. Change the tables of
+// the two lines, resultat_bloc, the heading's variable and muet_erreur.
+#include "sheet/tabulation.hpp"
+
+#include <cmath>
+#include <string>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "engine/context.hpp"
+#include "engine/grammar.hpp"
+#include "engine/identifiers.hpp"
+#include "engine/repetition.hpp"
+#include "platform/platform.hpp"
+#include "shell/message.hpp"
+#include "sheet/line.hpp"
+#include "sheet/rendering.hpp"
+#include "sheet/sheet.hpp"
+
+namespace {
+
+void boite(std::string_view texte) { port.boites.boite(texte); }
+
+// Brings the function's line into p_formule. Answers false, with the report that is due, when there
+// is no function of that variable.
+bool ouvre_fonction(std::int16_t numero, int variable) {
+    const auto suivante = static_cast<std::int16_t>(numero + 1);
+    std::string texte = feuille.formule_ligne(suivante);
+    const char lettre = static_cast<char>('A' + variable - 1);
+    if (capitales(texte).find(lettre) == std::string::npos) {
+        std::string mots("fonction de "_fr);
+        mots += lettre;
+        boite(mots.append(" est inconnue sur la ligne suivante"_fr));
+        return false;
+    }
+    bool correct = true;
+    effaceEgalite(texte, suivante, correct);
+    if (!correct) {
+        moteur.erreur_formule = true;
+        return false;
+    }
+    std::string& formule = feuille.formule_ligne(suivante);
+    formule = std::string(sans_blancs(formule));
+    if (formule.empty()) return false;
+    prepare_formule(formule);
+    TestVariable();
+    return true;
+}
+
+// Reads the three arguments of the heading. Answers false when it can't be calculated.
+bool lis_arguments_entete(std::int16_t numero, int variable) {
+    if (variable < 1 || variable > 26) {
+        boite("erreur de syntaxe"_fr);
+        return false;
+    }
+    if (numero == feuille.nombre_ligne) return false;
+    evalue_formule();
+    return !moteur.erreur_formule;
+}
+
+// Neither line has a result of its own.
+void vide_resultats(std::int16_t numero) {
+    for (int i = numero; i <= numero + 1; ++i) {
+        feuille.valeur_ligne(i) = 0;
+        feuille.resultat_ligne(i).clear();
+    }
+}
+
+// One row of the table: "f(x) = value", with x in the number mode of the moment too.
+void ajoute_rangee(std::int16_t numero, double x) {
+    const auto suivante = static_cast<std::int16_t>(numero + 1);
+    affiche_valeur(numero);
+    feuille.valeur_ligne(suivante) = x;
+    affiche_valeur(suivante);
+    std::string& bloc = feuille.resultat_bloc;
+    if (!bloc.empty()) bloc += "\r\n";
+    const std::string& texte_x = feuille.resultat_ligne(suivante);
+    if (texte_x.size() > 3) (bloc += "f(").append(texte_x, 3);
+    else bloc += "f(";
+    (bloc += ')') += feuille.resultat_ligne(numero);
+}
+
+// Value of the function where the variable is x. Answers false when it has none there.
+bool evalue_en(Repetition& fonction, double x, double& valeur) {
+    moteur.valeur_variable[static_cast<std::size_t>(fonction.variable)] = x;
+    valeur = fonction.evalue();
+    return !moteur.erreur_formule;
+}
+
+// Probes an end of the interval; the box names it when the function has no value there.
+bool sonde(Repetition& fonction, double x, std::string_view nom) {
+    double valeur = 0;
+    if (evalue_en(fonction, x, valeur)) return true;
+    boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
+    return false;
+}
+
+bool sonde_intervalle(Repetition& fonction, double x1, double x2) {
+    return sonde(fonction, x1, "x1"_fr) && sonde(fonction, x2, "x2"_fr) &&
+           (!(x1 < 0 && x2 > 0) || sonde(fonction, 0, "0"_fr));
+}
+
+// One beep a thousand trapezoids: a sign of life. Answers true when the user gives up waiting.
+bool abandonne(double k) {
+    if (std::fmod(k, 1000) != 0) return false;
+    port.boites.bip();
+    return port.systeme.interrompu();
+}
+
+// Adds up the trapezoids in valeur_ligne of the heading. Each evaluates both its ends. Answers the
+// words of the box when the sum can't be finished, nothing otherwise.
+std::string_view somme_trapezes(Repetition& fonction, std::int16_t numero, double x1, double h,
+                                double nombre) {
+    double& somme = feuille.valeur_ligne(numero);
+    somme = 0;
+    for (double k = 1; k <= nombre; k += 1) {
+        if (abandonne(k)) return "calcul interrompu"_fr;
+        double a = 0, b = 0, x = 0;
+        range(x, (k - 1) * h + x1, h, x1);
+        if (!evalue_en(fonction, x, a)) return "fonction non définie"_fr;
+        range(x, h * k + x1, h, x1);
+        if (!evalue_en(fonction, x, b)) return "fonction non définie"_fr;
+        range(somme, somme + (a + b) / 2 * h, somme, a, b, h);
+    }
+    return {};
+}
+
+}  // namespace
+
+void CalculInc(std::int16_t numero, int variable) {
+    if (!lis_arguments_entete(numero, variable)) return;
+    const std::int16_t nombre = vers_16_arrondi(moteur.l_argument3);
+    if (nombre < 1) {
+        boite("nombre d'incrément < = 0"_fr);
+        return;
+    }
+    double x = moteur.l_argument1;
+    const double pas = moteur.l_argument2;
+    if (!ouvre_fonction(numero, variable)) return;
+    moteur.variable_definie[static_cast<std::size_t>(variable)] = true;
+    feuille.resultat_bloc.clear();
+    moteur.muet_erreur = true;
+    Repetition fonction(variable);
+    bool echec = false;
+    for (int i = 1; i <= nombre && !echec; ++i) {
+        echec = !evalue_en(fonction, x, feuille.valeur_ligne(numero));
+        if (echec) break;
+        ajoute_rangee(numero, x);
+        range(x, x + pas, x, pas);
+    }
+    if (echec) {
+        dit("fonction non définie"_fr);
+        feuille.resultat_bloc.clear();
+    }
+    fonction.termine();
+    moteur.muet_erreur = false;
+    vide_resultats(numero);
+}
+
+void Calculair(std::int16_t numero, int variable) {
+    if (!lis_arguments_entete(numero, variable)) return;
+    const double x1 = moteur.l_argument1, x2 = moteur.l_argument2, nombre = moteur.l_argument3;
+    if (nombre < 1) {
+        boite("nombre de trapèze < = 0"_fr);
+        return;
+    }
+    if (!ouvre_fonction(numero, variable)) return;
+    double h = 0;
+    range(h, (x2 - x1) / nombre, x2, x1, nombre);
+    moteur.variable_definie[static_cast<std::size_t>(variable)] = true;
+    moteur.muet_erreur = true;
+    Repetition fonction(variable);
+    if (sonde_intervalle(fonction, x1, x2)) {
+        const std::string_view mots = somme_trapezes(fonction, numero, x1, h, nombre);
+        fonction.termine();
+        if (mots.empty()) {
+            moteur.muet_erreur = false;
+            affiche_valeur(numero);
+            return;
+        }
+        boite(mots);
+        if (!moteur.erreur_formule) moteur.erreur_formule = true;
+    }
+    moteur.muet_erreur = false;
+}

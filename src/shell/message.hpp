@@ -1,0 +1,19 @@
+// The message line: the program's voice. One instance of state, `ligne_message`; every call to
+// message changes the label, so that the screen reader speaks each time.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+struct LigneMessage {
+    std::string dernier_message;     // text last put into the label
+    std::string LblMessage;          // caption of the label
+};
+extern LigneMessage ligne_message;
+
+// Says a text. It comes back in the form displayed: without blanks at both ends, or, when it repeats
+// the last message, with one blank in front and two behind, so that the label still changes.
+void message(std::string& p_message);
+
+// Says a text that the caller doesn't need back.
+void dit(std::string_view texte);

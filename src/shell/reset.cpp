@@ -1,0 +1,24 @@
+// Every subsystem back at its initial state. Changes them all; the port stays as it was installed.
+#include "shell/reset.hpp"
+
+#include "documents/open_documents.hpp"
+#include "documents/settings.hpp"
+#include "engine/context.hpp"
+#include "matrix/definition.hpp"
+#include "matrix/store.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+#include "sheet/sheet.hpp"
+#include "stats/data.hpp"
+
+void reinitialise_tout() {
+    reinitialise_moteur();
+    feuille = Feuille{};
+    matrices = Matrices{};
+    definition_de_matrice = DefinitionMatrice{};
+    statistiques = Statistiques{};
+    ligne_message = LigneMessage{};
+    reglages = Reglages{};
+    documents = Documents{};
+    aide = Aide{};
+}

@@ -1,0 +1,34 @@
+// The options of voxtab-calc, which the tests of sheets use too. Sets the modes and the settings.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct OptionsCalcul {
+    std::string affichage = "flottant";        // entier, flottant, puissance, hexa
+    int decimales = 2;                         // 0 to 100
+    std::string angle = "degre";               // degre, radian, grade
+    std::string matrice = "ligne";             // ligne, colonne
+    std::string statistiques = "complet";      // complet, restreint
+    bool colonne = false;                      // the column total too
+    bool en_place = false;                     // back into the file
+    std::string codage;                        // "", utf-8, windows-1252
+    std::string feuille;                       // path; "" or "-": standard input
+    std::size_t curseur = 0;                   // tests only: cursor before the pass, bytes from 0
+};
+
+// What reading the command line came to.
+struct LectureOptions {
+    OptionsCalcul options;
+    std::optional<int> statut;                 // the program ends with this status
+    std::string sortie;                        // what it prints then on standard output
+    std::string erreur;                        // or on standard error, one French line
+};
+
+// Reads the words of a command line, the program's name not included.
+LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests = false);
+
+// Sets the number modes and the layouts that the options ask for.
+void applique_options(const OptionsCalcul& options);

@@ -1,0 +1,86 @@
+// A sheet as bytes and as text. Changes no state.
+#include "tools/sheet_file.hpp"
+
+#include <algorithm>
+
+#include "base/codepage.hpp"
+
+namespace {
+
+constexpr std::string_view kMarque = "\xEF\xBB\xBF";
+
+FinsDeLigne premieres_fins(std::string_view texte) {
+    const std::size_t fin = texte.find_first_of("\r\n");
+    if (fin == std::string_view::npos || texte[fin] == '\n') return FinsDeLigne::lf;
+    return fin + 1 < texte.size() && texte[fin + 1] == '\n' ? FinsDeLigne::cr_lf : FinsDeLigne::cr;
+}
+
+// Line ends CR LF, CR or LF become CR LF.
+std::string avec_cr_lf(std::string_view texte) {
+    std::string sortie;
+    sortie.reserve(texte.size() + texte.size() / 16);
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        const char c = texte[i];
+        if (c != '\r' && c != '\n') {
+            sortie += c;
+            continue;
+        }
+        sortie += "\r\n";
+        if (c == '\r' && i + 1 < texte.size() && texte[i + 1] == '\n') ++i;
+    }
+    return sortie;
+}
+
+std::string_view signes(FinsDeLigne fins) {
+    return fins == FinsDeLigne::cr_lf ? "\r\n" : fins == FinsDeLigne::lf ? "\n" : "\r";
+}
+
+}  // namespace
+
+Codage devine_codage(std::string_view octets) {
+    if (octets.starts_with(kMarque)) return Codage::utf8_avec_marque;
+    const bool ascii = std::all_of(octets.begin(), octets.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return !ascii && est_utf8(octets) ? Codage::utf8 : Codage::windows_1252;
+}
+
+std::optional<TexteFeuille> lit_feuille(std::string_view octets, Codage codage,
+                                        RefusFeuille& refus) {
+    TexteFeuille feuille_lue;
+    feuille_lue.codage = codage;
+    std::string texte(octets);
+    if (codage != Codage::windows_1252) {
+        if (octets.starts_with(kMarque)) feuille_lue.codage = Codage::utf8_avec_marque;
+        RefusTexte ou{};
+        std::optional<std::string> converti = depuis_utf8(octets, &ou);
+        if (!converti) {
+            const auto debut = octets.begin();
+            const auto lignes = std::count(debut, debut + static_cast<std::ptrdiff_t>(ou.octet), '\n');
+            refus = {static_cast<std::size_t>(lignes) + 1, ou.caractere};
+            return std::nullopt;
+        }
+        texte = std::move(*converti);
+    }
+    feuille_lue.fins = premieres_fins(texte);
+    feuille_lue.texte = avec_cr_lf(texte);
+    feuille_lue.fin_finale = feuille_lue.texte.ends_with("\r\n");
+    if (feuille_lue.fin_finale) feuille_lue.texte.resize(feuille_lue.texte.size() - 2);
+    return feuille_lue;
+}
+
+std::string ecrit_feuille(std::string_view texte, Codage codage, FinsDeLigne fins,
+                          bool fin_finale) {
+    std::string lignes;
+    std::size_t debut = 0;
+    for (;;) {
+        const std::size_t paire = texte.find("\r\n", debut);
+        lignes += texte.substr(debut, paire - debut);
+        if (paire == std::string_view::npos) break;
+        lignes += signes(fins);
+        debut = paire + 2;
+    }
+    if (fin_finale) lignes += signes(fins);
+    if (codage == Codage::windows_1252) return lignes;
+    return (codage == Codage::utf8_avec_marque ? std::string(kMarque) : std::string()) +
+           vers_utf8(lignes);
+}

@@ -1,0 +1,159 @@
+// The calculation in a terminal: a sheet from a file or standard input, the calculated sheet to
+// standard output or back into the file. Messages and boxes go to standard error, one a line.
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "engine/context.hpp"
+#include "platform/files.hpp"
+#include "platform/memory.hpp"
+#include "platform/platform.hpp"
+#include "platform/stack.hpp"
+#include "shell/commands.hpp"
+#include "shell/reset.hpp"
+#include "sheet/sheet.hpp"
+#include "tools/options.hpp"
+#include "tools/sheet_file.hpp"
+
+namespace {
+
+constexpr int kReussite = 0;
+constexpr int kLigneEnErreur = 1;
+constexpr int kImpossible = 2;
+
+bool boite_vue = false;   // a box was shown: some line has no result
+
+int refuse(const std::string& mots) {
+    std::cerr << "voxtab-calc : " << mots << '\n';
+    return kImpossible;
+}
+
+std::string mots_fichier(int numero) {
+    switch (numero) {
+        case kFichierAbsent: return "fichier introuvable";
+        case kDossierAbsent: return "dossier introuvable";
+        case kDisquePlein: return "disque plein";
+        default: return "accès impossible";
+    }
+}
+
+bool est_dossier(const std::string& chemin) {
+    std::error_code erreur;
+    return std::filesystem::is_directory(chemin, erreur);
+}
+
+// One French line for what a file refused.
+int refuse_fichier(const std::string& chemin, int numero) {
+    return refuse(chemin + " : " + (est_dossier(chemin) ? "c'est un dossier" : mots_fichier(numero)));
+}
+
+// Code of a character as U+ and at least four hexadecimal digits.
+std::string code_unicode(char32_t caractere) {
+    std::string chiffres_hexa;
+    for (; caractere != 0 || chiffres_hexa.size() < 4; caractere /= 16)
+        chiffres_hexa.insert(chiffres_hexa.begin(), "0123456789ABCDEF"[caractere % 16]);
+    return "U+" + chiffres_hexa;
+}
+
+int refuse_texte(const std::string& nom, const RefusFeuille& refus) {
+    const std::string lieu = nom + ", ligne " + std::to_string(refus.ligne) + " : ";
+    if (refus.caractere == 0)
+        return refuse(lieu + "ce n'est pas de l'UTF-8 ; essayez --codage windows-1252");
+    return refuse(lieu + "le caractère " + code_unicode(refus.caractere) +
+                  " n'existe pas dans une feuille");
+}
+
+// Boxes and messages are heard at once.
+void installe_port_terminal() {
+    installe_port_memoire();
+    const auto une_ligne = [](std::string_view texte) {
+        std::cerr << vers_utf8(sans_blancs(texte)) << '\n';
+    };
+    port.message.etiquette = une_ligne;
+    port.boites.boite = [](std::string_view texte) {
+        boite_vue = true;
+        std::cerr << vers_utf8(texte) << '\n';
+    };
+}
+
+// How the bytes are coded: as the option says, or as the file itself shows.
+Codage codage_entree(const OptionsCalcul& options, const std::string& octets, bool fichier) {
+    if (options.codage == "utf-8") return Codage::utf8;
+    if (options.codage == "windows-1252") return Codage::windows_1252;
+    return fichier ? devine_codage(octets) : Codage::utf8;
+}
+
+// Path of the backup: the sheet's name with the extension "bak".
+std::string chemin_sauvegarde(const std::string& chemin) {
+    return std::filesystem::path(chemin).replace_extension(".bak").string();
+}
+
+// Writes the sheet back, its former content kept in the backup.
+int ecrit_en_place(const OptionsCalcul& options, const std::string& anciens,
+                   const std::string& nouveaux) {
+    const std::string copie = chemin_sauvegarde(options.feuille);
+    if (copie != options.feuille)
+        if (const int numero = remplace_fichier(copie, anciens); numero != 0)
+            return refuse_fichier(copie, numero);
+    if (const int numero = remplace_fichier(options.feuille, nouveaux); numero != 0)
+        return refuse_fichier(options.feuille, numero);
+    return kReussite;
+}
+
+int ecrit(const OptionsCalcul& options, const TexteFeuille& lue, const std::string& octets) {
+    if (options.en_place)
+        return ecrit_en_place(options, octets,
+                              ecrit_feuille(memoire.texte, lue.codage, FinsDeLigne::cr_lf, true));
+    const Codage sortie = options.codage == "windows-1252" ? Codage::windows_1252 : Codage::utf8;
+    std::cout << ecrit_feuille(memoire.texte, sortie, lue.fins, lue.fin_finale) << std::flush;
+    return std::cout ? kReussite : refuse("la sortie ne peut pas être écrite");
+}
+
+// A file that can't be written back is refused before anything is calculated.
+int verifie_en_place(const OptionsCalcul& options, bool fichier) {
+    if (!options.en_place) return kReussite;
+    if (!fichier) return refuse("--en-place demande une feuille");
+    const int numero = verifie_ecriture(options.feuille);
+    return numero == 0 ? kReussite : refuse_fichier(options.feuille, numero);
+}
+
+int calcule(const OptionsCalcul& options) {
+    const bool fichier = !options.feuille.empty() && options.feuille != "-";
+    const std::string nom = fichier ? options.feuille : "entrée standard";
+    std::string octets;
+    if (fichier) {
+        if (const int numero = lit_fichier(options.feuille, octets); numero != 0)
+            return refuse_fichier(options.feuille, numero);
+    } else {
+        octets.assign(std::istreambuf_iterator<char>(std::cin), {});
+    }
+    if (const int refus = verifie_en_place(options, fichier); refus != 0) return refus;
+    RefusFeuille refus;
+    const auto lue = lit_feuille(octets, codage_entree(options, octets, fichier), refus);
+    if (!lue) return refuse_texte(nom, refus);
+    port.texte.pose_texte(std::string(lue->texte));
+    execute_commande(options.colonne ? "mnuCalculColonneItem" : "mnuCalculItem");
+    const int ecriture = ecrit(options, *lue, octets);
+    if (ecriture != kReussite) return ecriture;
+    return moteur.erreur_formule || boite_vue ? kLigneEnErreur : kReussite;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    std::ios::sync_with_stdio(false);
+    const LectureOptions lecture = lis_options(std::vector<std::string>(argv + 1, argv + argc));
+    if (lecture.statut) {
+        std::cout << lecture.sortie;
+        return *lecture.statut == kReussite ? kReussite : refuse(lecture.erreur);
+    }
+    installe_port_terminal();
+    reinitialise_tout();
+    applique_options(lecture.options);
+    return calcule(lecture.options);
+}

@@ -1,0 +1,122 @@
+// The one user function of a sheet: a text with one variable. A call binds the variable, which keeps
+// its value, and evaluates the text again. Changes `moteur`.
+#include "userfunc/call.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "engine/context.hpp"
+#include "engine/grammar.hpp"
+#include "engine/identifiers.hpp"
+#include "engine/reader.hpp"
+#include "platform/platform.hpp"
+#include "sheet/sheet.hpp"
+
+namespace {
+
+// Room for one more call, so that a function without end is stopped here and not in a bracket of it.
+constexpr std::size_t kReserveAppel = 1u << 20;
+
+// The flag stays as it was: only the box tells of a failure here.
+constexpr Procedure kFon_{"sur fon"_fr, false};
+constexpr Procedure kDefFon{" sur calcul_chaine"_fr, false};
+
+// What a call keeps of the formula around it. The error flag and text are not kept: the inner
+// evaluation starts by clearing them.
+struct Appelant {
+    std::string p_formule = std::move(moteur.p_formule);
+    std::string l_symbole = std::move(moteur.l_symbole);
+    double l_valeur = moteur.l_valeur;
+    double l_valeur_expression = moteur.l_valeur_expression;
+    double l_sauve_expression = moteur.l_sauve_expression;
+    double l_valeur_facteur = moteur.l_valeur_facteur;
+    double l_valeur_not = moteur.l_valeur_not;
+    double l_valeur_exposant = moteur.l_valeur_exposant;
+    double l_valeur_terme = moteur.l_valeur_terme;
+    double l_valeur_egalite = moteur.l_valeur_egalite;
+    double l_argument1 = moteur.l_argument1;
+    double l_argument2 = moteur.l_argument2;
+    double l_argument3 = moteur.l_argument3;
+    std::int16_t p_position = moteur.p_position;
+    std::int16_t l_var = moteur.l_var;
+    std::int16_t type_f = moteur.type_f;
+    char l_matrice = moteur.l_matrice;
+    bool lecture_finie = moteur.lecture_finie;
+
+    void remet() noexcept {
+        moteur.p_formule = std::move(p_formule);
+        moteur.l_symbole = std::move(l_symbole);
+        moteur.l_valeur = l_valeur;
+        moteur.l_valeur_expression = l_valeur_expression;
+        moteur.l_sauve_expression = l_sauve_expression;
+        moteur.l_valeur_facteur = l_valeur_facteur;
+        moteur.l_valeur_not = l_valeur_not;
+        moteur.l_valeur_exposant = l_valeur_exposant;
+        moteur.l_valeur_terme = l_valeur_terme;
+        moteur.l_valeur_egalite = l_valeur_egalite;
+        moteur.l_argument1 = l_argument1;
+        moteur.l_argument2 = l_argument2;
+        moteur.l_argument3 = l_argument3;
+        moteur.p_position = p_position;
+        moteur.l_var = l_var;
+        moteur.type_f = type_f;
+        moteur.l_matrice = l_matrice;
+        moteur.lecture_finie = lecture_finie;
+    }
+};
+
+// Writes a refusal of the definition behind the line in calculation.
+void refuse_definition(std::string_view texte) {
+    Tente(kDefFon, [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
+    moteur.erreur_formule = true;
+}
+
+}  // namespace
+
+void DefFon() noexcept {
+    const std::size_t egal = moteur.p_formule.find('=');
+    if (egal == std::string::npos) {
+        refuse_definition(" = manque le ="_fr);
+        return;
+    }
+    moteur.fonction_active = 0;   // a new definition replaces the old one
+    moteur.definition_fonction_active = true;
+    Tente(kDefFon, [&] {
+        moteur.p_formule = sans_blancs(std::string(moteur.p_formule, egal + 1));
+        moteur.nom_fonction = moteur.p_formule;
+    });
+    // The scan only looks for the variable: its value is thrown away, and errors are silent.
+    evalue_formule();
+    moteur.definition_fonction_active = false;
+    if (moteur.fonction_active == 0) {
+        refuse_definition(" = variable inconnue"_fr);
+        moteur.nom_fonction.clear();
+    }
+}
+
+void fon(double valeur, double& resultat) noexcept {
+    resultat = 0;
+    if (moteur.nom_fonction.empty()) {
+        affiche_erreur_formule("Fonction inconnue"_fr);
+        return;
+    }
+    const auto rang = static_cast<std::size_t>(moteur.fonction_active);
+    moteur.valeur_variable[rang] = valeur;
+    moteur.variable_definie[rang] = true;
+    // A function that calls itself goes on until the stack nears its end: the innermost call gives 0.
+    if (!Tente(kFon_, [] {
+            if (!reste_pile(kReserveAppel)) echoue(kPile);
+        }))
+        return;
+    Appelant appelant;
+    Tente(kFon_, [] {
+        moteur.p_formule = moteur.nom_fonction;
+        TestVariable();
+    });
+    resultat = evalue_formule();
+    appelant.remet();
+}

@@ -8,6 +8,7 @@
 
 #include "base/number.hpp"
 #include "engine/context.hpp"
+#include "engine/formulas.hpp"
 #include "engine/grammar.hpp"
 #include "engine/progressions.hpp"
 #include "engine/reader.hpp"
@@ -29,20 +30,18 @@ constexpr Procedure kFrac_{" sur frac"_fr, true};
 // How a call ends: with its closing bracket, or at once.
 enum class Fin { cloture, immediate };
 
-// One statement that gives the call its result.
-template <class Calcul>
-void pose(double& resultat, double x, Calcul&& calcul) {
-    Tente(kCompileF, [&] { range(resultat, calcul(), x); });
-}
-
-// The same for a function of an angle, converted on the way.
-template <class Calcul>
-void pose_angle(double& resultat, double x, Calcul&& calcul) {
-    Tente(kCompileF, [&] {
-        const double a = conv_a_r(x);
-        range(resultat, calcul(a), a);
-    });
-}
+// The steps of a formula through the procedures that report their own failures; notes when one of
+// them has already given an infinite value.
+struct ArithmetiqueSurveillee {
+    bool infini = false;
+    double note(double x) {
+        infini |= std::isinf(x);
+        return x;
+    }
+    double a_r(double x) { return note(conv_a_r(x)); }
+    double r_a(double x) { return note(conv_r_a(x)); }
+    double carre(double x) { return note(::carre(x)); }
+};
 
 // Reads "," and one more argument into `registre`. Answers false when the comma is missing: the call
 // ends at once.
@@ -64,99 +63,33 @@ bool lis_arguments(int nombre) {
     return lis_argument(moteur.l_argument2) && (nombre < 3 || lis_argument(moteur.l_argument3));
 }
 
-// SH, CH and TH convert their argument by the angle unit, each time that it is written; ASH, ACH and
-// ATH are the same without conversion, and no inverse functions, whatever their names say.
-void hyperbolique(int fonction, double x, double& resultat) {
-    const bool convertie = fonction <= kTh;
-    const auto arg = [&](double a) { return convertie ? conv_a_r(a) : a; };
+// Words of a function that refuses its argument.
+std::string_view mots_refus(int fonction) {
+    if (fonction == kSqrt) return "argument négatif"_fr;
+    return fonction == kLn || fonction == kLog ? "argument negatif ou nul"_fr
+                                               : "Argument incorrect"_fr;
+}
+
+// A function that has a formula. SQRT alone ends at once when it refuses.
+Fin par_formule(int fonction, double x, double& resultat) {
+    ArithmetiqueSurveillee calcul;
+    if (hors_domaine(fonction, x, calcul)) {
+        affiche_erreur_formule(mots_refus(fonction));
+        return fonction == kSqrt ? Fin::immediate : Fin::cloture;
+    }
+    calcul.infini = false;
     Tente(kCompileF, [&] {
-        const double a = arg(x), b = arg(-x);
-        if (fonction == kSh || fonction == kAsh) {
-            range(resultat, (std::exp(a) - std::exp(b)) / 2, a, b);
-        } else if (fonction == kCh || fonction == kAch) {
-            range(resultat, (std::exp(a) + std::exp(b)) / 2, a, b);
-        } else {
-            const double c = arg(x), d = arg(-x);
-            range(resultat, (std::exp(a) - std::exp(b)) / (std::exp(c) + std::exp(d)), a, b, c, d);
-        }
+        resultat = formule_de(fonction, x, calcul);
+        if (!std::isfinite(resultat))
+            refuse_resultat(resultat, calcul.infini || std::isinf(x), std::isnan(x));
     });
-}
-
-// Arc cosine through the arc tangent, from -1 to 1.
-void arc_cosinus(double x, double& resultat) {
-    if (x == 0) {
-        resultat = conv_r_a(moteur.pi_valeur / 2);
-    } else if (x == 1) {
-        resultat = 0;
-    } else {
-        double t = 0;
-        Tente(kCompileF, [&] { range(t, std::atan(std::sqrt(1 - carre(x)) / x), x); });
-        resultat = conv_r_a(t > 0 ? t : t + moteur.pi_valeur);
-    }
-}
-
-void arc_sinus(double x, double& resultat) {
-    if (std::fabs(x) == 1)
-        pose(resultat, x, [&] { return conv_r_a(x * moteur.pi_valeur / 2); });
-    else
-        pose(resultat, x, [&] { return conv_r_a(std::atan(x / std::sqrt(1 - carre(x)))); });
-}
-
-// Refuses an argument of ACOS or ASIN outside -1 to 1.
-bool refuse_hors_unite(double x) {
-    if (std::fabs(x) <= 1) return false;
-    affiche_erreur_formule("Argument incorrect"_fr);
-    return true;
-}
-
-void trigonometrique(int fonction, double x, double& resultat) {
-    switch (fonction) {
-        case kCos: pose_angle(resultat, x, [](double a) { return std::cos(a); }); break;
-        case kSin: pose_angle(resultat, x, [](double a) { return std::sin(a); }); break;
-        case kTan:
-            // Only the exact quarter turn is refused: 270 degrees are not.
-            if (std::fabs(conv_a_r(x)) == moteur.pi_valeur / 2)
-                affiche_erreur_formule("Argument incorrect"_fr);
-            else
-                pose_angle(resultat, x, [](double a) { return std::tan(a); });
-            break;
-        case kAcos:
-            if (!refuse_hors_unite(x)) arc_cosinus(x, resultat);
-            break;
-        case kAsin:
-            if (!refuse_hors_unite(x)) arc_sinus(x, resultat);
-            break;
-        default: pose(resultat, x, [&] { return conv_r_a(std::atan(x)); });
-    }
-}
-
-void logarithmique(int fonction, double x, double& resultat) {
-    if (x <= 0)
-        affiche_erreur_formule("argument negatif ou nul"_fr);
-    else if (fonction == kLn)
-        pose(resultat, x, [&] { return std::log(x); });
-    else
-        pose(resultat, x, [&] { return std::log(x) / std::log(10.0); });
-}
-
-double racine_cubique(double x) {
-    if (x == 0) return 0;
-    return x > 0 ? std::exp(std::log(x) / 3) : -std::exp(std::log(-x) / 3);
-}
-
-// SQRT and FACT end at once when they refuse a negative argument; FACT says nothing.
-Fin factorielle(double x, double& resultat) {
-    if (x < 0) return Fin::immediate;
-    Tente(kCompileF, [&] { resultat = factoriel(vers_16_tronque(x)); });
     return Fin::cloture;
 }
 
-Fin racine(double x, double& resultat) {
-    if (x < 0) {
-        affiche_erreur_formule("argument négatif"_fr);
-        return Fin::immediate;
-    }
-    pose(resultat, x, [&] { return std::sqrt(x); });
+// FACT of a negative number is 0 and ends at once without a word.
+Fin factorielle(double x, double& resultat) {
+    if (x < 0) return Fin::immediate;
+    Tente(kCompileF, [&] { resultat = factoriel(vers_16_tronque(x)); });
     return Fin::cloture;
 }
 
@@ -225,22 +158,11 @@ Fin plusieurs_arguments(int fonction, double& resultat) {
 // The value of function `fonction` on its first argument.
 Fin calcule(int fonction, double& resultat) {
     const double x = moteur.l_valeur;
+    if (a_une_formule(fonction)) return par_formule(fonction, x, resultat);
     switch (fonction) {
-        case kCos: case kSin: case kTan: case kAcos: case kAsin: case kAtan:
-            trigonometrique(fonction, x, resultat);
-            break;
-        case kSh: case kCh: case kTh: case kAth: case kAsh: case kAch:
-            hyperbolique(fonction, x, resultat);
-            break;
-        case kLn: case kLog: logarithmique(fonction, x, resultat); break;
-        case kAbs: resultat = std::fabs(x); break;
-        case kExp: pose(resultat, x, [&] { return std::exp(x); }); break;
         case kInt: resultat = intx(x); break;
         case kFact: return factorielle(x, resultat);
         case kFrac: resultat = frac(x); break;
-        case kSqr: resultat = carre(x); break;
-        case kSqrt: return racine(x, resultat);
-        case kSqr3: pose(resultat, x, [&] { return racine_cubique(x); }); break;
         case kFrancEuro: case kEuroFranc: monnaie(fonction, x, resultat); break;
         case kInvMat: InversionMatrice(); break;   // its result is the work matrix
         case kDetMat: Determinantmatrice(resultat); break;
@@ -289,18 +211,14 @@ double compile_f() noexcept {
 }
 
 double conv_a_r(double x) noexcept {
-    if (modes.unite_angle == 2) return x;
     double resultat = 0;
-    const double demi_tour = modes.unite_angle == 1 ? 180 : 200;
-    Tente(kConvAR, [&] { range(resultat, x * moteur.pi_valeur / demi_tour, x); });
+    Tente(kConvAR, [&] { range(resultat, ArithmetiqueSimple().a_r(x), x); });
     return resultat;
 }
 
 double conv_r_a(double x) noexcept {
-    if (modes.unite_angle == 2) return x;
     double resultat = 0;
-    const double demi_tour = modes.unite_angle == 1 ? 180 : 200;
-    Tente(kConvRA, [&] { range(resultat, x * demi_tour / moteur.pi_valeur, x); });
+    Tente(kConvRA, [&] { range(resultat, ArithmetiqueSimple().r_a(x), x); });
     return resultat;
 }
 

@@ -19,6 +19,8 @@
 
 namespace {
 
+constexpr int kTrapezesParBip = 1000;
+
 void boite(std::string_view texte) { port.boites.boite(texte); }
 
 // Brings the function's line into p_formule. Answers false, with the report that is due, when there
@@ -100,10 +102,12 @@ bool sonde_intervalle(Repetition& fonction, double x1, double x2) {
            (!(x1 < 0 && x2 > 0) || sonde(fonction, 0, "0"_fr));
 }
 
-// One beep a thousand trapezoids: a sign of life. Answers true when the user gives up waiting.
-bool abandonne(double k) {
-    if (std::fmod(k, 1000) != 0) return false;
-    port.boites.bip();
+// A sign of life every thousand trapezoids: one beep where k is a multiple of a thousand (beyond 2^53
+// k stands still). Answers true when the user gives up waiting.
+bool abandonne(double k, int& tours) {
+    if (++tours < kTrapezesParBip) return false;
+    tours = 0;
+    if (std::fmod(k, kTrapezesParBip) == 0) port.boites.bip();
     return port.systeme.interrompu();
 }
 
@@ -113,8 +117,9 @@ std::string_view somme_trapezes(Repetition& fonction, std::int16_t numero, doubl
                                 double nombre) {
     double& somme = feuille.valeur_ligne(numero);
     somme = 0;
+    int tours = 0;
     for (double k = 1; k <= nombre; k += 1) {
-        if (abandonne(k)) return "calcul interrompu"_fr;
+        if (abandonne(k, tours)) return "calcul interrompu"_fr;
         double a = 0, b = 0, x = 0;
         range(x, (k - 1) * h + x1, h, x1);
         if (!evalue_en(fonction, x, a)) return "fonction non définie"_fr;
@@ -179,7 +184,7 @@ void Calculair(std::int16_t numero, int variable) {
             return;
         }
         boite(mots);
-        if (!moteur.erreur_formule) moteur.erreur_formule = true;
+        moteur.erreur_formule = true;   // given up: the rest of the sheet is only copied
     }
     moteur.muet_erreur = false;
 }

@@ -72,9 +72,12 @@ std::size_t coupe_symbole() {
     while (debut < borne && formule[debut] == ' ') ++debut;
     std::size_t fin = debut;
     while (fin < borne && !est_separateur(formule[fin])) ++fin;
-    if (fin == debut) {
-        // The separator is itself the symbol; beyond the end the symbol is empty.
-        moteur.l_symbole.assign(formule, debut, fin < borne ? 1 : 0);
+    if (debut >= borne) {
+        // Beyond the end the symbol is empty, and the cursor still moves on.
+        moteur.l_symbole.clear();
+        ++fin;
+    } else if (fin == debut) {
+        moteur.l_symbole = formule[debut];   // the separator is itself the symbol
         ++fin;
     } else {
         moteur.l_symbole.assign(formule, debut, fin - debut);

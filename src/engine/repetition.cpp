@@ -279,7 +279,10 @@ double Repetition::evalue_programme(double x) {
         programme_.clear();
         return evalue_texte();
     }
+    range_cible(resultat);
     ++en_attente_;
+    avant_derniere_ = derniere_;
+    avant_connue_ = connue_;
     connue_ = true;
     dernier_x_ = x;
     derniere_ = resultat;
@@ -305,6 +308,10 @@ void Repetition::termine() noexcept {
     }
     en_attente_ = 0;
     connue_ = false;
+    // The running sum and the assigned variable still hold the values before: a first argument puts
+    // them aside.
+    if (avant_connue_) moteur.l_valeur_expression = avant_derniere_;
+    if (cible_ != 0) moteur.valeur_variable[static_cast<std::size_t>(cible_)] = avant_cible_;
     evalue_formule();
 }
 
@@ -376,9 +383,13 @@ bool Repetition::calcule(double& resultat) const {
         if (!simple(*haut)) return false;
     }
     resultat = somme;
-    if (cible_ != 0) {
-        moteur.valeur_variable[static_cast<std::size_t>(cible_)] = somme;
-        moteur.variable_definie[static_cast<std::size_t>(cible_)] = true;
-    }
     return true;
+}
+
+void Repetition::range_cible(double valeur) {
+    if (cible_ == 0) return;
+    const auto rang = static_cast<std::size_t>(cible_);
+    avant_cible_ = moteur.valeur_variable[rang];
+    moteur.valeur_variable[rang] = valeur;
+    moteur.variable_definie[rang] = true;
 }

@@ -54,6 +54,9 @@ public:
         const double x = valeur_variable();
         if (connue_ && meme_valeur(x)) {
             ++en_attente_;
+            avant_derniere_ = derniere_;
+            avant_connue_ = true;
+            avant_cible_ = derniere_;
             return derniere_;
         }
         return evalue_programme(x);
@@ -68,6 +71,7 @@ private:
     double evalue_texte();
     double evalue_programme(double x);
     bool calcule(double& resultat) const;
+    void range_cible(double valeur);
 
     std::vector<Instruction> programme_;   // empty: the text is read each time
     int cible_ = 0;                        // variable that the formula assigns, 1 to 26; 0 for none
@@ -75,4 +79,7 @@ private:
     bool connue_ = false;                  // derniere_ is the value at dernier_x_
     double dernier_x_ = 0;
     double derniere_ = 0;
+    double avant_derniere_ = 0;            // what the evaluation before the last one gave
+    bool avant_connue_ = false;
+    double avant_cible_ = 0;               // what the assigned variable held before the last one
 };

@@ -7,7 +7,7 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
+#include <climits>
 
 #include "base/failure.hpp"
 
@@ -46,19 +46,26 @@ bool ecrit_tout(int fd, const std::string& contenu) {
     return true;
 }
 
-// Path behind the links, so that the file itself is replaced and not the link.
-std::string chemin_reel(const std::string& chemin) {
-    char* reel = realpath(chemin.c_str(), nullptr);
-    if (reel == nullptr) return chemin;
-    std::string resultat(reel);
-    std::free(reel);
-    return resultat;
-}
-
+// Folder part of a path.
 std::string dossier(const std::string& chemin) {
     const std::size_t barre = chemin.rfind('/');
     if (barre == std::string::npos) return ".";
     return barre == 0 ? "/" : chemin.substr(0, barre);
+}
+
+constexpr int kLiensMaxi = 40;   // links behind links, as the system itself allows
+
+// Path behind the links, so that the file itself is replaced and not the link; a link whose file is
+// not there yet leads to the place of that file.
+std::string chemin_reel(std::string chemin) {
+    for (int i = 0; i < kLiensMaxi; ++i) {
+        std::array<char, PATH_MAX> cible;
+        const ssize_t n = readlink(chemin.c_str(), cible.data(), cible.size());
+        if (n <= 0 || static_cast<std::size_t>(n) == cible.size()) return chemin;
+        const std::string lien(cible.data(), static_cast<std::size_t>(n));
+        chemin = lien.front() == '/' ? lien : dossier(chemin) + "/" + lien;
+    }
+    return chemin;
 }
 
 // Rights for the new file: those of the old one, or the usual ones. A file that its owner may not

@@ -110,7 +110,7 @@ std::string mots_de_trop(const std::string& texte, const std::vector<std::string
     const std::string mot = fin_des_mots(texte);
     if (mot.starts_with("-="))
         for (const std::string& tape : mots)
-            if (tape.ends_with(mot.substr(1))) return tape + " : cette option ne prend pas de valeur";
+            if (tape.ends_with(mot.substr(1))) return tape + " ne prend pas de valeur";
     return (mot.starts_with("-") ? "option inconnue : " : "une seule feuille à la fois : ") + mot;
 }
 
@@ -124,11 +124,11 @@ std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>
     }
     if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) return mots_de_trop(texte, mots);
     if (dynamic_cast<const CLI::ConversionError*>(&e) != nullptr)
-        return fin_des_mots(texte) + " : cette option ne prend pas de valeur";
+        return fin_des_mots(texte) + " ne prend pas de valeur";
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&e) != nullptr)
         return option + (texte.find("received") != std::string::npos &&
                                  texte.find("received 0") == std::string::npos
-                             ? " : cette option est donnée deux fois"
+                             ? " est donnée deux fois"
                              : " : il manque sa valeur");
     return "ligne de commande incorrecte";
 }

@@ -58,11 +58,14 @@ int compte_colonnes(std::string_view rangee) {
     return static_cast<int>(std::count(rangee.begin(), rangee.end(), ',')) + 1;
 }
 
-// Marks the open block's letter as defined. Refuses an empty letter with failure 5.
+// Marks the open block's letter as defined. Refuses an empty letter with failure 5, and with failure 9
+// one that a refused DEFM line has put in its place.
 void marque_definie() {
     const std::string& lettre = definition_de_matrice.lettre_definition_matrice;
     if (lettre.empty()) echoue(kHorsDomaine);
-    moteur.matrice_definie[static_cast<std::size_t>(rang_lettre(lettre[0]))] = true;
+    const int rang = rang_lettre(lettre[0]);
+    if (rang < 1 || rang > kNombreMatrices) echoue(kIndice);
+    moteur.matrice_definie[static_cast<std::size_t>(rang)] = true;
 }
 
 // The table of the letter under definition; nullptr for an empty letter, whose elements go nowhere.

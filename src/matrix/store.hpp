@@ -54,6 +54,8 @@ private:
     std::vector<double> elements_;
 };
 
+inline constexpr int kNombreMatrices = 10;   // MA to MJ
+
 struct Matrices {
     std::array<TableMatrice, 11> table;   // 1 to 10 for MA to MJ; slot 0 unused
     TableMatrice matrice_travail;         // accumulator of the matrix arithmetic

@@ -49,7 +49,8 @@ struct Passe {
     bool texte_complet = true;           // every line has been written to the rebuilt text
 
     bool attente_fonction = false;       // the line above was an INC or AIR heading
-    std::string commentaire_inc;         // comment of that heading, with its "!"
+    std::string entete;                  // that heading, without its old result
+    std::string commentaire_inc;         // its comment, with its "!"
     bool bloc_inc = false;               // the table of an INC waits in resultat_bloc
     bool bloc_stat = false;              // a statistics result waits there
     bool paire_statxy = false;           // the two lists of a bare STATXY are still to come
@@ -65,9 +66,16 @@ struct Passe {
     }
 };
 
-// Appends to the rebuilt text. A failure keeps the user's old text: see termine.
+// Runs a statement that carries a line of the user on its way to the new text. Where it fails the old
+// text is kept: see termine.
+template <class Instruction>
+void garde(Passe& p, Instruction&& instruction) {
+    if (!Tente(kRecalcul, instruction)) p.texte_complet = false;
+}
+
+// Appends to the rebuilt text.
 void ajoute(Passe& p, std::string_view texte) {
-    if (!Tente(kRecalcul, [&] { feuille.texte_reconstruit += texte; })) p.texte_complet = false;
+    garde(p, [&] { feuille.texte_reconstruit += texte; });
 }
 
 // The end of a line that is done: the line end follows, unless it is the last.
@@ -77,9 +85,7 @@ Suite ligne_suivante(Passe& p) {
 }
 
 void ajoute_resultat(Passe& p, std::int16_t numero) {
-    if (!Tente(kRecalcul,
-               [&] { feuille.texte_reconstruit += feuille.resultat_ligne(numero); }))
-        p.texte_complet = false;
+    garde(p, [&] { feuille.texte_reconstruit += feuille.resultat_ligne(numero); });
 }
 
 // The waiting block below the last line written.
@@ -107,14 +113,14 @@ Suite attend_table_inc(Passe& p) {
 // The two lists of a bare STATXY: behind the second one the pairs are calculated.
 Suite prend_liste(Passe& p) {
     if (p.numero == p.ligne_statx + 1) {
-        Tente(kRecalcul, [&] {
+        garde(p, [&] {
             p.premiere_liste = p.ligne;
             feuille.resultat_bloc = p.ligne;
         });
         return Suite::finie;
     }
     p.paire_statxy = false;
-    Tente(kRecalcul, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
+    garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
     rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
     return bloc_en_attente(p);
 }
@@ -177,7 +183,10 @@ Suite retient_entete(Passe& p) {
     if (!inc && !avant(kMotAir)) return Suite::continuer;
     p.attente_fonction = true;
     p.bloc_inc = inc;
-    Tente(kRecalcul, [&] { p.commentaire_inc = p.ligne.substr(limite); });
+    garde(p, [&] {
+        p.entete = p.ligne;
+        p.commentaire_inc = p.ligne.substr(limite);
+    });
     return Suite::finie;
 }
 
@@ -186,9 +195,12 @@ Suite prend_fonction(Passe& p) {
     if (!p.attente_fonction) return Suite::continuer;
     const auto entete = static_cast<std::int16_t>(p.numero - 1);
     calcul_chaine(entete);
-    if (!Tente(kRecalcul,
-               [&] { feuille.texte_reconstruit += feuille.formule_ligne(entete); }))
-        p.texte_complet = false;
+    garde(p, [&] {
+        const std::string& formule = feuille.formule_ligne(entete);
+        feuille.texte_reconstruit += formule;
+        // A heading that could not be cut into formula and comment must not be lost.
+        if (formule.size() + p.commentaire_inc.size() != p.entete.size()) p.texte_complet = false;
+    });
     ajoute(p, p.commentaire_inc);
     ajoute_resultat(p, entete);
     ajoute(p, kFinDeLigne);
@@ -219,12 +231,10 @@ Suite ajoute_donnees(Passe& p) {
 void refuse_donnees(Passe& p) {
     const std::int16_t entete = statistiques.ligne_definition_statx;
     Tente(kRecalcul, [&] { feuille.resultat_ligne(entete) = " =" + moteur.l_texte_erreur; });
-    if (!Tente(kRecalcul, [&] {
-            insere_texte_reconstruit(
-                static_cast<std::size_t>(statistiques.position_definition_statx),
-                feuille.resultat_ligne(entete));
-        }))
-        p.texte_complet = false;
+    garde(p, [&] {
+        insere_texte_reconstruit(static_cast<std::size_t>(statistiques.position_definition_statx),
+                                 feuille.resultat_ligne(entete));
+    });
 }
 
 // An empty line, a comment or a line with FIN: it ends an open definition and is never calculated.
@@ -282,15 +292,15 @@ Suite calcule_ligne(Passe& p) {
 // Takes the next line of the source: trimmed, numbered, its capitals beside it.
 void prepare_ligne(Passe& p) {
     ++p.numero;
-    const std::string_view garde = sans_blancs(p.ligne);
-    if (garde.size() != p.ligne.size()) p.ligne = std::string(garde);
+    const std::string_view sans = sans_blancs(p.ligne);
+    if (sans.size() != p.ligne.size()) p.ligne = std::string(sans);
     range_capitales(p.majuscule, p.ligne);
     p.lettres = lettres_de(p.majuscule);
 }
 
 // The line steps, in their order.
 Suite traite_ligne(Passe& p) {
-    Tente(kRecalcul, [&] { prepare_ligne(p); });
+    garde(p, [&] { prepare_ligne(p); });
     if (moteur.erreur_formule) {
         ajoute(p, p.ligne);   // below a failed line the sheet is only copied
         return ligne_suivante(p);

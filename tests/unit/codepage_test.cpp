@@ -1,9 +1,9 @@
 // The code page: literals, capitals, trimming, and the way to UTF-8 and back.
+#include "base/codepage.hpp"
+
 #include <doctest/doctest.h>
 
 #include <string>
-
-#include "base/codepage.hpp"
 
 namespace {
 
@@ -41,8 +41,13 @@ TEST_CASE("codepage: trimming takes blanks alone") {
     struct Rangee {
         std::string texte, taille;
     };
-    const Rangee rangees[] = {{"", ""}, {"   ", ""}, {" a ", "a"}, {"a b", "a b"}, {"\ta ", "\ta"},
-                              {octet(0xA0) + "a", octet(0xA0) + "a"}, {"  a\r\n", "a\r\n"},
+    const Rangee rangees[] = {{"", ""},
+                              {"   ", ""},
+                              {" a ", "a"},
+                              {"a b", "a b"},
+                              {"\ta ", "\ta"},
+                              {octet(0xA0) + "a", octet(0xA0) + "a"},
+                              {"  a\r\n", "a\r\n"},
                               {std::string("\0 ", 2), std::string("\0", 1)}};
     for (const Rangee& r : rangees) CHECK(sans_blancs(r.texte) == r.taille);
 }
@@ -58,7 +63,8 @@ TEST_CASE("codepage: every byte goes to UTF-8 and back") {
 }
 
 TEST_CASE("codepage: a byte-order mark is dropped at the start only") {
-    CHECK(depuis_utf8("\xEF\xBB\xBF" "A=1") == "A=1");
+    CHECK(depuis_utf8("\xEF\xBB\xBF"
+                      "A=1") == "A=1");
     RefusTexte refus{};
     CHECK_FALSE(depuis_utf8("A\xEF\xBB\xBF", &refus).has_value());
     CHECK(refus.octet == 1);
@@ -71,11 +77,19 @@ TEST_CASE("codepage: what the code page lacks is refused with its place") {
         std::size_t octet;
         char32_t caractere;
     };
-    const Rangee rangees[] = {
-        {"A=π", 2, 0x3C0}, {"é→", 2, 0x2192}, {"12\xF0\x9F\x98\x80", 2, 0x1F600},
-        {"ab\xFF", 2, 0}, {"\xC3", 0, 0}, {"a\xC3(", 1, 0}, {"\x80", 0, 0}, {"\xC0\xAF", 0, 0},
-        {"\xE0\x80\xAF", 0, 0}, {"\xED\xA0\x80", 0, 0}, {"\xF4\x90\x80\x80", 0, 0},
-        {"\xF0\x80\x80\xAF", 0, 0}, {"\xE2\x82", 0, 0}};
+    const Rangee rangees[] = {{"A=π", 2, 0x3C0},
+                              {"é→", 2, 0x2192},
+                              {"12\xF0\x9F\x98\x80", 2, 0x1F600},
+                              {"ab\xFF", 2, 0},
+                              {"\xC3", 0, 0},
+                              {"a\xC3(", 1, 0},
+                              {"\x80", 0, 0},
+                              {"\xC0\xAF", 0, 0},
+                              {"\xE0\x80\xAF", 0, 0},
+                              {"\xED\xA0\x80", 0, 0},
+                              {"\xF4\x90\x80\x80", 0, 0},
+                              {"\xF0\x80\x80\xAF", 0, 0},
+                              {"\xE2\x82", 0, 0}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.texte);
         RefusTexte refus{99, 99};

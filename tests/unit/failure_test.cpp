@@ -1,11 +1,12 @@
 // One statement, one box, go on: Tente, the words of the box, and the flag of the formula.
+#include "base/failure.hpp"
+
 #include <doctest/doctest.h>
 
 #include <new>
 #include <stdexcept>
 #include <string>
 
-#include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "unit/outils.hpp"

@@ -1,7 +1,8 @@
 // Real files, read and replaced whole: rights and links kept, refusals told by their number, and
 // never half a file or a leftover beside it.
-#include <doctest/doctest.h>
+#include "platform/files.hpp"
 
+#include <doctest/doctest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,8 +13,6 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-
-#include "platform/files.hpp"
 
 namespace {
 

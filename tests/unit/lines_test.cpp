@@ -1,11 +1,12 @@
 // On which line, in which column, what does the line say; reading a text line by line; searching.
+#include "editing/lines.hpp"
+
 #include <doctest/doctest.h>
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "editing/lines.hpp"
 #include "support/program.hpp"
 #include "unit/outils.hpp"
 
@@ -44,9 +45,9 @@ TEST_CASE("lines: start and end of the cursor's line") {
     struct Rangee {
         std::size_t curseur, debut, fin;
     };
-    const Rangee rangees[] = {{0, 1, 3},  {1, 1, 3},  {2, 1, 3},  {3, 1, 3},  {4, 4, 8},
-                              {5, 4, 8},  {7, 4, 8},  {8, 4, 8},  {9, 9, 10}, {10, 9, 10},
-                              {11, 11, 13}, {12, 11, 13}};
+    const Rangee rangees[] = {{0, 1, 3},  {1, 1, 3},   {2, 1, 3},    {3, 1, 3},
+                              {4, 4, 8},  {5, 4, 8},   {7, 4, 8},    {8, 4, 8},
+                              {9, 9, 10}, {10, 9, 10}, {11, 11, 13}, {12, 11, 13}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.curseur);
         pose_feuille(kTexte, r.curseur);
@@ -59,7 +60,7 @@ TEST_CASE("lines: column of the cursor counts from 1") {
     struct Rangee {
         std::size_t curseur, colonne;
     };
-    const Rangee rangees[] = {{0, 1}, {1, 2}, {2, 3},  {4, 1},  {5, 2},
+    const Rangee rangees[] = {{0, 1}, {1, 2}, {2, 3},  {4, 1}, {5, 2},
                               {7, 4}, {9, 1}, {11, 1}, {12, 2}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.curseur);
@@ -85,8 +86,8 @@ TEST_CASE("lines: number of the line that holds a position") {
 }
 
 TEST_CASE("lines: text of the line that holds a position") {
-    const char* lignes[] = {"AB", "AB", "AB", "AB", "CDE", "CDE", "CDE",
-                            "CDE", "CDE", "", "", "F", "F", "F"};
+    const char* lignes[] = {"AB",  "AB",  "AB", "AB", "CDE", "CDE", "CDE",
+                            "CDE", "CDE", "",   "",   "F",   "F",   "F"};
     pose_feuille(kTexte);
     for (std::size_t position = 0; position < std::size(lignes); ++position) {
         CAPTURE(position);
@@ -137,8 +138,8 @@ TEST_CASE("lines: extent of a line, and of line 1 for one that isn't there") {
         int numero;
         std::size_t debut, fin;
     };
-    for (const Rangee& r : {Rangee{1, 0, 2}, Rangee{2, 4, 7}, Rangee{3, 9, 9}, Rangee{4, 11, 12},
-                            Rangee{5, 0, 2}}) {
+    for (const Rangee& r :
+         {Rangee{1, 0, 2}, Rangee{2, 4, 7}, Rangee{3, 9, 9}, Rangee{4, 11, 12}, Rangee{5, 0, 2}}) {
         CAPTURE(r.numero);
         CHECK(etendue_ligne(r.numero).debut == r.debut);
         CHECK(etendue_ligne(r.numero).fin == r.fin);
@@ -150,23 +151,22 @@ TEST_CASE("lines: reading a text line by line") {
         std::string texte;
         std::vector<LigneLue> lignes;
     };
-    const Rangee rangees[] = {
-        {"", {}},
-        {"A", {{"A", true}}},
-        {"AB", {{"AB", true}}},
-        {"A\r\nB", {{"A", false}, {"B", true}}},
-        {"A\r\nBC", {{"A", false}, {"BC", true}}},
-        {"A\r\n", {{"A", false}, {"", true}}},
-        {"\r\n", {{"", false}, {"", true}}},
-        {"\r\n\r\n", {{"", false}, {"", false}, {"", true}}},
-        {"A\r\n\r\nB", {{"A", false}, {"", false}, {"B", true}}},
-        {"AB\rC\r\nD", {{"AB\rC", false}, {"D", true}}},
-        {"A\nB\r\nC", {{"A\nB", false}, {"C", true}}},
-        {"AB\r", {{"AB\r", true}}},
-        {"\r", {{"", true}}},
-        {"\n", {{"", true}}},
-        {"A\r\n\r", {{"A", false}, {"", true}}},
-        {" A \r\n B", {{" A ", false}, {" B", true}}}};
+    const Rangee rangees[] = {{"", {}},
+                              {"A", {{"A", true}}},
+                              {"AB", {{"AB", true}}},
+                              {"A\r\nB", {{"A", false}, {"B", true}}},
+                              {"A\r\nBC", {{"A", false}, {"BC", true}}},
+                              {"A\r\n", {{"A", false}, {"", true}}},
+                              {"\r\n", {{"", false}, {"", true}}},
+                              {"\r\n\r\n", {{"", false}, {"", false}, {"", true}}},
+                              {"A\r\n\r\nB", {{"A", false}, {"", false}, {"B", true}}},
+                              {"AB\rC\r\nD", {{"AB\rC", false}, {"D", true}}},
+                              {"A\nB\r\nC", {{"A\nB", false}, {"C", true}}},
+                              {"AB\r", {{"AB\r", true}}},
+                              {"\r", {{"", true}}},
+                              {"\n", {{"", true}}},
+                              {"A\r\n\r", {{"A", false}, {"", true}}},
+                              {" A \r\n B", {{" A ", false}, {" B", true}}}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.texte);
         CHECK(toutes(r.texte) == r.lignes);
@@ -180,10 +180,10 @@ TEST_CASE("lines: a search ignores case and puts the cursor one character inside
         std::ptrdiff_t position;
     };
     const std::string texte = cp("Été\r\nabcABC\r\nété");
-    const Rangee rangees[] = {{"ABC", 1, 6},  {"ABC", 6, 6},   {"ABC", 7, 9},   {"ABC", 10, -1},
-                              {"ÉTÉ", 1, 1},  {"ÉTÉ", 2, 14},  {"É", 15, 16},   {"X", 1, -1},
-                              {"ABC", 0, 6},  {"É", 16, 16},   {"É", 17, -1},   {"É", 900, -1},
-                              {"C\r\n", 1, 11}, {"", 3, 3},    {"", 17, -1}};
+    const Rangee rangees[] = {{"ABC", 1, 6},    {"ABC", 6, 6},  {"ABC", 7, 9}, {"ABC", 10, -1},
+                              {"ÉTÉ", 1, 1},    {"ÉTÉ", 2, 14}, {"É", 15, 16}, {"X", 1, -1},
+                              {"ABC", 0, 6},    {"É", 16, 16},  {"É", 17, -1}, {"É", 900, -1},
+                              {"C\r\n", 1, 11}, {"", 3, 3},     {"", 17, -1}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.chaine);
         CAPTURE(r.debut);

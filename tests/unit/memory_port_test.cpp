@@ -24,8 +24,9 @@ TEST_CASE("memory port: the selection stays inside the text") {
     };
     port.texte.pose_texte("12345");
     const std::size_t enorme = static_cast<std::size_t>(-1);
-    for (const Rangee& r : {Rangee{0, 5, 0, 5}, Rangee{5, 1, 5, 0}, Rangee{9, 9, 5, 0},
-                            Rangee{2, 9, 2, 3}, Rangee{enorme, enorme, 5, 0}, Rangee{1, enorme, 1, 4}}) {
+    for (const Rangee& r :
+         {Rangee{0, 5, 0, 5}, Rangee{5, 1, 5, 0}, Rangee{9, 9, 5, 0}, Rangee{2, 9, 2, 3},
+          Rangee{enorme, enorme, 5, 0}, Rangee{1, enorme, 1, 4}}) {
         port.texte.pose_selection(r.debut, r.longueur);
         CHECK(port.texte.sel_start() == r.debut_pris);
         CHECK(port.texte.sel_length() == r.longueur_prise);

@@ -1,10 +1,11 @@
 // The message line: every call changes the label.
+#include "shell/message.hpp"
+
 #include <doctest/doctest.h>
 
 #include <string>
 
 #include "shell/help_mode.hpp"
-#include "shell/message.hpp"
 #include "unit/outils.hpp"
 
 TEST_CASE("message: the same words alternate between two forms") {
@@ -46,7 +47,8 @@ TEST_CASE("message: the caller gets its text back as displayed") {
 }
 
 TEST_CASE("message: no two labels in a row are the same") {
-    for (const char* texte : {"a", "a", "a", "", "", "", " ", "b", "b ", " b", "b", "c"}) dit(texte);
+    for (const char* texte : {"a", "a", "a", "", "", "", " ", "b", "b ", " b", "b", "c"})
+        dit(texte);
     const Textes dits = messages();
     for (std::size_t i = 1; i < dits.size(); ++i) CHECK(dits[i] != dits[i - 1]);
     CHECK(ligne_message.LblMessage == memoire.messages.back());

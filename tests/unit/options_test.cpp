@@ -1,4 +1,6 @@
 // The command line of voxtab-calc: what each option sets, and the French words of every refusal.
+#include "tools/options.hpp"
+
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -8,7 +10,6 @@
 
 #include "documents/settings.hpp"
 #include "engine/context.hpp"
-#include "tools/options.hpp"
 
 namespace {
 
@@ -20,8 +21,9 @@ struct Refus {
 };
 
 // Words of the parser's own English, none of which may reach the user.
-constexpr const char* kMotsAnglais[] = {"required", "argument", "could not", "expected", "following",
-                                        "option ", "invalid", "value", "unable", "requires", "exclude"};
+constexpr const char* kMotsAnglais[] = {"required",  "argument", "could not", "expected",
+                                        "following", "option ",  "invalid",   "value",
+                                        "unable",    "requires", "exclude"};
 
 bool parle_anglais(std::string texte) {
     std::transform(texte.begin(), texte.end(), texte.begin(),
@@ -49,8 +51,9 @@ TEST_CASE("options: without words everything is as it starts") {
 
 TEST_CASE("options: long names, short names and values joined by an equals sign") {
     const Mots commandes[] = {
-        {"--affichage", "puissance", "--decimales", "3", "--angle", "radian", "--matrice", "colonne",
-         "--statistiques", "restreint", "--colonne", "--en-place", "--codage", "utf-8", "f.vxt"},
+        {"--affichage", "puissance", "--decimales", "3", "--angle", "radian", "--matrice",
+         "colonne", "--statistiques", "restreint", "--colonne", "--en-place", "--codage", "utf-8",
+         "f.vxt"},
         {"f.vxt", "-a", "puissance", "-d", "3", "-u", "radian", "-m", "colonne", "-s", "restreint",
          "-c", "-i", "--codage", "utf-8"},
         {"--affichage=puissance", "--decimales=3", "--angle=radian", "--matrice=colonne",
@@ -89,8 +92,7 @@ TEST_CASE("options: words of every refusal") {
          "« Flottant » n'est pas une valeur possible : entier, flottant, puissance, hexa"},
         {{"--angle", "degré"}, "« degré » n'est pas une valeur possible : degre, radian, grade"},
         {{"--matrice", "x"}, "« x » n'est pas une valeur possible : ligne, colonne"},
-        {{"--statistiques", "tout"},
-         "« tout » n'est pas une valeur possible : complet, restreint"},
+        {{"--statistiques", "tout"}, "« tout » n'est pas une valeur possible : complet, restreint"},
         {{"--codage", "latin1"}, "« latin1 » n'est pas une valeur possible : utf-8, windows-1252"},
         {{"--decimales", "101"}, "« 101 » n'est pas un nombre de décimales de 0 à 100"},
         {{"--decimales", "x"}, "« x » n'est pas un nombre de décimales de 0 à 100"},
@@ -145,9 +147,10 @@ TEST_CASE("options: a refusal names what the user typed") {
         Mots mots;
         const char* nom;
     };
-    for (const Rangee& r : {Rangee{{"-xyz"}, "-xyz"}, Rangee{{"--couleur=rouge"}, "--couleur=rouge"},
-                            Rangee{{"-cz", "f"}, "-z"}, Rangee{{"-c=3"}, "-c"},
-                            Rangee{{"--colonne=x"}, "--colonne"}}) {
+    for (const Rangee& r :
+         {Rangee{{"-xyz"}, "-xyz"}, Rangee{{"--couleur=rouge"}, "--couleur=rouge"},
+          Rangee{{"-cz", "f"}, "-z"}, Rangee{{"-c=3"}, "-c"},
+          Rangee{{"--colonne=x"}, "--colonne"}}) {
         const std::string erreur = lis_options(r.mots).erreur;
         CAPTURE(erreur);
         CHECK(erreur.find(r.nom) != std::string::npos);
@@ -171,9 +174,10 @@ TEST_CASE("options: help and version end the program well") {
         CHECK(lu.statut == 0);
         CHECK(lu.erreur.empty());
         CHECK(lu.sortie.starts_with("voxtab-calc calcule une feuille"));
-        for (const char* option : {"--affichage", "--decimales", "--angle", "--matrice", "--colonne",
-                                   "--statistiques", "--en-place", "--codage", "--aide", "--version",
-                                   "Usage : voxtab-calc [options] [FEUILLE]", "Statut : 0"})
+        for (const char* option :
+             {"--affichage", "--decimales", "--angle", "--matrice", "--colonne", "--statistiques",
+              "--en-place", "--codage", "--aide", "--version",
+              "Usage : voxtab-calc [options] [FEUILLE]", "Statut : 0"})
             CHECK(lu.sortie.find(option) != std::string::npos);
         CHECK_FALSE(lu.sortie.find("--curseur") != std::string::npos);
     }

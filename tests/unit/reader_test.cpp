@@ -1,5 +1,7 @@
-// The symbol reader: the raw cut, the names of functions, literals and their exponents, binary digits,
-// and the report of an error.
+// The symbol reader: the raw cut, the names of functions, literals and their exponents, binary
+// digits, and the report of an error.
+#include "engine/reader.hpp"
+
 #include <doctest/doctest.h>
 
 #include <cmath>
@@ -7,7 +9,6 @@
 #include <vector>
 
 #include "engine/context.hpp"
-#include "engine/reader.hpp"
 #include "support/program.hpp"
 #include "unit/outils.hpp"
 
@@ -41,22 +42,21 @@ TEST_CASE("reader: raw cut of a formula") {
         const char* formule;
         Textes symboles;
     };
-    const Rangee rangees[] = {
-        {"A=2*(B+1)", {"A", "=", "2", "*", "(", "B", "+", "1", ")", "@"}},
-        {"", {"@"}},
-        {"   ", {"@"}},
-        {"  12  AB ", {"12", "AB", "@"}},
-        {"1,5", {"1", ",", "5", "@"}},
-        {"3;4", {"3;4", "@"}},
-        {"1E+5", {"1E", "+", "5", "@"}},
-        {"100-20%", {"100", "-", "20", "%", "@"}},
-        {"A^-B/C", {"A", "^", "-", "B", "/", "C", "@"}},
-        {"!5", {"!5", "@"}},
-        {"$FF#1.2œ3", {"$FF#1.2œ3", "@"}},
-        {"É.É", {"É.É", "@"}},
-        {"((", {"(", "(", "@"}},
-        {"==", {"=", "=", "@"}},
-        {"SIN (X)", {"SIN", "(", "X", ")", "@"}}};
+    const Rangee rangees[] = {{"A=2*(B+1)", {"A", "=", "2", "*", "(", "B", "+", "1", ")", "@"}},
+                              {"", {"@"}},
+                              {"   ", {"@"}},
+                              {"  12  AB ", {"12", "AB", "@"}},
+                              {"1,5", {"1", ",", "5", "@"}},
+                              {"3;4", {"3;4", "@"}},
+                              {"1E+5", {"1E", "+", "5", "@"}},
+                              {"100-20%", {"100", "-", "20", "%", "@"}},
+                              {"A^-B/C", {"A", "^", "-", "B", "/", "C", "@"}},
+                              {"!5", {"!5", "@"}},
+                              {"$FF#1.2œ3", {"$FF#1.2œ3", "@"}},
+                              {"É.É", {"É.É", "@"}},
+                              {"((", {"(", "(", "@"}},
+                              {"==", {"=", "=", "@"}},
+                              {"SIN (X)", {"SIN", "(", "X", ")", "@"}}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.formule);
         CHECK(coupe(r.formule) == r.symboles);
@@ -83,11 +83,13 @@ TEST_CASE("reader: a formula that the cursor can't span shows one box") {
 }
 
 TEST_CASE("reader: names of the functions and their numbers") {
-    const char* noms[] = {"PI", "COS", "SIN", "TAN", "ACOS", "ASIN", "ATAN", "ABS", "EXP", "LN",
-                          "LOG", "SH", "CH", "TH", "ATH", "ASH", "ACH", "INT", "FACT", "FRAC",
-                          "SQR", "SQRT", "SQR3", "SERIEG", "SERIEA", "SUITEG", "SUITEA", "STATX",
-                          "STATXY", "ANP", "CNP", "air", "inc", "FRANCEURO", "EUROFRANC", "INVMAT",
-                          "DETMAT", "ALEA", "RESXY", "TRISTATX", "FON"};
+    const char* noms[] = {"PI",     "COS",    "SIN",    "TAN",       "ACOS",      "ASIN",
+                          "ATAN",   "ABS",    "EXP",    "LN",        "LOG",       "SH",
+                          "CH",     "TH",     "ATH",    "ASH",       "ACH",       "INT",
+                          "FACT",   "FRAC",   "SQR",    "SQRT",      "SQR3",      "SERIEG",
+                          "SERIEA", "SUITEG", "SUITEA", "STATX",     "STATXY",    "ANP",
+                          "CNP",    "air",    "inc",    "FRANCEURO", "EUROFRANC", "INVMAT",
+                          "DETMAT", "ALEA",   "RESXY",  "TRISTATX",  "FON"};
     for (int rang = 1; rang <= 41; ++rang) {
         CAPTURE(rang);
         moteur.l_symbole = noms[rang - 1];
@@ -101,12 +103,13 @@ TEST_CASE("reader: names of the functions and their numbers") {
 TEST_CASE("reader: words that hold AIR or INC are functions, no other word is") {
     struct Rangee {
         const char* symbole;
-        int type;   // 0: no function
+        int type;  // 0: no function
     };
-    const Rangee rangees[] = {{"AIRE", 32}, {"MAIRIE", 32}, {"XINC", 33}, {"INC", 33}, {"AIR", 32},
-                              {"INCAIR", 32}, {"AIRX", 32}, {"A", 0}, {"P", 0}, {"COSX", 0},
-                              {"SI", 0}, {"STAT", 0}, {"Air", 0}, {"cos", 0}, {"", 0}, {"(", 0},
-                              {"PIX", 0}, {"SQRT3", 0}, {"OR", 0}};
+    const Rangee rangees[] = {{"AIRE", 32}, {"MAIRIE", 32}, {"XINC", 33}, {"INC", 33},
+                              {"AIR", 32},  {"INCAIR", 32}, {"AIRX", 32}, {"A", 0},
+                              {"P", 0},     {"COSX", 0},    {"SI", 0},    {"STAT", 0},
+                              {"Air", 0},   {"cos", 0},     {"", 0},      {"(", 0},
+                              {"PIX", 0},   {"SQRT3", 0},   {"OR", 0}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.symbole);
         moteur.l_symbole = r.symbole;
@@ -124,15 +127,15 @@ TEST_CASE("reader: values of literals, with the exponents that they swallow") {
         const char* suivant;
     };
     const Rangee rangees[] = {
-        {"12", "12", 12, "@"}, {"1.5.3", "1.5.3", 1.5, "@"}, {"12ABC", "12ABC", 12, "@"},
-        {"1E5", "1E5", 1e5, "@"}, {"2E+3", "2E+3", 2000, "@"}, {"2E-3", "2E-3", 0.002, "@"},
-        {"2E*3", "2E*", 2, "3"}, {"2E", "2E@", 2, ""}, {"2E +3", "2E+3", 2000, "@"},
-        {"2E 3", "2E3", 2000, "@"}, {"2E++3", "2E++", 2, "3"}, {"1D+3", "1D", 1, "+"},
-        {"1D3", "1D3", 1000, "@"}, {"3;4", "3;4", 3, "@"}, {"1,5", "1", 1, ","},
-        {"$FF", "$FF", 255, "@"}, {"$1E+1", "$1E", 30, "+"}, {"$", "$", 0, "@"},
-        {"$1G", "$1G", 16, "@"}, {"$0010", "$0010", 16, "@"}, {"#12", "#12", 12, "@"},
-        {"#", "#", 0, "@"}, {"#1E2", "#1E2", 100, "@"}, {"#FF", "#FF", 0, "@"},
-        {"0.1", "0.1", 0.1, "@"}, {"007", "007", 7, "@"}};
+        {"12", "12", 12, "@"},      {"1.5.3", "1.5.3", 1.5, "@"}, {"12ABC", "12ABC", 12, "@"},
+        {"1E5", "1E5", 1e5, "@"},   {"2E+3", "2E+3", 2000, "@"},  {"2E-3", "2E-3", 0.002, "@"},
+        {"2E*3", "2E*", 2, "3"},    {"2E", "2E@", 2, ""},         {"2E +3", "2E+3", 2000, "@"},
+        {"2E 3", "2E3", 2000, "@"}, {"2E++3", "2E++", 2, "3"},    {"1D+3", "1D", 1, "+"},
+        {"1D3", "1D3", 1000, "@"},  {"3;4", "3;4", 3, "@"},       {"1,5", "1", 1, ","},
+        {"$FF", "$FF", 255, "@"},   {"$1E+1", "$1E", 30, "+"},    {"$", "$", 0, "@"},
+        {"$1G", "$1G", 16, "@"},    {"$0010", "$0010", 16, "@"},  {"#12", "#12", 12, "@"},
+        {"#", "#", 0, "@"},         {"#1E2", "#1E2", 100, "@"},   {"#FF", "#FF", 0, "@"},
+        {"0.1", "0.1", 0.1, "@"},   {"007", "007", 7, "@"}};
     for (const int mode : {1, 2})
         for (const Rangee& r : rangees) {
             CAPTURE(r.formule);
@@ -191,10 +194,12 @@ TEST_CASE("reader: binary digits") {
         bool bon;
         double valeur;
     };
-    const Rangee rangees[] = {{"", true, 0},      {"0", true, 0},    {"1", true, 1},
-                              {"101", true, 5},   {"0011", true, 3}, {"12", false, 1},
-                              {"2", false, 0},    {"10 1", false, 2}, {"-1", false, 0},
-                              {"1111111111111111111111111111111111", true, 17179869183.0}};
+    const Rangee rangees[] = {
+        {"", true, 0},     {"0", true, 0},
+        {"1", true, 1},    {"101", true, 5},
+        {"0011", true, 3}, {"12", false, 1},
+        {"2", false, 0},   {"10 1", false, 2},
+        {"-1", false, 0},  {"1111111111111111111111111111111111", true, 17179869183.0}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.texte);
         double valeur = 77;

@@ -1,9 +1,10 @@
 // Tables numbered from 1: bounds, growth, what stays.
+#include "base/table.hpp"
+
 #include <doctest/doctest.h>
 
 #include <string>
 
-#include "base/table.hpp"
 #include "matrix/store.hpp"
 #include "unit/outils.hpp"
 

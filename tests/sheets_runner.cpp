@@ -1,6 +1,8 @@
 // Calculates a golden sheet and compares it byte for byte with what is expected.
-//   sheets_runner BEFORE.VXT
-// Beside it: .attendu.VXT (after), and optionally .options, .messages, .boites, .instable.
+//   sheets_runner BEFORE.VXT [FOLDER]
+// Beside it: .attendu.VXT (after), and optionally .options, .messages, .boites, .instable. With a
+// folder these stand there, and the sheet is shown as the program shows a file: without its last line
+// end.
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -82,14 +84,19 @@ int main(int argc, char** argv) {
     agrandit_pile(argv);
     if (argc < 2) return 2;
     const fs::path avant = argv[1];
-    const auto voisin = [&](const char* suffixe) { return fs::path(avant).replace_extension(suffixe); };
+    const fs::path attendus = argc > 2 ? fs::path(argv[2]) / avant.filename() : avant;
+    const auto voisin = [&](const char* suffixe) {
+        return fs::path(attendus).replace_extension(suffixe);
+    };
+    std::string texte = lit(avant);
+    if (argc > 2 && texte.ends_with("\r\n")) texte.resize(texte.size() - 2);
     const LectureOptions lecture = lis_options(mots(lit(voisin(".options"))), true);
     if (lecture.statut || !fs::exists(voisin(".attendu.VXT"))) {
         std::cout << "FAILED: no expected sheet, or bad options " << lecture.erreur << '\n';
         return 1;
     }
     const std::string attendu = lit(voisin(".attendu.VXT"));
-    calcule(lit(avant), lecture.options);
+    calcule(texte, lecture.options);
     bool juste = compare("sheet", attendu, memoire.texte);
     juste &= compare_liste("boxes", lignes(voisin(".boites")), en_utf8(memoire.boites));
     if (fs::exists(voisin(".messages")))

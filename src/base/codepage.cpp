@@ -9,7 +9,8 @@ std::string capitales(std::string_view texte) {
 
 void range_capitales(std::string& cible, std::string_view texte) {
     cible.resize(texte.size());
-    for (std::size_t i = 0; i < texte.size(); ++i) cible[i] = capitale(texte[i]);
+    char* sortie = cible.data();
+    for (const char c : texte) *sortie++ = capitale(c);
 }
 
 std::string_view sans_blancs(std::string_view texte) {

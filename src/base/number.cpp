@@ -143,6 +143,30 @@ void ajoute_entier(std::string& sortie, std::uint64_t n, int decimales) {
     }
 }
 
+constexpr int kDecimalesRapides = 6;
+constexpr std::array<double, kDecimalesRapides + 1> kPuissances10 = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+
+// Adds |x| with few decimals when one multiplication rounds as the fifteen digits do: below 10^12
+// their cut and the product's error together move the value by far less than 0.01 of the last
+// decimal, so only a value about half-way between two needs the digits. False when it does.
+bool ajoute_fixe_rapide(std::string& sortie, double absolu, int decimales) {
+    if (decimales > kDecimalesRapides) return false;
+    const double unites = absolu * kPuissances10[static_cast<std::size_t>(decimales)];
+    if (!(unites < 1e12)) return false;
+    const double entier = std::trunc(unites), reste = unites - entier;
+    if (std::fabs(reste - 0.5) <= 0.01) return false;
+    auto n = static_cast<std::uint64_t>(entier) + (reste > 0.5 ? 1 : 0);
+    std::array<char, 24> texte;
+    char* debut = texte.data() + texte.size();
+    for (int place = 0; n != 0 || place <= decimales; ++place) {
+        if (place == decimales && decimales > 0) *--debut = '.';
+        *--debut = static_cast<char>('0' + n % 10);
+        n /= 10;
+    }
+    sortie.append(debut, static_cast<std::size_t>(texte.data() + texte.size() - debut));
+    return true;
+}
+
 }  // namespace
 
 double prefixe_numerique(std::string_view texte) {
@@ -184,6 +208,7 @@ void ajoute_texte_fixe(std::string& sortie, double x, int decimales) {
         ajoute_entier(sortie, static_cast<std::uint64_t>(absolu), decimales);
         return;
     }
+    if (ajoute_fixe_rapide(sortie, absolu, decimales)) return;
     QuinzeChiffres q = quinze_chiffres(x);
     arrondit_chiffres(q, q.exposant + 1 + decimales);
     const auto chiffre = [&](int rang) {   // digit of rank 10^-rang behind the first

@@ -43,20 +43,6 @@ struct ArithmetiqueSurveillee {
     double carre(double x) { return note(::carre(x)); }
 };
 
-// Reads "," and one more argument into `registre`. Answers false when the comma is missing: the call
-// ends at once.
-bool lis_argument(double& registre) {
-    if (moteur.l_symbole != ",") {
-        affiche_erreur_formule("Manque une ,"_fr);
-        return false;
-    }
-    const std::int16_t garde = moteur.type_f;
-    lis_symbole();
-    registre = Compile_un_argument();
-    moteur.type_f = garde;
-    return true;
-}
-
 // Reads the second argument, and the third for functions of three; the first one is in l_valeur.
 bool lis_arguments(int nombre) {
     moteur.l_argument1 = moteur.l_valeur;
@@ -208,6 +194,18 @@ double compile_f() noexcept {
     else
         affiche_erreur_formule("manque )"_fr);
     return resultat;
+}
+
+bool lis_argument(double& registre) noexcept {
+    if (moteur.l_symbole != ",") {
+        affiche_erreur_formule("Manque une ,"_fr);
+        return false;
+    }
+    const std::int16_t garde = moteur.type_f;
+    lis_symbole();
+    registre = Compile_un_argument();
+    moteur.type_f = garde;
+    return true;
 }
 
 double conv_a_r(double x) noexcept {

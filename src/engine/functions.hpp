@@ -12,6 +12,10 @@ inline constexpr Procedure kCompileF{" sur compile_f"_fr, true};
 
 double compile_f() noexcept;              // value of the call whose name is in l_symbole
 
+// Reads "," and one more argument of a call into `registre`; type_f stays the call's. False, and
+// reported, when the comma is missing: the call ends at once.
+bool lis_argument(double& registre) noexcept;
+
 double conv_a_r(double x) noexcept;       // angle unit to radians
 double conv_r_a(double x) noexcept;       // radians to angle unit
 double logarithme(double x);              // natural; failure 5 at 0 and below

@@ -55,6 +55,17 @@ constexpr auto kEstSeparateur = [] {
 
 bool est_separateur(char c) { return kEstSeparateur[static_cast<unsigned char>(c)]; }
 
+// The function of a symbol that holds "AIR" anywhere, or else "INC"; 0 for none.
+int mot_du_milieu(const std::string& symbole) {
+    int rang = 0;
+    for (std::size_t i = 1; i + 1 < symbole.size(); ++i) {
+        const char avant = symbole[i - 1], c = symbole[i], apres = symbole[i + 1];
+        if (avant == 'A' && c == 'I' && apres == 'R') return kAir;
+        if (avant == 'I' && c == 'N' && apres == 'C') rang = kInc;
+    }
+    return rang;
+}
+
 // Moves the cursor to `position` (from 1). Beyond 32,767 the 16-bit cursor overflows: reading ends.
 void avance(std::size_t position) {
     if (position > static_cast<std::size_t>(kPositionMaxi)) [[unlikely]] {
@@ -121,16 +132,9 @@ bool test_fonction() noexcept {
             return true;
         }
     }
-    if (symbole.size() < 3) return false;
-    if (symbole.find("AIR") != std::string::npos) {
-        moteur.type_f = kAir;
-        return true;
-    }
-    if (symbole.find("INC") != std::string::npos) {
-        moteur.type_f = kInc;
-        return true;
-    }
-    return false;
+    const int rang = mot_du_milieu(symbole);
+    if (rang != 0) moteur.type_f = static_cast<std::int16_t>(rang);
+    return rang != 0;
 }
 
 void lis_symbole() noexcept {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -54,15 +55,7 @@ bool ecrit_tout(int fd, const std::string& contenu) {
     return true;
 }
 
-// Path behind the links, so that the file itself is replaced and not the link.
-std::string chemin_reel(const std::string& chemin) {
-    char* reel = realpath(chemin.c_str(), nullptr);
-    if (reel == nullptr) return chemin;
-    std::string resultat(reel);
-    std::free(reel);
-    return resultat;
-}
-
+// Folder part of a path.
 std::string dossier(const std::string& chemin) {
     const std::size_t barre = chemin.rfind('/');
     if (barre == std::string::npos) return ".";
@@ -73,6 +66,21 @@ std::string dossier(const std::string& chemin) {
 void fixe_nom(const std::string& chemin) {
     const Descripteur parent(open(dossier(chemin).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (parent.fd >= 0) fsync(parent.fd);
+}
+
+constexpr int kLiensMaxi = 40;   // links behind links, as the system itself allows
+
+// Path behind the links, so that the file itself is replaced and not the link; a link whose file is
+// not there yet leads to the place of that file.
+std::string chemin_reel(std::string chemin) {
+    for (int i = 0; i < kLiensMaxi; ++i) {
+        std::array<char, PATH_MAX> cible;
+        const ssize_t n = readlink(chemin.c_str(), cible.data(), cible.size());
+        if (n <= 0 || static_cast<std::size_t>(n) == cible.size()) return chemin;
+        const std::string lien(cible.data(), static_cast<std::size_t>(n));
+        chemin = lien.front() == '/' ? lien : dossier(chemin) + "/" + lien;
+    }
+    return chemin;
 }
 
 // Rights for the new file: those of the old one, or the usual ones. A file that its owner may not

@@ -149,7 +149,10 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
     if (ligne.starts_with('!') || ligne.find(", X=") != npos) return;
     Tente(kEffaceEgalite, [&] {
         const std::size_t gardee = longueur_gardee(ligne);
-        if (gardee != npos) ligne = std::string(sans_blancs(std::string_view(ligne).substr(0, gardee)));
+        if (gardee == npos) return;
+        ligne.resize(gardee);
+        const std::string_view garde = sans_blancs(ligne);
+        if (garde.size() != ligne.size()) ligne = std::string(garde);
     });
     Tente(kEffaceEgalite, [&] {
         std::string& formule = feuille.formule_ligne(numero);
@@ -160,9 +163,15 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
 
 void prepare_formule(const std::string& texte) {
     std::string& formule = moteur.p_formule;
+    const std::string_view garde = sans_blancs(texte);
+    constexpr char kCarreEcrit = "²"_fr[0];
+    if (garde.find(kCarreEcrit) == npos) {
+        range_capitales(formule, garde);
+        return;
+    }
     formule.clear();
-    for (const char c : sans_blancs(texte)) {
-        if (c == "²"_fr[0])
+    for (const char c : garde) {
+        if (c == kCarreEcrit)
             formule += "^2";
         else
             formule += capitale(c);

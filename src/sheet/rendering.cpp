@@ -42,6 +42,7 @@ constexpr std::array<MultiplePi, 6> kMultiplesPi = {{{1, 4, "Pi/4"},
 // Text of a listed multiple of Pi without its sign, or an empty text. No tolerance: a value that
 // differs in its last bit is no multiple.
 std::string_view multiple_pi(double absolu) {
+    if (absolu < moteur.pi_valeur / 4 || absolu > 2 * moteur.pi_valeur) return {};
     for (const MultiplePi& m : kMultiplesPi)
         if (absolu == m.facteur * moteur.pi_valeur / m.diviseur) return m.texte;
     return {};

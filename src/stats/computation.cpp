@@ -12,6 +12,7 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
+#include "engine/functions.hpp"
 #include "engine/grammar.hpp"
 #include "engine/reader.hpp"
 #include "stats/data.hpp"
@@ -21,7 +22,6 @@ namespace {
 constexpr Procedure kSommeX{" sur statx"_fr, true};
 constexpr Procedure kSommeXY{" sur statxy"_fr, true};
 constexpr Procedure kEcarts{" sur Resxy"_fr, true};
-constexpr Procedure kCompileF{" sur compile_f"_fr, true};
 
 // Failed distances after which ResXy gives up: each of them has shown its box.
 constexpr int kRefusMaximum = 32767;
@@ -77,22 +77,9 @@ void remplit(const Procedure& procedure, TableRepetee& table, double x, Bornes b
     });
 }
 
-// Reads "," and the argument behind it into `registre`. False, and reported, without the comma.
-bool lis_suivant(double& registre) {
-    if (moteur.l_symbole != ",") {
-        affiche_erreur_formule("Manque une ,"_fr);
-        return false;
-    }
-    const std::int16_t garde = moteur.type_f;
-    lis_symbole();
-    registre = Compile_un_argument();
-    moteur.type_f = garde;
-    return true;
-}
-
 // Reads "," and a frequency. False, and reported, when it is missing or negative.
 bool lis_effectif(double& registre) {
-    if (!lis_suivant(registre)) return false;
+    if (!lis_argument(registre)) return false;
     if (!(registre < 0)) return true;
     affiche_erreur_formule("effectif négatif"_fr);
     return false;
@@ -285,7 +272,7 @@ void compile_statx(double& resultat) noexcept {
     StatX();
     double groupes = 1;
     while (moteur.l_symbole != ")") {
-        if (!lis_suivant(moteur.l_argument1)) return;
+        if (!lis_argument(moteur.l_argument1)) return;
         if (!lis_effectif(moteur.l_argument2)) return;
         StatX();
         groupes += 1;
@@ -301,13 +288,13 @@ void compile_statx(double& resultat) noexcept {
 void compile_statxy(double& resultat) noexcept {
     resultat = 0;
     moteur.l_argument1 = moteur.l_valeur;
-    if (!lis_suivant(moteur.l_argument2)) return;
+    if (!lis_argument(moteur.l_argument2)) return;
     if (!lis_effectif(moteur.l_argument3)) return;
     met_a_zero("STNVUWP");
     statxy();
     double groupes = 1;
     while (moteur.l_symbole != ")") {
-        if (!lis_suivant(moteur.l_argument1) || !lis_suivant(moteur.l_argument2)) return;
+        if (!lis_argument(moteur.l_argument1) || !lis_argument(moteur.l_argument2)) return;
         if (!lis_effectif(moteur.l_argument3)) return;
         statxy();
         groupes += 1;

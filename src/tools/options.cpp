@@ -97,24 +97,40 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->type_name("CODAGE");
 }
 
+// What stands behind the last ": " of the library's words, up to a blank; or all of them.
+std::string fin_des_mots(const std::string& texte) {
+    const std::size_t deux_points = texte.rfind(": ");
+    const std::string fin = deux_points == std::string::npos ? texte : texte.substr(deux_points + 2);
+    return fin.substr(0, fin.find(' '));
+}
+
+// A word that no option and no sheet has taken. "-c=3" arrives as "-=3": the user is told what was
+// typed.
+std::string mots_de_trop(const std::string& texte, const std::vector<std::string>& mots) {
+    const std::string mot = fin_des_mots(texte);
+    if (mot.starts_with("-="))
+        for (const std::string& tape : mots)
+            if (tape.ends_with(mot.substr(1))) return tape + " ne prend pas de valeur";
+    return (mot.starts_with("-") ? "option inconnue : " : "une seule feuille à la fois : ") + mot;
+}
+
 // One French line for what is wrong with the command line.
-std::string mots_erreur(const CLI::ParseError& e) {
+std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>& mots) {
     const std::string texte = e.what();
+    const std::string option = texte.substr(0, texte.find(": "));
     if (dynamic_cast<const CLI::ValidationError*>(&e) != nullptr) {
         const std::size_t debut = texte.find("\xC2\xAB");   // the words of a validator
         if (debut != std::string::npos) return texte.substr(debut);
     }
-    if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) {
-        const std::size_t deux_points = texte.rfind(": ");
-        std::string mot = deux_points == std::string::npos ? texte : texte.substr(deux_points + 2);
-        mot = mot.substr(0, mot.find(' '));   // the first of several
-        return (mot.starts_with("-") ? "option inconnue : " : "une seule feuille à la fois : ") + mot;
-    }
-    if (dynamic_cast<const CLI::ArgumentMismatch*>(&e) != nullptr) {
-        const std::string option = texte.substr(0, texte.find_first_of(": "));
-        return option + " : il manque sa valeur";
-    }
-    return "ligne de commande incorrecte : " + texte;
+    if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) return mots_de_trop(texte, mots);
+    if (dynamic_cast<const CLI::ConversionError*>(&e) != nullptr)
+        return fin_des_mots(texte) + " ne prend pas de valeur";
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&e) != nullptr)
+        return option + (texte.find("received") != std::string::npos &&
+                                 texte.find("received 0") == std::string::npos
+                             ? " est donnée deux fois"
+                             : " : il manque sa valeur");
+    return "ligne de commande incorrecte";
 }
 
 }  // namespace
@@ -142,7 +158,7 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
         lecture.sortie = std::string(kVersion) + "\n";
     } catch (const CLI::ParseError& e) {
         lecture.statut = 2;
-        lecture.erreur = mots_erreur(e);
+        lecture.erreur = mots_erreur(e, mots);
     }
     return lecture;
 }

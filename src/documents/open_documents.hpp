@@ -1,19 +1,35 @@
-// The open documents. One instance, `documents`; the pass marks the current sheet as changed.
+// The open documents and the commands New, Open, Open recent, Previous, Next and Close. One instance,
+// `documents`; the commands change it, the settings table, the working copies and the text.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "base/table.hpp"
-
-inline constexpr int kDocumentsMaxi = 15;
-
-struct Document {
-    bool document_modifie = false;       // the sheet differs from its file
-};
+#include "documents/settings.hpp"
 
 struct Documents {
     std::int16_t document_courant = 1;   // number of the sheet in `txt`, 1 to nombre_document
     std::int16_t nombre_document = 1;    // open documents, 1 to 15
-    Table<Document> document{kDocumentsMaxi};
+    Table<std::string> nom_copie{kDocumentsMaxi};       // working copy of each, by document number
+    Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
+    bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
 };
 extern Documents documents;
+
+article& ligne_courante_ini();           // the current document's row
+void marque_modifie();                   // the current sheet differs from its file
+
+void InitNomRepertoire();                // nom_repertoire, at start-up
+bool dejaOuvert(const std::string& nomfic);
+void DocSuivant();
+void DocPrecedent();
+void TestRepertoire();                   // shows the document that has become current
+
+void mnuNouveauItem();
+void mnuOuvrirItem();
+void mnuOuvrirSousMenuItem(int Index);
+void mnuFichierPrecedentItem();
+void mnuFichierSuivantItem();
+void mnuFermerItem();
+void rebatit_menu_fichier();             // the fifteen items on top of the File menu

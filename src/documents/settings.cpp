@@ -1,4 +1,116 @@
-// The instance of the settings table.
+// The settings table: its default values, its records in the file, and the moves of its rows.
 #include "documents/settings.hpp"
 
+#include <array>
+
+#include "base/codepage.hpp"
+#include "documents/open_documents.hpp"
+
 Reglages reglages;
+
+namespace {
+
+constexpr std::string_view kSansTitre = "SANSTITRE.VXT";
+
+// Place of the three numbers in a record.
+constexpr std::array<std::size_t, 3> kPlaces = {kTailleNom, kTailleNom + 4, kTailleNom + 8};
+
+// Signed 32-bit integers, least significant byte first.
+std::int32_t lit_entier(std::string_view octets) {
+    std::uint32_t n = 0;
+    for (std::size_t i = 4; i > 0; --i) n = n << 8 | static_cast<unsigned char>(octets[i - 1]);
+    return static_cast<std::int32_t>(n);
+}
+
+void ecrit_entier(std::string& octets, std::int32_t valeur) {
+    auto n = static_cast<std::uint32_t>(valeur);
+    for (int i = 0; i < 4; ++i, n >>= 8) octets += static_cast<char>(n & 0xFF);
+}
+
+// The name that the file keeps of a document. A dot early in the path cuts it short, on purpose.
+std::string nom_garde(const std::string& nom) {
+    constexpr std::size_t kLongueurCoupee = 16;
+    const std::size_t point = nom.find('.');
+    if (point == std::string::npos || point + 4 >= kLongueurCoupee) return nom;
+    return nom.substr(0, point + 4);
+}
+
+article ligne_libre(std::int32_t debut) { return {reglages.nom_sanstitre, debut, 0, 1}; }
+
+}  // namespace
+
+void reglages_par_defaut() {
+    auto& table = reglages.table_ini;
+    for (int rang = 1; rang <= kDocumentsMaxi; ++rang)
+        table(rang) = {std::string(kSansTitre), 0, 0, 1};
+    table(kLigneNombres) = {"", 1, 2, 2};
+    table(kLigneAngle) = {"", 1, 0, 0};
+    table(kLigneAffichage) = {};
+    table(kLignePolice) = {"Courier", 15, 0, 0};
+    table(kLigneTaille) = {"15", 0, 0, 0};
+    table(kLignePoliceImprimante) = {"Arial", 0, 0, 0};
+    table(kLigneTailleImprimante) = {"16", 0, 0, 0};
+}
+
+std::string enregistrements(const Table<article>& table) {
+    std::string octets;
+    octets.reserve(table.taille() * kTailleEnregistrement);
+    for (const article& ligne : table) {
+        std::string nom = ligne.nom;
+        nom.resize(kTailleNom, ' ');
+        octets += nom;
+        for (const std::int32_t champ : {ligne.champ1, ligne.champ2, ligne.champ3})
+            ecrit_entier(octets, champ);
+    }
+    return octets;
+}
+
+void lit_enregistrements(std::string_view octets, Table<article>& table) {
+    for (article& ligne : table) {
+        if (octets.size() < kTailleEnregistrement) return;
+        ligne.nom = sans_blancs(octets.substr(0, kTailleNom));
+        ligne.champ1 = lit_entier(octets.substr(kPlaces[0]));
+        ligne.champ2 = lit_entier(octets.substr(kPlaces[1]));
+        ligne.champ3 = lit_entier(octets.substr(kPlaces[2]));
+        octets.remove_prefix(kTailleEnregistrement);
+    }
+}
+
+Table<article> lignes_a_garder() {
+    Table<article> gardees = reglages.table_ini;
+    int n = 0;
+    for (int rang = 1; rang <= kDocumentsMaxi; ++rang) {
+        const article& ligne = reglages.table_ini(rang);
+        if (ligne.nom == reglages.nom_sanstitre) continue;
+        gardees(++n) = {nom_garde(ligne.nom), ligne.champ1, ligne.champ2, ligne.champ3};
+    }
+    // A free row of the file has its selection start at 1, unlike those of the table.
+    while (n < kDocumentsMaxi) gardees(++n) = ligne_libre(1);
+    return gardees;
+}
+
+void range_ini(std::string_view nomfic) {
+    if (sans_blancs(nomfic).empty()) return;
+    const std::string cherche = capitales(nomfic);
+    for (int rang = 1; rang <= kDocumentsMaxi; ++rang) {
+        if (capitales(reglages.table_ini(rang).nom) != cherche) continue;
+        if (rang == documents.document_courant) return;
+        reglages.article_courant = reglages.table_ini(rang);
+        efface_nomdoc(rang);
+        break;
+    }
+    insert_nomdoc(documents.document_courant);
+}
+
+void efface_nomdoc(int rang) {
+    auto& table = reglages.table_ini;
+    for (int i = rang; i < kDocumentsMaxi; ++i) table(i) = table(i + 1);
+    table(kDocumentsMaxi) = reglages.article_vide;
+    table(kDocumentsMaxi).nom = reglages.nom_sanstitre;
+}
+
+void insert_nomdoc(int rang) {
+    auto& table = reglages.table_ini;
+    for (int i = kDocumentsMaxi; i > rang; --i) table(i) = table(i - 1);
+    table(rang) = reglages.article_courant;
+}

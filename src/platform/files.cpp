@@ -1,15 +1,24 @@
-// Real files on a POSIX system, read and replaced whole. Changes no state of the core.
+// Real files on a POSIX system, read, replaced and listed. Changes no state of the core but the
+// port's file slots.
 #include "platform/files.hpp"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <vector>
 
+#include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "platform/platform.hpp"
 
 namespace {
 
@@ -51,6 +60,12 @@ std::string dossier(const std::string& chemin) {
     const std::size_t barre = chemin.rfind('/');
     if (barre == std::string::npos) return ".";
     return barre == 0 ? "/" : chemin.substr(0, barre);
+}
+
+// Flushes the folder of a file to the disk, so that a new name survives a power cut.
+void fixe_nom(const std::string& chemin) {
+    const Descripteur parent(open(dossier(chemin).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (parent.fd >= 0) fsync(parent.fd);
 }
 
 constexpr int kLiensMaxi = 40;   // links behind links, as the system itself allows
@@ -112,7 +127,8 @@ ResultatFichier remplace_fichier(const std::string& chemin, const std::string& c
     const std::string cible = chemin_reel(chemin);
     mode_t mode = 0;
     if (const int refus = droits(cible, mode); refus != 0) return refus;
-    std::string voisin = cible + ".XXXXXX";
+    // A name of its own: one made longer could pass the limit that the file's name keeps.
+    std::string voisin = dossier(cible) + "/.voxtab.XXXXXX";
     Descripteur fichier(mkostemp(voisin.data(), O_CLOEXEC));
     if (fichier.fd < 0) return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
     const bool ecrit = ecrit_tout(fichier.fd, contenu) && fchmod(fichier.fd, mode) == 0 &&
@@ -122,7 +138,123 @@ ResultatFichier remplace_fichier(const std::string& chemin, const std::string& c
         unlink(voisin.c_str());
         return numero_erreur(erreur);
     }
-    const Descripteur parent(open(dossier(cible).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (parent.fd >= 0) fsync(parent.fd);   // the new name survives a power cut
+    fixe_nom(cible);
     return 0;
+}
+
+namespace {
+
+using Chemin = const std::string&;   // Windows-1252
+
+// What lies at a path of the system: false when there is nothing.
+bool etat(const std::string& reel, struct stat& sortie) {
+    return stat(reel.c_str(), &sortie) == 0;
+}
+
+bool est_dossier(const std::string& reel) {
+    struct stat s {};
+    return etat(reel, s) && S_ISDIR(s.st_mode);
+}
+
+// The failure of an operation on a file that should be there: an absent folder is told as such.
+int numero_absence(const std::string& reel, int numero) {
+    return numero == kFichierAbsent && !est_dossier(dossier(reel)) ? kDossierAbsent : numero;
+}
+
+bool existe(Chemin chemin) {
+    struct stat s {};
+    return etat(vers_utf8(chemin), s) && !S_ISDIR(s.st_mode);
+}
+
+bool existe_dossier(Chemin chemin) { return est_dossier(vers_utf8(chemin)); }
+
+int lit(Chemin chemin, std::string& contenu) {
+    const std::string reel = vers_utf8(chemin);
+    return numero_absence(reel, lit_fichier(reel, contenu));
+}
+
+int remplace(Chemin chemin, const std::string& contenu) {
+    return remplace_fichier(vers_utf8(chemin), contenu);
+}
+
+int copie(Chemin source, Chemin destination) {
+    std::string contenu;
+    const int refus = lit(source, contenu);
+    return refus != 0 ? refus : remplace(destination, contenu);
+}
+
+// A move to another disk: the copy is whole before the first file goes.
+int deplace_loin(Chemin source, Chemin destination) {
+    if (const int refus = copie(source, destination); refus != 0) return refus;
+    return unlink(vers_utf8(source).c_str()) == 0 ? 0 : numero_erreur(errno);
+}
+
+int deplace(Chemin source, Chemin destination) {
+    const std::string de = vers_utf8(source);
+    const std::string vers = vers_utf8(destination);
+    struct stat ici {}, la {};
+    if (!etat(de, ici)) return numero_absence(de, numero_erreur(errno));
+    const bool occupe = etat(vers, la);
+    const bool lui_meme = occupe && ici.st_dev == la.st_dev && ici.st_ino == la.st_ino;
+    if (S_ISDIR(ici.st_mode) || lui_meme) return kAccesFichier;
+    if (rename(de.c_str(), vers.c_str()) == 0) {
+        fixe_nom(vers);
+        return 0;
+    }
+    if (errno == EXDEV) return deplace_loin(source, destination);
+    return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
+}
+
+int efface(Chemin chemin) {
+    const std::string reel = vers_utf8(chemin);
+    if (unlink(reel.c_str()) == 0) return 0;
+    return numero_absence(reel, numero_erreur(errno));
+}
+
+int cree_dossier(Chemin chemin) {
+    if (mkdir(vers_utf8(chemin).c_str(), 0777) == 0) return 0;
+    return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
+}
+
+// The alphabetical order: by capitals, then by the names themselves.
+void range_noms(std::vector<std::string>& noms) {
+    std::sort(noms.begin(), noms.end(), [](const std::string& a, const std::string& b) {
+        const std::string grand_a = capitales(a), grand_b = capitales(b);
+        return grand_a != grand_b ? grand_a < grand_b : a < b;
+    });
+}
+
+// The names in a folder, either its files or its folders.
+int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
+    noms.clear();
+    const std::unique_ptr<DIR, int (*)(DIR*)> ouvert(opendir(vers_utf8(chemin).c_str()), closedir);
+    if (!ouvert) return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
+    for (;;) {
+        errno = 0;
+        const dirent* entree = readdir(ouvert.get());
+        if (entree == nullptr) break;
+        const std::string nom = entree->d_name;
+        struct stat s {};
+        if (nom == "." || nom == ".." || fstatat(dirfd(ouvert.get()), nom.c_str(), &s, 0) != 0 ||
+            S_ISDIR(s.st_mode) != dossiers)
+            continue;
+        if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));
+    }
+    if (errno != 0) return numero_erreur(errno);
+    range_noms(noms);
+    return 0;
+}
+
+int liste_fichiers(Chemin dossier_lu, std::vector<std::string>& noms) {
+    return liste(dossier_lu, noms, false);
+}
+int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
+    return liste(dossier_lu, noms, true);
+}
+
+}  // namespace
+
+void installe_fichiers_reels() {
+    port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,
+                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers};
 }

@@ -1,4 +1,5 @@
-// Real files, read and replaced whole. Paths are the system's, in its own bytes.
+// Real files, read and replaced whole. The procedures take paths in the system's own bytes; the
+// port's filler takes them in Windows-1252, as the core writes them.
 #pragma once
 
 #include <string>
@@ -17,3 +18,8 @@ ResultatFichier verifie_ecriture(const std::string& chemin);
 // the old one or the new one, never half of it. The new file keeps the rights of the old one, and a
 // link keeps pointing where it did.
 ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu);
+
+// Puts the real files in the port. Lists are alphabetical, case ignored; a name that the code page
+// can't write is left out of them. A move of a file onto itself is refused; another file that bears
+// the name gives way.
+void installe_fichiers_reels();

@@ -1,24 +1,62 @@
 // The filler none: every slot is harmless. It is what the port holds before another is installed.
+#include "base/failure.hpp"
 #include "platform/platform.hpp"
 
 namespace {
 
 const std::string kTexteVide;
 
-const std::string& texte_vide() { return kTexteVide; }
-void ignore_texte(std::string&&) {}
-std::size_t zero() { return 0; }
-void ignore_selection(std::size_t, std::size_t) {}
-void ignore(std::string_view) {}
-bool annule(std::string_view, std::string_view, std::string&) { return false; }
-void silence() {}
-std::uint64_t graine_fixe() { return 1; }
-bool jamais() { return false; }
+constexpr PortTexte kTexte{[]() -> const std::string& { return kTexteVide; },
+                           [](std::string&&) {},
+                           []() -> std::size_t { return 0; },
+                           []() -> std::size_t { return 0; },
+                           [](std::size_t, std::size_t) {}};
 
-constexpr Port kPortVide{{texte_vide, ignore_texte, zero, zero, ignore_selection},
-                         {ignore, annule, silence},
-                         {ignore},
-                         {graine_fixe, jamais, nullptr}};
+constexpr PortBoites kBoites{[](std::string_view) {},
+                             [](std::string_view) { return false; },
+                             [](std::string_view) { return Reponse::annuler; },
+                             [](std::string_view, std::string_view, std::string&) { return false; },
+                             [] {}};
+
+using Chemin = const std::string&;
+constexpr PortFichiers kFichiers{
+    [](Chemin) { return false; },
+    [](Chemin) { return false; },
+    [](Chemin, std::string&) -> int { return kFichierAbsent; },
+    [](Chemin, Chemin) -> int { return kAccesFichier; },
+    [](Chemin, Chemin) -> int { return kAccesFichier; },
+    [](Chemin, Chemin) -> int { return kAccesFichier; },
+    [](Chemin) -> int { return kFichierAbsent; },
+    [](Chemin) -> int { return kAccesFichier; },
+    [](Chemin, std::vector<std::string>&) -> int { return kDossierAbsent; },
+    [](Chemin, std::vector<std::string>&) -> int { return kDossierAbsent; }};
+
+using Mots = std::string_view;
+constexpr PortDialogues kDialogues{[](std::string&, Mots, Mots) { return false; },
+                                   [](std::string&, Mots, Mots) { return false; },
+                                   [](std::string&, double&, bool) { return false; },
+                                   [] { return false; }};
+
+constexpr PortFenetre kFenetre{[] {}, [] {},
+                               [](int& largeur, int& hauteur) { largeur = hauteur = 0; }};
+
+constexpr PortSysteme kSysteme{[]() -> std::uint64_t { return 1; },
+                               [] { return std::string(); },
+                               [] { return std::string(); },
+                               [] { return std::string(); },
+                               '\\',
+                               [] { return false; },
+                               nullptr};
+
+constexpr Port kPortVide{
+    kTexte,
+    kBoites,
+    {[](std::string_view) {}},
+    kFichiers,
+    kDialogues,
+    {[](Chemin, Chemin, double) -> int { return kAccesFichier; }},
+    kFenetre,
+    kSysteme};
 
 }  // namespace
 

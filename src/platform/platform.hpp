@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The multi-line text control `txt`.
 struct PortTexte {
@@ -18,9 +19,13 @@ struct PortTexte {
     void (*pose_selection)(std::size_t debut, std::size_t longueur);
 };
 
+enum class Reponse { oui, non, annuler };
+
 // What stops the user, and the beep. A box waits until it is closed.
 struct PortBoites {
     void (*boite)(std::string_view texte);                      // one OK button
+    bool (*oui_non)(std::string_view texte);                    // Yes and No; true for Yes
+    Reponse (*oui_non_annuler)(std::string_view texte);         // Yes, No and Cancel
     // Entry box with one line; false on Cancel.
     bool (*saisie)(std::string_view invite, std::string_view propose, std::string& reponse);
     void (*bip)();
@@ -31,9 +36,49 @@ struct PortMessage {
     void (*etiquette)(std::string_view texte);
 };
 
+// Files and folders. Paths are Windows-1252 with the system's separators; a path of a folder may end
+// in one or not. Each int is 0, or the number of the failure: 53 absent, 61 disk full, 75 no access,
+// 76 folder absent.
+struct PortFichiers {
+    bool (*existe)(const std::string& chemin);                  // a file, hidden ones too; no folder
+    bool (*existe_dossier)(const std::string& chemin);
+    int (*lit)(const std::string& chemin, std::string& contenu);
+    int (*remplace)(const std::string& chemin, const std::string& contenu);   // old or new, whole
+    int (*copie)(const std::string& source, const std::string& destination);  // replaces, whole
+    int (*deplace)(const std::string& source, const std::string& destination);
+    int (*efface)(const std::string& chemin);
+    int (*cree_dossier)(const std::string& chemin);
+    int (*liste_fichiers)(const std::string& dossier, std::vector<std::string>& noms);
+    int (*liste_dossiers)(const std::string& dossier, std::vector<std::string>& noms);
+};
+
+// The file dialog, the font dialog and the printer dialog; each answers false on Cancel.
+struct PortDialogues {
+    bool (*ouvre)(std::string& nom, std::string_view filtre, std::string_view extension);
+    bool (*enregistre)(std::string& nom, std::string_view filtre, std::string_view extension);
+    bool (*police)(std::string& nom, double& taille, bool imprimante);
+    bool (*imprimante)();
+};
+
+// The printer: sends the text as one print call in that font and ends the document. 0 or a failure.
+struct PortImprimante {
+    int (*imprime)(const std::string& texte, const std::string& police, double taille);
+};
+
+// The window that mirrors the shell's data (src/shell/window.hpp).
+struct PortFenetre {
+    void (*montre)();                                           // the data has changed: show it
+    void (*termine)();                                          // the program ends
+    void (*taille_ecran)(int& largeur, int& hauteur);           // of the screen, in twips
+};
+
 // The surroundings of the computation.
 struct PortSysteme {
     std::uint64_t (*graine)();                                  // seed from the clock
+    std::string (*dossier_programme)();                         // folder of the program's own files
+    std::string (*dossier_courant)();
+    std::string (*ligne_commande)();                            // what follows the program's name
+    char separateur;                                            // '\\' or '/'
     bool (*interrompu)();                                       // the user gives up a long sum
     // Lowest address that the stack may reach, or nullptr when it isn't known: below it a recursion
     // must end with failure 28.
@@ -44,6 +89,10 @@ struct Port {
     PortTexte texte;
     PortBoites boites;
     PortMessage message;
+    PortFichiers fichiers;
+    PortDialogues dialogues;
+    PortImprimante imprimante;
+    PortFenetre fenetre;
     PortSysteme systeme;
 };
 

@@ -42,7 +42,7 @@ void additionne_lignes(std::int16_t derniere) {
 }  // namespace
 
 void calcul_colonne() {
-    if (annonce_aide("calcul de toutes les lignes en colonne"_fr)) return;
+    if (annonce_item("mnuCalculColonneItem")) return;
     if (port.texte.texte().empty()) return;
     feuille.calcul_en_colonne = true;
     recalcul();

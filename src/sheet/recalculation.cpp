@@ -370,8 +370,7 @@ bool ouvre_tables(const std::string& texte) {
 void termine(const Passe& p) {
     if (p.texte_complet) port.texte.pose_texte(std::move(feuille.texte_reconstruit));
     feuille.texte_reconstruit.clear();
-    Tente(kRecalcul,
-          [] { documents.document(documents.document_courant).document_modifie = true; });
+    Tente(kRecalcul, [] { marque_modifie(); });
     const Etendue ligne = etendue_ligne(p.ligne_curseur);
     port.texte.pose_selection(ligne.fin, 0);
     Tente(kRecalcul, [&] {
@@ -396,7 +395,7 @@ void parcourt(const std::string& texte, Passe& p) {
 }  // namespace
 
 void recalcul() noexcept {
-    if (annonce_aide("calcul de la feuille"_fr)) return;
+    if (annonce_item("mnuCalculItem")) return;
     feuille.passe_refusee = false;
     if (port.texte.texte().empty()) return;
     moteur.erreur_formule = false;

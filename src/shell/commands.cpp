@@ -1,86 +1,117 @@
-// The calculation and number-mode commands. Change the modes, the settings table and, through the
-// pass, the sheet.
+// The table of all commands, and the calculation commands. Change the sheet through the pass.
 #include "shell/commands.hpp"
 
 #include <array>
 #include <cstdint>
-#include <string>
 
-#include "base/codepage.hpp"
-#include "base/failure.hpp"
-#include "base/number.hpp"
-#include "documents/settings.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/printing.hpp"
+#include "documents/saving.hpp"
+#include "documents/startup.hpp"
 #include "editing/lines.hpp"
-#include "engine/context.hpp"
+#include "editing/search.hpp"
+#include "editing/words.hpp"
 #include "platform/platform.hpp"
+#include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/message.hpp"
-#include "shell/status.hpp"
+#include "shell/options.hpp"
+#include "shell/views.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/sheet.hpp"
 
 namespace {
 
-// A failure that no procedure has caught ends the command: the box has the number alone, twice.
-constexpr Procedure kCommande{"", false};
-
-constexpr int kDecimalesRefusees = 101;
-
-// Stores the modes of the moment in the settings table. The hexadecimal mode leaves the decimal form
-// alone, and it isn't stored again.
-void note_modes(bool avec_affichage) {
-    article& nombres = reglages.table_ini(kLigneNombres);
-    nombres.champ1 = modes.mode_nombre;
-    if (avec_affichage) nombres.champ3 = modes.mode_affichage;
-}
-
-// A number-mode command: its words are said first, in key-help mode they are all that it does.
-void change_mode(std::string_view mots, std::int16_t nombre, std::int16_t affichage) {
-    dit(mots);
-    if (aide.aide_touche) {
-        aide.aide_touche_traitee = true;
-        return;
-    }
-    modes.mode_nombre = nombre;
-    if (affichage != 0) modes.mode_affichage = affichage;
-    note_modes(affichage != 0);
-    recalcul();
-    AfficheStatus();
-}
-
-// Takes one answer for the decimals; one that fits no integer is told and leaves `nombre` as it was.
-// True when it was refused as too large and must be asked again.
-bool prend_decimales(const std::string& reponse, std::int16_t& nombre) {
-    Tente(kCommande, [&] { nombre = vers_16_arrondi(prefixe_numerique(reponse)); });
-    if (nombre >= kDecimalesRefusees) {
-        port.boites.boite("nombre de décimal maximum est de 100"_fr);
-        return true;
-    }
-    modes.nombre_decimal = nombre;
-    reglages.table_ini(kLigneNombres).champ2 = nombre;
-    recalcul();
-    return false;
-}
-
 struct Commande {
     std::string_view nom;
     void (*execute)();
 };
-constexpr std::array kCommandes = {
-    Commande{"recalcul", [] { recalcul(); }},
-    Commande{"calcul_colonne", calcul_colonne},
+
+// The items of the menus, in the order of the tree.
+constexpr std::array kItems = {
+    Commande{"mnuNouveauItem", mnuNouveauItem},
+    Commande{"mnuOuvrirItem", mnuOuvrirItem},
+    Commande{"mnuFichierPrecedentItem", mnuFichierPrecedentItem},
+    Commande{"mnuFichierSuivantItem", mnuFichierSuivantItem},
+    Commande{"mnuEnregistrerItem", mnuEnregistrerItem},
+    Commande{"mnuEnregistrerSousItem", mnuEnregistrerSousItem},
+    Commande{"mnuFermerItem", mnuFermerItem},
+    Commande{"mnuImprimer", mnuImprimer},
+    Commande{"mnuParametreImprimer", mnuParametreImprimer},
+    Commande{"mnuQuitterItem", quitter},
+
     Commande{"mnuCalculItem", mnuCalculItem},
     Commande{"mnuCalculColonneItem", mnuCalculColonneItem},
+    Commande{"mnumodifLigneItem", mnumodifLigneItem},
+    Commande{"mnumodifLigneSansDialItem", mnumodifLigneSansDialItem},
+    Commande{"mnumodifTexteItem", mnumodifTexteItem},
+    Commande{"mnuEffaceMotItem", mnuEffaceMotItem},
+
     Commande{"MnuParleResultatItem", MnuParleResultatItem},
+    Commande{"mnuFonctionItem", AfficheFonction},
+    Commande{"mnuTabulationAvantItem", mnuTabulationAvantItem},
+    Commande{"mnuTabulationArriereItem", mnuTabulationArriereItem},
+    Commande{"mnuChaineGaucheItem", mnuChaineGaucheItem},
+    Commande{"mnuChaineDroiteItem", mnuChaineDroiteItem},
+    Commande{"mnuPoseRepereItem", mnuPoseRepereItem},
+    Commande{"mnuRepereItem", mnuRepereItem},
+    Commande{"mnuXYItem", mnuXYItem},
+    Commande{"mnuNumeroLigneItem", mnuNumeroLigneItem},
+    Commande{"mnuSelectionToutItem", mnuSelectionToutItem},
+
+    Commande{"mnuRechercherDebutItem", mnuRechercherDebutItem},
+    Commande{"mnuRechercherCurseurItem", mnuRechercherCurseurItem},
+    Commande{"mnuRechercherArriereItem", mnuRechercherArriereItem},
+    Commande{"mnuRechercherPrecedentItem", mnuRechercherPrecedentItem},
+    Commande{"mnuRechercherSuivantItem", mnuRechercherSuivantItem},
+
     Commande{"mnuEntierItem", mnuEntierItem},
     Commande{"mnuFlottantItem", mnuFlottantItem},
     Commande{"mnuPuissanceItem", mnuPuissanceItem},
     Commande{"mnuHexaItem", mnuHexaItem},
+    Commande{"mnuAngleItem", mnuAngleItem},
     Commande{"mnuNombreDecimalItem", mnuNombreDecimalItem},
+    Commande{"mnuDerniereFeuilleItem", mnuDerniereFeuilleItem},
     Commande{"mnuColonneMatrice", mnuColonneMatrice},
     Commande{"mnuLigneStat", mnuLigneStat},
+    Commande{"mnuCouleurEcran", mnuCouleurEcran},
+    Commande{"mnuPoliceEcran", mnuPoliceEcran},
+    Commande{"mnuPoliceImprimante", mnuPoliceImprimante},
+
+    Commande{"mnuAideToucheItem", mnuAideToucheItem},
+    Commande{"mnuAideTxtItem", mnuAideTxtItem},
+    Commande{"mnuApropos", mnuApropos},
 };
+
+// The buttons, and the procedures that a key or another command calls.
+constexpr std::array kAutres = {
+    Commande{"CmdAngle", CmdAngle},
+    Commande{"CmdVoxtab", CmdVoxtab},
+    Commande{"CmdModifTexte", CmdModifTexte},
+    Commande{"CmdQuitter", CmdQuitter},
+    Commande{"recalcul", [] { recalcul(); }},
+    Commande{"calcul_colonne", calcul_colonne},
+    Commande{"chaineGAUCHE", chaineGAUCHE},
+    Commande{"chainedroite", chainedroite},
+    Commande{"modifTexte", modifTexte},
+    Commande{"AfficheFonction", AfficheFonction},
+    Commande{"RangeFonction", RangeFonction},
+    Commande{"RetourListe", RetourListe},
+    Commande{"enregistrersous", [] { enregistrersous(); }},
+    Commande{"quitter", quitter},
+};
+
+// Runs the command of that name if it is in the table.
+template <std::size_t N>
+bool execute_dans(const std::array<Commande, N>& table, std::string_view nom) {
+    for (const Commande& commande : table) {
+        if (commande.nom != nom) continue;
+        Tente(kCommande, commande.execute);
+        return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -88,47 +119,12 @@ void mnuCalculItem() { recalcul(); }
 void mnuCalculColonneItem() { calcul_colonne(); }
 
 void MnuParleResultatItem() {
-    if (annonce_aide("Resultat de la ligne"_fr)) return;
+    if (annonce_item("MnuParleResultatItem")) return;
     const std::int16_t numero = NumeroTxt(port.texte.sel_start());
     if (feuille.nombre_ligne < 1 || numero > feuille.nombre_ligne) return;
     dit(feuille.resultat_ligne(numero));
 }
 
-void mnuEntierItem() { change_mode("Entier"_fr, 1, 1); }
-void mnuFlottantItem() { change_mode("Flottant"_fr, 1, 2); }
-void mnuPuissanceItem() { change_mode("Flottant en puissance de 10"_fr, 1, 3); }
-void mnuHexaItem() { change_mode("Hexadécimal"_fr, 2, 0); }
-
-void mnuNombreDecimalItem() {
-    if (annonce_aide("nombre de décimal"_fr)) return;
-    std::int16_t nombre = 0;
-    bool encore = true;
-    while (encore) {
-        std::string reponse;
-        if (!port.boites.saisie("Nombre de décimal"_fr, chiffres(modes.nombre_decimal), reponse) ||
-            reponse.empty())
-            return;
-        encore = prend_decimales(reponse, nombre);
-    }
-}
-
-void mnuColonneMatrice() {
-    std::int32_t& colonne = reglages.table_ini(kLigneAffichage).champ1;
-    colonne = colonne != 1 ? 1 : 0;
-    dit(colonne == 1 ? "en colonne"_fr : "en ligne"_fr);
-}
-
-void mnuLigneStat() {
-    std::int32_t& restreint = reglages.table_ini(kLigneAffichage).champ2;
-    restreint = restreint != 0 ? 0 : 1;
-    dit(restreint == 1 ? "affichage restreint"_fr : "affichage complet"_fr);
-}
-
 bool execute_commande(std::string_view nom) {
-    for (const Commande& commande : kCommandes) {
-        if (commande.nom != nom) continue;
-        Tente(kCommande, commande.execute);
-        return true;
-    }
-    return false;
+    return execute_dans(kItems, nom) || execute_dans(kAutres, nom);
 }

@@ -1,19 +1,17 @@
-// The commands, by the names of their menu items. Each runs to its end, says what it does in
-// key-help mode, and reports a failure that nothing on its way has caught.
+// The commands, by the names of their menu items, buttons and editing procedures. Each runs to its
+// end, says what it does in key-help mode, and a failure that nothing on its way has caught ends it.
 #pragma once
 
 #include <string_view>
 
+#include "base/failure.hpp"
+
+// A failure that no procedure has caught ends the command: the box has the number alone, twice.
+inline constexpr Procedure kCommande{"", false};
+
 void mnuCalculItem();            // the sheet
 void mnuCalculColonneItem();     // the sheet and the total of its lines
 void MnuParleResultatItem();     // says the result of the line under the cursor
-void mnuEntierItem();            // number modes: the sheet is calculated again
-void mnuFlottantItem();
-void mnuPuissanceItem();
-void mnuHexaItem();
-void mnuNombreDecimalItem();     // asks for the decimals shown
-void mnuColonneMatrice();        // matrices in line or in column, from the next calculation on
-void mnuLigneStat();             // statistics complete or restricted, from the next calculation on
 
 // Runs the command of that name. False when there is none.
 bool execute_commande(std::string_view nom);

@@ -1,13 +1,16 @@
 // Key-help mode: the instance of its flags and the announcement of a command.
 #include "shell/help_mode.hpp"
 
+#include "shell/menu_table.hpp"
 #include "shell/message.hpp"
 
 Aide aide;
 
-bool annonce_aide(std::string_view mots) {
+bool annonce_item(std::string_view nom) {
     if (!aide.aide_touche) return false;
-    dit(mots);
+    const LigneMenu* ligne = ligne_menu(nom);
+    if (ligne == nullptr || ligne->mots_aide.empty()) return false;
+    dit(ligne->mots_aide);
     aide.aide_touche_traitee = true;
     return true;
 }

@@ -9,5 +9,6 @@ struct Aide {
 };
 extern Aide aide;
 
-// In key-help mode says `mots`, notes that the key was handled and answers true: the command ends.
-bool annonce_aide(std::string_view mots);
+// In key-help mode says the words of that menu item, notes that the key was handled and answers true:
+// the command ends. An item without words acts in key-help mode too.
+bool annonce_item(std::string_view nom);

@@ -1,14 +1,20 @@
 // Every subsystem back at its initial state. Changes them all; the port stays as it was installed.
 #include "shell/reset.hpp"
 
+#include "documents/dialog.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/settings.hpp"
+#include "editing/search.hpp"
+#include "editing/words.hpp"
 #include "engine/context.hpp"
 #include "matrix/definition.hpp"
 #include "matrix/store.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/message.hpp"
 #include "sheet/sheet.hpp"
+#include "shell/colours.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/menu_table.hpp"
+#include "shell/message.hpp"
+#include "shell/window.hpp"
 #include "stats/data.hpp"
 
 void reinitialise_tout() {
@@ -20,5 +26,11 @@ void reinitialise_tout() {
     ligne_message = LigneMessage{};
     reglages = Reglages{};
     documents = Documents{};
+    dlg = Dlg{};
+    recherche = Recherche{};
+    caracteres = Caracteres{};
     aide = Aide{};
+    couleurs = Couleurs{};
+    fenetre = Fenetre{};
+    reinitialise_menus();
 }

@@ -1,6 +1,36 @@
-// What a change of sheet or of number mode brings: the variables are cleared.
+// Title, panels and File menu after a change of sheet or of number mode; the variables are cleared.
 #include "shell/status.hpp"
 
-#include "engine/identifiers.hpp"
+#include <string>
+#include <string_view>
 
-void AfficheStatus() { razVar(); }
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/open_documents.hpp"
+#include "engine/context.hpp"
+#include "engine/identifiers.hpp"
+#include "shell/window.hpp"
+
+namespace {
+
+// In hexadecimal the decimal form isn't looked at.
+std::string_view mots_nombre() {
+    if (modes.mode_nombre == 2) return "Hexadécimal"_fr;
+    if (modes.mode_affichage == 2) return "Flottant"_fr;
+    return modes.mode_affichage == 3 ? "Puissance 10"_fr : "Entier"_fr;
+}
+
+std::string_view mots_angle() {
+    if (modes.unite_angle == 1) return "Degré"_fr;
+    return modes.unite_angle == 2 ? "Radian"_fr : "Grade"_fr;
+}
+
+}  // namespace
+
+void AfficheStatus() {
+    (fenetre.titre = "VOXTAB ") += sans_blancs(ligne_courante_ini().nom);
+    ((fenetre.panneaux[0] = mots_nombre()) += ' ') += mots_angle();
+    fenetre.panneaux[1] = "feuille " + chiffres(documents.document_courant);
+    rebatit_menu_fichier();
+    razVar();
+}

@@ -1,6 +1,7 @@
-// What a change of sheet or of number mode brings. Changes the context.
+// What a change of sheet or of number mode brings. Changes the title, the panels, the File menu and
+// the context.
 #pragma once
 
-// Clears the variables and the results kept of the last pass: after a change of mode or of sheet no
-// value can be trusted until the next calculation.
+// Shows the name of the sheet, its number, the number mode and the angle unit, rebuilds the File
+// menu, and clears the variables: no value can be trusted until the next calculation.
 void AfficheStatus();

@@ -56,10 +56,10 @@ TEST_CASE("message: no two labels in a row are the same") {
 }
 
 TEST_CASE("message: key help says the command's words and notes that it did") {
-    CHECK_FALSE(annonce_aide("calcul de la feuille"));
+    CHECK_FALSE(annonce_item("mnuCalculItem"));
     CHECK(messages().empty());
     aide.aide_touche = true;
-    CHECK(annonce_aide("calcul de la feuille"));
+    CHECK(annonce_item("mnuCalculItem"));
     CHECK(aide.aide_touche_traitee);
     CHECK(messages() == Textes{"calcul de la feuille"});
 }

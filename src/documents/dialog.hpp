@@ -1,0 +1,16 @@
+// What the file, font and printer dialogs share. One instance, `dlg`; start-up prepares it, each
+// command that shows a dialog sets its part first.
+#pragma once
+
+#include <string>
+
+struct Dlg {
+    std::string extension;                // default extension, "VXT"
+    std::string filtre;                   // kinds of files offered, pairs of caption and pattern
+    std::string nom_fichier;              // path proposed, then the path chosen
+    std::string police_nom;               // font proposed, then chosen
+    double police_taille = 0;             // its size, points
+    bool annulation_defaillance = false;  // Cancel is a failure: set by the first file or font
+                                          // dialog and never cleared, on purpose
+};
+extern Dlg dlg;

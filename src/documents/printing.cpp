@@ -1,0 +1,39 @@
+// Printing: the text of the sheet with its margin, in the printer font of the settings.
+#include "documents/printing.hpp"
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/dialog.hpp"
+#include "documents/failures.hpp"
+#include "documents/settings.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+
+namespace {
+
+constexpr std::string_view kMarge = "     ";
+
+}  // namespace
+
+std::string texte_imprime(std::string_view texte) {
+    std::string sortie(kMarge);
+    for (const char c : texte) {
+        sortie += c;
+        if (c == '\n') sortie += kMarge;
+    }
+    sortie += '\f';
+    return sortie;
+}
+
+void mnuImprimer() {
+    if (annonce_item("mnuImprimer")) return;
+    const std::string texte = texte_imprime(port.texte.texte());
+    const std::string police(sans_blancs(reglages.table_ini(kLignePoliceImprimante).nom));
+    const double taille = prefixe_numerique(reglages.table_ini(kLigneTailleImprimante).nom);
+    reussit(port.imprimante.imprime(texte, police, taille));
+}
+
+void mnuParametreImprimer() {
+    // Once a file or a font dialog was shown, Cancel is a failure that nothing catches, on purpose.
+    if (!port.dialogues.imprimante() && dlg.annulation_defaillance) echoue(kAnnulation);
+}

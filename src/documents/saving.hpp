@@ -1,0 +1,10 @@
+// Saving: the backup, the save under the same or another name, the question before a sheet is lost.
+// Change files, the settings table and the documents.
+#pragma once
+
+void sauvebak();                 // the current document's file to its backup; a failed copy passes
+void rangefichier();             // saves under its own name; failures go up
+bool enregistrersous() noexcept; // saves under a chosen name; false when the user cancels
+bool sauvegarde();               // asks about a changed sheet; false when the user cancels
+void mnuEnregistrerItem();
+void mnuEnregistrerSousItem();

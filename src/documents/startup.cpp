@@ -1,0 +1,326 @@
+// Start-up and shut-down, in the order of their steps. A failure of start-up is told, and the next
+// statement runs; one of shut-down goes up and leaves the program running.
+#include "documents/startup.hpp"
+
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/dialog.hpp"
+#include "documents/failures.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/paths.hpp"
+#include "documents/saving.hpp"
+#include "documents/settings.hpp"
+#include "documents/working_copies.hpp"
+#include "editing/search.hpp"
+#include "editing/words.hpp"
+#include "engine/context.hpp"
+#include "engine/identifiers.hpp"
+#include "platform/platform.hpp"
+#include "reader/scripts.hpp"
+#include "sheet/sheet.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/menu_table.hpp"
+#include "shell/status.hpp"
+#include "shell/window.hpp"
+
+namespace {
+
+// Sizes of the layout in twips, and the colour of the message line.
+constexpr int kBasEcran = 500;     // left free below the window
+constexpr int kBord = 10;          // by which the texts are narrower than the window
+constexpr int kBasMessage = 1200;  // from the top of the message line to the window's end
+constexpr int kHautTexte = 1100;   // what the text leaves above the message line
+constexpr int kRougeClair = 12;
+// What replaces two equal colours, so that characters never vanish into their background.
+constexpr int kCouleurSecours = 2;
+constexpr int kFondSecours = 14;
+
+// A failure of start-up in its own words. `nomfic` is the first sheet, "" before it is chosen.
+void signale_demarrage(const std::string& nomfic, int numero) {
+    if (numero == kAccesFichier) {
+        port.boites.boite(nomfic + " existe");
+    } else if (numero == kDossierAbsent) {
+        port.boites.boite("REPERTOIRE INEXISTANT"_fr);
+    } else {
+        port.boites.boite(chiffres(numero) + " " + chiffres(numero));
+    }
+}
+
+// The run of start-up: one statement after the other, whatever fails.
+struct Demarrage {
+    std::string commande;  // the command line, less its blanks
+    std::string nomfic;    // the first sheet
+
+    template <class Instruction>
+    void operator()(Instruction&& instruction) noexcept {
+        Essaie(std::forward<Instruction>(instruction),
+               [this](int numero) { signale_demarrage(nomfic, numero); });
+    }
+};
+
+article& ligne(int rang) { return reglages.table_ini(rang); }
+
+void place_controles() {
+    if (fenetre.largeur > kBord)
+        for (Controle* c : {&fenetre.txt, &fenetre.Liste, &fenetre.LblMessage})
+            c->largeur = fenetre.largeur - kBord;
+    fenetre.LblMessage.haut = fenetre.hauteur - kBasMessage;
+    if (fenetre.LblMessage.haut > kHautTexte)
+        fenetre.txt.hauteur = fenetre.Liste.hauteur = fenetre.LblMessage.haut - kHautTexte;
+    fenetre.LblMessage_couleur = kRougeClair;
+}
+
+void place_fenetre() {
+    int largeur = 0;
+    int hauteur = 0;
+    port.fenetre.taille_ecran(largeur, hauteur);
+    fenetre.largeur = largeur;
+    fenetre.hauteur = hauteur - kBasEcran;
+    fenetre.gauche = fenetre.haut = 0;
+    place_controles();
+}
+
+// The reader's scripts are installed at the first start after an installation, and not again.
+void installe_scripts(Demarrage& pas) {
+    std::string marque;
+    pas([&] { marque = reglages.dossier_programme + "verjaws.ini"; });
+    bool presente = false;
+    pas([&] { presente = FichierExistant(marque); });
+    if (!presente) return;
+    pas([] { jaws("voxtab"); });
+    pas([&] { reussit(port.fichiers.efface(marque)); });
+}
+
+void prepare_dossiers(Demarrage& pas) {
+    pas([] { reglages.dossier_programme = ajoutbackslash(port.systeme.dossier_programme()); });
+    installe_scripts(pas);
+    pas([] { reglages.dossier_travail = ajoutbackslash(reglages.dossier_programme + "travail"); });
+    pas([] { reglages.fichier_travail = reglages.dossier_travail + "travail.txt"; });
+    pas([] {
+        const std::string dossier = Sansbackslash(reglages.dossier_travail);
+        if (!port.fichiers.existe_dossier(dossier)) reussit(port.fichiers.cree_dossier(dossier));
+    });
+}
+
+// The table takes the defaults first: what a short or unreadable file doesn't give keeps them.
+void lit_reglages(Demarrage& pas) {
+    pas([] { reglages.fichier_ini = reglages.dossier_programme + "VOXTAB.INI"; });
+    pas([] { reglages.article_vide = {"SANSTITRE.VXT", 0, 0, 1}; });
+    pas([] { reglages_par_defaut(); });
+    pas([] {
+        if (!FichierExistant(reglages.fichier_ini)) return;
+        std::string octets;
+        reussit(port.fichiers.lit(reglages.fichier_ini, octets));
+        lit_enregistrements(octets, reglages.table_ini);
+    });
+}
+
+void applique_modes(Demarrage& pas) {
+    const auto prend = [&](std::int16_t& mode, int rang, std::int32_t article::*champ) {
+        pas([&] { mode = vers_16_arrondi(ligne(rang).*champ); });
+    };
+    pas([] { recherche.chaine_recherche = ligne(kLigneNombres).nom; });
+    prend(modes.mode_nombre, kLigneNombres, &article::champ1);
+    prend(modes.nombre_decimal, kLigneNombres, &article::champ2);
+    prend(modes.mode_affichage, kLigneNombres, &article::champ3);
+    prend(modes.unite_angle, kLigneAngle, &article::champ1);
+    pas([] { recherche.chaine_remplacement = ligne(kLigneAffichage).nom; });
+}
+
+// The items state their option. The complete statistics have a small r here and a capital when the
+// option changes, on purpose.
+void applique_options(Demarrage& pas) {
+    pas([] { fenetre.txt.police.nom = ligne(kLignePolice).nom; });
+    pas([] { fenetre.txt.police.taille = prefixe_numerique(ligne(kLigneTaille).nom); });
+    pas([] {
+        EtatItem* item = etat_item("mnuDerniereFeuilleItem");
+        if (item) item->coche = ligne(kLigneAngle).champ2 == 1;
+    });
+    pas([] {
+        pose_libelle("mnuColonneMatrice", ligne(kLigneAffichage).champ1 == 1
+                                              ? "affichage matrice ligne/colonne : en colonne"_fr
+                                              : "affichage matrice ligne/colonne : en ligne"_fr);
+    });
+    pas([] {
+        pose_libelle("mnuLigneStat", ligne(kLigneAffichage).champ2 == 1
+                                         ? "Résultat statistique restreint/complet : restreint"_fr
+                                         : "résultat statistique restreint/complet : complet"_fr);
+    });
+}
+
+void applique_couleurs(Demarrage& pas) {
+    const auto couleur = [](std::int32_t indice) { return indice >= 0 && indice <= 15; };
+    pas([] {
+        article& couleurs = ligne(kLignePolice);
+        if (couleurs.champ1 != couleurs.champ2) return;
+        couleurs.champ1 = kCouleurSecours;
+        couleurs.champ2 = kFondSecours;
+    });
+    pas([&] {
+        const article& couleurs = ligne(kLignePolice);
+        if (couleur(couleurs.champ1)) fenetre.txt_couleur = couleurs.champ1;
+        if (couleur(couleurs.champ2)) fenetre.txt_fond = couleurs.champ2;
+    });
+}
+
+// The dialogs know the sheets and, last, the printer font.
+void prepare_dialogues(Demarrage& pas) {
+    pas([] { dlg.extension = "VXT"; });
+    pas([] {
+        dlg.filtre = "Fichiers " + dlg.extension + " (*." + dlg.extension + ")|*." + dlg.extension +
+                     "|tous fichiers (*.*)|*.*";
+    });
+    for (const int rang : {kLignePolice, kLignePoliceImprimante}) {
+        pas([&] { dlg.police_nom = ligne(rang).nom; });
+        pas([&] { dlg.police_taille = prefixe_numerique(ligne(rang + 1).nom); });
+    }
+    pas([] { reglages.nom_sanstitre = "SANSTITRE." + dlg.extension; });
+    pas([] { reglages.article_vide.nom = reglages.nom_sanstitre; });
+    // The settings file keeps the replacement text, but it doesn't survive a restart, on purpose.
+    pas([] { recherche.chaine_remplacement.clear(); });
+    fenetre.CmdVoxtab.visible = false;
+}
+
+void prepare_feuille(Demarrage& pas) {
+    pas([] { batit_caracteres(); });
+    documents.document_courant = documents.nombre_document = 1;
+    recherche.registre_recherche = 1;
+    pas([] { documents.document_modifie(1) = 0; });
+    pas([] { InitNomRepertoire(); });
+    pas([] { port.texte.pose_texte({}); });
+    pas([] { razVar(); });
+}
+
+// The path that the command line gives: without double quotes, "C:x" as "C:\x".
+std::string chemin_commande(std::string nom) {
+    if (nom.starts_with('"')) nom = nom.size() < 2 ? "" : nom.substr(1, nom.size() - 2);
+    if (nom.size() > 1 && nom[1] == ':' && (nom.size() == 2 || !est_separateur(nom[2])))
+        nom.insert(2, 1, port.systeme.separateur);
+    return nom;
+}
+
+// The first sheet: from the command line, or the last one when the option says so, or none.
+void choisit_feuille(Demarrage& pas) {
+    pas([&] { pas.commande = std::string(sans_blancs(port.systeme.ligne_commande())); });
+    const bool donnee = !pas.commande.empty();
+    pas([&] { pas.nomfic = donnee ? chemin_commande(pas.commande) : ligne(1).nom; });
+    bool derniere = false;
+    pas([&] {
+        const EtatItem* item = etat_item("mnuDerniereFeuilleItem");
+        derniere = item && item->coche;
+    });
+    bool existe = false;
+    if (donnee || derniere) {
+        pas([&] { pas.nomfic = coupe_premier_point(pas.nomfic); });
+        pas([&] { existe = FichierExistant(pas.nomfic); });
+    }
+    if (!existe) pas([&] { pas.nomfic = reglages.nom_sanstitre; });
+}
+
+// The chosen file takes the place of row 1, with the cursor noted there.
+void ouvre_feuille(Demarrage& pas) {
+    pas([&] { ligne(1).nom = pas.nomfic; });
+    pas([&] { rangenomcopie(pas.nomfic); });
+    pas([&] { reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1))); });
+    pas([] { LitNomCopie(); });
+}
+
+// An untitled sheet pushes the list down by one row.
+void ouvre_sans_titre(Demarrage& pas) {
+    pas([] {
+        reglages.article_courant = reglages.article_vide;
+        reglages.article_courant.nom = reglages.nom_sanstitre;
+    });
+    pas([] { insert_nomdoc(1); });
+    pas([] { documents.nom_copie(1) = reglages.dossier_travail + reglages.nom_sanstitre; });
+}
+
+// The settings file with the named documents first; written whole, or left as it was.
+void ecrit_reglages() {
+    reussit(port.fichiers.remplace(reglages.fichier_ini, enregistrements(lignes_a_garder())));
+}
+
+void vide_dossier_travail() {
+    if (!port.fichiers.existe_dossier(Sansbackslash(reglages.dossier_travail))) return;
+    std::vector<std::string> noms;
+    reussit(port.fichiers.liste_fichiers(reglages.dossier_travail, noms));
+    for (const std::string& nom : noms)
+        reussit(port.fichiers.efface(reglages.dossier_travail + nom));
+}
+
+// Runs a statement of the shut-down. When it fails the program goes on: `remet` puts back what the
+// sheets need, then the failure goes up.
+template <class Instruction, class Remise>
+void execute_ou_remet(Instruction&& instruction, Remise&& remet) {
+    int echec = 0;
+    if (Essaie(std::forward<Instruction>(instruction), [&](int numero) { echec = numero; })) return;
+    remet();
+    echoue(echec);
+}
+
+// Asks about each changed sheet. False on Cancel: the number stays that of the sheet where the user
+// cancelled, on purpose, though `txt` still shows the one that was current.
+bool demande_sauvegardes() {
+    const std::int16_t garde = documents.document_courant;
+    bool continuer = true;
+    for (std::int16_t i = 1; i <= documents.nombre_document; ++i) {
+        documents.document_courant = i;
+        execute_ou_remet([&] { continuer = sauvegarde(); },
+                         [&] { documents.document_courant = garde; });
+        if (!continuer) return false;
+    }
+    documents.document_courant = garde;
+    return true;
+}
+
+// The current sheet comes first in the list at the next start.
+void met_courant_en_tete() {
+    if (documents.document_courant <= 1) return;
+    reglages.article_courant = ligne_courante_ini();
+    efface_nomdoc(documents.document_courant);
+    insert_nomdoc(1);
+}
+
+}  // namespace
+
+void demarre() noexcept {
+    Demarrage pas;
+    pas([] { place_fenetre(); });
+    moteur.pi_valeur = 4 * std::atan(1.0);
+    pas([] { moteur.generateur.seed(port.systeme.graine()); });
+    prepare_dossiers(pas);
+    lit_reglages(pas);
+    applique_modes(pas);
+    applique_options(pas);
+    applique_couleurs(pas);
+    prepare_dialogues(pas);
+    prepare_feuille(pas);
+    choisit_feuille(pas);
+    pas.nomfic != reglages.nom_sanstitre ? ouvre_feuille(pas) : ouvre_sans_titre(pas);
+    pas([] { feuille.formule_ligne.redimensionne(1); });
+    pas([] { feuille.valeur_ligne.redimensionne(1); });
+    pas([] { AfficheStatus(); });
+}
+
+void quitter() {
+    if (annonce_item("mnuQuitterItem")) return;
+    EcritNomCopie();
+    ligne(kLigneNombres).nom = recherche.chaine_recherche;
+    ligne(kLigneAffichage).nom = recherche.chaine_remplacement;
+    if (!demande_sauvegardes()) return;
+    const Table<article> lignes = reglages.table_ini;
+    execute_ou_remet(
+        [] {
+            met_courant_en_tete();
+            ecrit_reglages();
+            vide_dossier_travail();
+        },
+        [&] { reglages.table_ini = lignes; });
+    fenetre.fermee = true;
+    port.fenetre.termine();
+}

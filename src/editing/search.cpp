@@ -1,0 +1,210 @@
+// Search and replace. Changes `recherche`, the cursor, the text, and marks the sheet as changed.
+#include "editing/search.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/open_documents.hpp"
+#include "editing/lines.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+
+Recherche recherche;
+
+namespace {
+
+constexpr std::size_t kAbsent = std::string::npos;
+
+// Asks for the text to search and keeps it in capitals. False when there is none to search.
+bool demande_recherche() {
+    std::string reponse;
+    if (!port.boites.saisie("Recherche", recherche.chaine_recherche, reponse) || reponse.empty())
+        return false;
+    recherche.chaine_recherche = capitales(reponse);
+    return true;
+}
+
+// Asks for the replacement. A cancelled box counts as an empty answer, on purpose: like an answer
+// without a character it makes the matches go.
+void demande_remplacement() {
+    std::string reponse;
+    if (!port.boites.saisie("Remplace", recherche.chaine_remplacement, reponse)) reponse.clear();
+    recherche.chaine_remplacement = reponse;
+}
+
+void bips(int nombre) {
+    for (int i = 0; i < nombre; ++i) port.boites.bip();
+}
+
+void dit_ligne_du_curseur() { dit(extraitLigne(port.texte.sel_start())); }
+
+// Position (from 1) of the last match in front of `limite`, or 0. Like a chain of forward searches
+// the walk begins a text's length from the start and leaps over each match: a match at the very
+// start that is wider than one character is never met, on purpose.
+std::size_t derniere_avant(std::size_t limite) {
+    const std::string& chaine = recherche.chaine_recherche;
+    if (chaine.empty()) return 0;
+    const std::string texte = capitales(port.texte.texte());
+    std::size_t meilleure = 0;
+    for (std::size_t depart = 0;;) {
+        const std::size_t trouve = texte.find(chaine, depart + chaine.size() - 1);
+        if (trouve == kAbsent || trouve + 1 >= limite) return meilleure;
+        meilleure = depart = trouve + 1;
+    }
+}
+
+// The replacement of all matches in one walk: the text as it is rebuilt so far, with the rest of
+// the old text behind it, reads at every moment like the sheet after that many replacements. Bytes
+// count from 0.
+struct Reconstruction {
+    const std::string& ancien;    // the text before the command
+    std::size_t reste = 0;        // first byte of `ancien` not yet taken
+    std::string nouveau{};        // what stands in front of it
+    std::size_t debut_ligne = 0;  // first byte of the last line of `nouveau`
+    std::size_t premiere = 0;     // first byte of the first replacement
+    int compte = 0;               // replacements made
+};
+
+// Adds a piece to the rebuilt text. A line feed that opens the whole text starts no line.
+void ajoute(Reconstruction& r, std::string_view morceau) {
+    const std::size_t saut = morceau.rfind('\n');
+    if (saut != kAbsent && r.nouveau.size() + saut > 0) r.debut_ligne = r.nouveau.size() + saut + 1;
+    r.nouveau += morceau;
+}
+
+// The text from byte `debut` of the sheet of the moment up to the next carriage return.
+std::string ligne_a(const Reconstruction& r, std::size_t debut) {
+    const std::size_t pris = std::min(debut, r.nouveau.size());
+    const std::size_t fin = r.nouveau.find('\r', pris);
+    std::string ligne = r.nouveau.substr(pris, fin - pris);
+    if (fin != kAbsent) return ligne;
+    const std::size_t suite = r.reste + (debut - pris);
+    return ligne.append(r.ancien, suite, r.ancien.find('\r', suite) - suite);
+}
+
+// Replaces the match at byte `trouve` of the old text and says the line of its first character. A
+// line feed there belongs to the line that it opens.
+void remplace_a(Reconstruction& r, std::size_t trouve) {
+    const std::string& remplacement = recherche.chaine_remplacement;
+    ajoute(r, std::string_view(r.ancien).substr(r.reste, trouve - r.reste));
+    const std::size_t place = r.nouveau.size();
+    const std::size_t debut = r.debut_ligne;
+    if (r.compte++ == 0) r.premiere = place;
+    ajoute(r, remplacement);
+    r.reste = trouve + recherche.chaine_recherche.size();
+    const std::string_view ici = std::string_view(remplacement.empty() ? r.ancien : r.nouveau)
+                                     .substr(remplacement.empty() ? r.reste : place, 1);
+    dit(ligne_a(r, place > 0 && ici == "\n" ? place + 1 : debut));
+}
+
+// Writes the rebuilt text once and puts the cursor at the first replacement, where a search would
+// have put it.
+void ecrit(Reconstruction& r) {
+    ajoute(r, std::string_view(r.ancien).substr(r.reste));
+    port.texte.pose_texte(std::move(r.nouveau));
+    marque_modifie();
+    port.texte.pose_selection(r.premiere + 1, 0);
+}
+
+}  // namespace
+
+void EntreeRecherche(std::string_view mode) {
+    if (annonce_item(mode == "1"   ? "mnuRechercherCurseurItem"
+                     : mode == "2" ? "mnuRechercherDebutItem"
+                                   : "mnuRechercherArriereItem"))
+        return;
+    if (!demande_recherche()) return;
+    recherche.mode_recherche = vers_16_arrondi(prefixe_numerique(mode));
+    switch (recherche.mode_recherche) {
+        case 1: rechercher(port.texte.sel_start() + recherche.chaine_recherche.size() + 1); break;
+        case 2: rechercher(1); break;
+        case 3: AppelRechercheArriere(); break;
+        default: break;
+    }
+}
+
+void rechercher(std::size_t debut) {
+    if (find(recherche.chaine_recherche, debut) != -1) return dit_ligne_du_curseur();
+    bips(1);
+    dit("introuvable"_fr);
+}
+
+void AppelRechercheArriere() {
+    const std::size_t limite = port.texte.sel_start();
+    const std::size_t trouve = derniere_avant(limite);
+    port.texte.pose_selection(trouve > 0 ? trouve : limite, 0);
+    if (trouve > 0) return dit_ligne_du_curseur();
+    bips(2);
+    // Another word than that of the forward search, on purpose.
+    dit("inconnu"_fr);
+}
+
+void modifligne(bool avec_dialogue) {
+    if (avec_dialogue && !demande_recherche()) return;
+    std::string texte = port.texte.texte();
+    // The character in front of the cursor counts: a search leaves the cursor inside its match.
+    const std::size_t debut = std::max<std::size_t>(port.texte.sel_start(), 1) - 1;
+    const std::size_t longueur = std::min(texte.find('\r', debut), texte.size()) - debut;
+    const std::size_t trouve =
+        capitales(std::string_view(texte).substr(debut, longueur)).find(recherche.chaine_recherche);
+    if (trouve == kAbsent) return dit("introuvable"_fr);
+    if (avec_dialogue) demande_remplacement();
+    texte.replace(debut + trouve, recherche.chaine_recherche.size(), recherche.chaine_remplacement);
+    port.texte.pose_texte(std::move(texte));
+    port.texte.pose_selection(debut + trouve + 1, 0);
+    dit_ligne_du_curseur();
+    marque_modifie();
+}
+
+void modifTexte() {
+    if (annonce_item("mnumodifTexteItem") || !demande_recherche()) return;
+    demande_remplacement();
+    Remplacer();
+}
+
+void Remplacer() {
+    const std::string& chaine = recherche.chaine_recherche;
+    const std::string ancien = port.texte.texte();
+    const std::string grand = capitales(ancien);
+    Reconstruction r{ancien};
+    std::size_t depart = std::max<std::size_t>(port.texte.sel_start(), 1) - 1;
+    // An empty text would be found for ever: there is nothing to replace.
+    while (!chaine.empty() && (depart = grand.find(chaine, depart)) != kAbsent) {
+        remplace_a(r, depart);
+        depart = r.reste;
+    }
+    if (r.compte == 0) return dit("introuvable"_fr);
+    ecrit(r);
+    dit(forme_blanc(r.compte) + " remplacement");
+}
+
+void mnuRechercherCurseurItem() { EntreeRecherche("1"); }
+void mnuRechercherDebutItem() { EntreeRecherche("2"); }
+void mnuRechercherArriereItem() { EntreeRecherche("3"); }
+
+void mnuRechercherPrecedentItem() {
+    if (!annonce_item("mnuRechercherPrecedentItem")) AppelRechercheArriere();
+}
+
+void mnuRechercherSuivantItem() {
+    if (annonce_item("mnuRechercherSuivantItem")) return;
+    // The text's length is leapt over even when the cursor doesn't come from a search, on purpose.
+    const std::string& chaine = recherche.chaine_recherche;
+    if (find(chaine, port.texte.sel_start() + chaine.size()) != -1) return dit_ligne_du_curseur();
+    bips(2);
+    dit("introuvable"_fr);
+}
+
+void mnumodifLigneItem() {
+    if (!annonce_item("mnumodifLigneItem")) modifligne(true);
+}
+
+void mnumodifLigneSansDialItem() {
+    if (!annonce_item("mnumodifLigneSansDialItem")) modifligne(false);
+}
+
+void mnumodifTexteItem() { modifTexte(); }

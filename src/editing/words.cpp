@@ -1,0 +1,226 @@
+// Word, tabulation and bookmark commands. Change the cursor, the text, and the bookmark of the
+// current document's row; columns count from 1.
+#include "editing/words.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/open_documents.hpp"
+#include "editing/lines.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+
+Caracteres caracteres;
+
+namespace {
+
+constexpr std::size_t kPasTabulation = 10;
+
+// True when a character of the set stands in that column of the line.
+bool dans(std::string_view jeu, std::string_view ligne, std::size_t x) {
+    return x >= 1 && x <= ligne.size() && jeu.find(ligne[x - 1]) != std::string_view::npos;
+}
+
+bool sur_mot(std::string_view ligne, std::size_t x) {
+    return dans(caracteres.caracteres_identificateur, ligne, x);
+}
+
+// To the left until column 1 or a character that is in no word.
+void surblancGauche(std::size_t& x, std::string_view ligne) {
+    while (x > 1 && sur_mot(ligne, --x)) {
+    }
+}
+
+// To the right until the line's last column or a character that is in no word.
+void surBlancDroite(std::size_t& x, std::string_view ligne) {
+    while (x < ligne.size() && sur_mot(ligne, ++x)) {
+    }
+}
+
+void deux_bips() {
+    port.boites.bip();
+    port.boites.bip();
+}
+
+// Moves the cursor from one column of its line to another.
+void va_a_colonne(std::size_t de, std::size_t vers) {
+    port.texte.pose_selection(port.texte.sel_start() + vers - de, 0);
+}
+
+void dit_nombre(std::size_t n) { dit(forme_blanc(static_cast<double>(n))); }
+
+// The line after a move: a cursor between the two characters of a line end is on the line below.
+void dit_ligne_sous_curseur() { dit(extraitLigne(port.texte.sel_start() + 1)); }
+
+// Column of the last character of the word on the left of column x, or 0.
+std::size_t fin_mot_gauche(std::size_t x, std::string_view ligne) {
+    if (sur_mot(ligne, x)) surblancGauche(x, ligne);
+    if (x < 2) return 0;
+    while (x > 1 && !sur_mot(ligne, x)) --x;
+    return sur_mot(ligne, x) ? x : 0;
+}
+
+// Column of the first character of the word on the right of column x, or 0.
+std::size_t debut_mot_droite(std::size_t x, std::string_view ligne) {
+    if (sur_mot(ligne, x)) surBlancDroite(x, ligne);
+    if (x >= ligne.size()) return 0;
+    do ++x;
+    while (x < ligne.size() && !sur_mot(ligne, x));
+    return sur_mot(ligne, x) ? x : 0;
+}
+
+// Column behind the run of characters of the set that begins in column x.
+std::size_t fin_serie(std::string_view jeu, std::string_view ligne, std::size_t x) {
+    while (dans(jeu, ligne, x)) ++x;
+    return x;
+}
+
+// Takes the columns `de` to `vers` - 1 out of the line at the cursor. The cursor and the sheet's
+// mark follow even when nothing goes.
+void enleve(std::size_t longueur_ligne, std::size_t de, std::size_t vers) {
+    const std::size_t sel = port.texte.sel_start();
+    const std::size_t borne = Debutligne();
+    // Behind the line feed that ends the line above; on the first line there is none.
+    const std::size_t debut = borne > 1 ? borne : 0;
+    std::string texte = port.texte.texte();
+    if (de <= longueur_ligne) texte.erase(debut + de - 1, vers - de);
+    port.texte.pose_texte(std::move(texte));
+    port.texte.pose_selection(sel, 0);
+    marque_modifie();
+}
+
+}  // namespace
+
+void batit_caracteres() {
+    caracteres = Caracteres{};
+    for (int code = 33; code <= 255; ++code) {
+        const char c = static_cast<char>(code);
+        const bool majuscule = c >= 'A' && c <= 'Z';
+        const bool chiffre = c >= '0' && c <= '9';
+        caracteres.caracteres_visibles += c;
+        if (chiffre || majuscule || (c >= 'a' && c <= 'z') || c == '_' || code >= 128)
+            caracteres.caracteres_identificateur += c;
+        if (majuscule) caracteres.lettres_majuscules += c;
+    }
+}
+
+void chaineGAUCHE() {
+    if (annonce_item("mnuChaineGaucheItem")) return;
+    const std::size_t x = WhereX();
+    std::string ligne = extraitLigne(port.texte.sel_start());
+    if (x == 1) {
+        deux_bips();
+        if (!ligne.empty()) dit(std::string_view(ligne).substr(0, 1));
+        return;
+    }
+    // A cursor behind the end stands on a blank.
+    if (ligne.size() < x) ligne.resize(x, ' ');
+    const std::size_t fin = fin_mot_gauche(x, ligne);
+    if (fin == 0) return deux_bips();
+    std::size_t debut = fin;
+    surblancGauche(debut, ligne);
+    if (!sur_mot(ligne, debut)) ++debut;
+    va_a_colonne(x, debut);
+    dit(std::string_view(ligne).substr(debut - 1, fin - debut + 1));
+}
+
+void chainedroite() {
+    if (annonce_item("mnuChaineDroiteItem")) return;
+    const std::size_t x0 = WhereX();
+    const std::string ligne = extraitLigne(port.texte.sel_start());
+    const std::size_t debut = debut_mot_droite(x0, ligne);
+    if (debut == 0) return deux_bips();
+    std::size_t fin = debut;
+    surBlancDroite(fin, ligne);
+    // The line's last character is said with the word, even when it belongs to none, on purpose.
+    if (fin == ligne.size()) ++fin;
+    va_a_colonne(x0, debut);
+    dit(std::string_view(ligne).substr(debut - 1, fin - debut));
+}
+
+void mnuEffaceMotItem() {
+    if (annonce_item("mnuEffaceMotItem")) return;
+    const std::size_t x = WhereX();
+    const std::string ligne = extraitLigne(port.texte.sel_start());
+    const bool mot = !dans(" ", ligne, x);
+    const std::size_t fin =
+        fin_serie(mot ? std::string_view(caracteres.caracteres_identificateur) : " ", ligne, x);
+    // A character that is in no word stays, and the blanks behind it go.
+    const std::size_t debut = mot && fin == x ? x + 1 : x;
+    // A word takes the blanks behind it along; they aren't said.
+    const std::size_t apres = mot ? fin_serie(" ", ligne, std::max(debut, fin)) : fin;
+    enleve(ligne.size(), debut, apres);
+    const std::string enleves = fin > x ? ligne.substr(x - 1, fin - x) : std::string();
+    dit(enleves + std::string(" enlevé"_fr));
+}
+
+void mnuChaineGaucheItem() { chaineGAUCHE(); }
+void mnuChaineDroiteItem() { chainedroite(); }
+
+void mnuTabulationAvantItem() {
+    if (annonce_item("mnuTabulationAvantItem")) return;
+    const std::size_t fin = FinLigne() - 1;
+    const std::size_t x = WhereX();
+    const std::size_t arret = (x / kPasTabulation + 1) * kPasTabulation;
+    if (arret > port.texte.texte().size()) return;
+    // The stop is added, not the distance to it, on purpose: near the end of the line the cursor
+    // goes to the end early.
+    if (port.texte.sel_start() + arret <= fin) {
+        va_a_colonne(x, arret);
+        return dit_nombre(arret);
+    }
+    port.texte.pose_selection(fin, 0);
+    dit_nombre(WhereX());
+}
+
+void mnuTabulationArriereItem() {
+    if (annonce_item("mnuTabulationArriereItem")) return;
+    const std::size_t x = WhereX();
+    std::size_t arret = x / kPasTabulation * kPasTabulation;
+    if (arret == x) arret -= kPasTabulation;
+    // Backwards the first stop is column 1, where forwards it is column 10.
+    arret = std::max<std::size_t>(arret, 1);
+    va_a_colonne(x, arret);
+    dit_nombre(arret);
+}
+
+void mnuPoseRepereItem() {
+    if (annonce_item("mnuPoseRepereItem")) return;
+    dit("Pose d'un repère"_fr);
+    ligne_courante_ini().champ3 = vers_32_tronque(static_cast<double>(port.texte.sel_start()));
+}
+
+void mnuRepereItem() {
+    if (annonce_item("mnuRepereItem")) return;
+    const std::int32_t repere = std::max(ligne_courante_ini().champ3, 0);
+    port.texte.pose_selection(static_cast<std::size_t>(repere), 0);
+    dit_ligne_sous_curseur();
+}
+
+void mnuXYItem() {
+    if (annonce_item("mnuXYItem")) return;
+    const std::size_t sel = port.texte.sel_start();
+    dit("colonne" + forme_blanc(static_cast<double>(WhereX())) + " ligne" +
+        forme_blanc(NumeroTxt(sel)));
+}
+
+void mnuNumeroLigneItem() {
+    if (annonce_item("mnuNumeroLigneItem")) return;
+    const std::int16_t compte = NumeroTxt(port.texte.texte().size());
+    std::string reponse;
+    if (!port.boites.saisie("Numéro de ligne"_fr, forme_blanc(compte), reponse) || reponse.empty())
+        return;
+    // A number that fits no line number ends the command with its failure.
+    SurNumero(std::min(vers_16_arrondi(prefixe_numerique(reponse)), compte));
+    dit_ligne_sous_curseur();
+}
+
+void mnuSelectionToutItem() {
+    if (annonce_item("mnuSelectionToutItem")) return;
+    port.texte.pose_selection(0, port.texte.texte().size());
+}

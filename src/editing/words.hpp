@@ -1,0 +1,27 @@
+// Word, tabulation and bookmark commands: they move in a line and say where the cursor came to.
+// Change the cursor, the text, and the bookmark of the current document's row.
+#pragma once
+
+#include <string>
+
+struct Caracteres {
+    std::string caracteres_visibles;         // codes 33 to 255
+    std::string caracteres_identificateur;   // digits, letters, "_", codes 128 to 255
+    std::string lettres_majuscules;          // A to Z
+};
+extern Caracteres caracteres;
+
+void batit_caracteres();                     // the three tables, at start-up
+
+void chaineGAUCHE();
+void chainedroite();
+void mnuEffaceMotItem();
+void mnuChaineGaucheItem();
+void mnuChaineDroiteItem();
+void mnuTabulationAvantItem();
+void mnuTabulationArriereItem();
+void mnuPoseRepereItem();
+void mnuRepereItem();
+void mnuXYItem();
+void mnuNumeroLigneItem();
+void mnuSelectionToutItem();

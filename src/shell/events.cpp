@@ -1,0 +1,193 @@
+// What happens in the window: each event runs its command under the last guard, then the window is
+// shown as the data has become. After the end of the program nothing happens any more.
+#include "shell/events.hpp"
+
+#include <array>
+#include <utility>
+
+#include "base/failure.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/saving.hpp"
+#include "documents/startup.hpp"
+#include "editing/search.hpp"
+#include "editing/words.hpp"
+#include "platform/platform.hpp"
+#include "shell/colours.hpp"
+#include "shell/commands.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/menu_table.hpp"
+#include "shell/message.hpp"
+#include "shell/views.hpp"
+#include "shell/window.hpp"
+#include "sheet/column.hpp"
+#include "sheet/recalculation.hpp"
+
+namespace {
+
+// An option button of the angle view and the unit that it stands for.
+struct OptionAngle {
+    std::string_view nom;
+    int unite;
+};
+constexpr std::array kOptionsAngle = {OptionAngle{"OptionDegre", 1}, OptionAngle{"OptionRadian", 2},
+                                      OptionAngle{"OptionGrade", 3}};
+
+// The unit of that option button, or 0 for another control.
+int unite_option(std::string_view nom) {
+    for (const OptionAngle& option : kOptionsAngle)
+        if (option.nom == nom) return option.unite;
+    return 0;
+}
+
+// True when the user can reach the control: it is shown and enabled, and so is its frame.
+bool accessible(const Controle& c) {
+    const bool dans_cadre = unite_option(c.nom) != 0 || c.nom == "CmdAngle";
+    const Controle& cadre = dans_cadre ? fenetre.FrameAngle : c;
+    return c.visible && c.actif && cadre.visible && cadre.actif;
+}
+
+// A control that has gone can't keep the focus: the text takes it.
+void garde_focus() {
+    const Controle* c = controle(fenetre.focus);
+    if ((c == nullptr || !accessible(*c)) && accessible(fenetre.txt)) donne_focus(fenetre.txt);
+}
+
+// Runs an event. A failure that nothing has caught shows its number and ends it.
+template <class Action>
+void evenement(Action&& action) {
+    if (fenetre.fermee) return;
+    Tente(kCommande, std::forward<Action>(action));
+    if (fenetre.fermee) return;
+    garde_focus();
+    port.fenetre.montre();
+}
+
+// True when the item can be chosen.
+bool disponible(const EtatItem* item) {
+    return item != nullptr && item->visible && item->actif;
+}
+
+// A character in the text. Any but Escape marks the sheet as changed, also in a text that can't be
+// written, on purpose; key help alone prevents it.
+void caractere_texte(int code) {
+    if (code == kToucheEchap) {
+        if (fenetre.CmdVoxtab.visible) CmdVoxtab();
+    } else if (!aide.aide_touche) {
+        marque_modifie();
+    }
+}
+
+// A character in the list of colours.
+void caractere_liste(int code) {
+    if (code == kToucheEchap) RetourListe();
+    if (code == kToucheEntree) ValideCouleur();
+}
+
+// What must be down with a key that the text handles.
+enum class Avec { rien, alt, ctrl, maj_ctrl };
+
+struct ToucheTexte {
+    int touche;
+    Avec avec;
+    void (*action)();
+};
+
+// The keys that the text handles on their release. Only the bits named are looked at: AltGr, which is
+// Ctrl and Alt, does for Alt. A key that isn't here with its modifiers is "any other".
+constexpr std::array kTouchesTexte = {
+    ToucheTexte{kToucheF1, Avec::alt, AfficheFonction},
+    ToucheTexte{kToucheGauche, Avec::alt, chaineGAUCHE},
+    ToucheTexte{kToucheDroite, Avec::alt, chainedroite},
+    ToucheTexte{kToucheSuppr, Avec::rien, marque_modifie},
+    ToucheTexte{kToucheEntree, Avec::ctrl, calcul_colonne},
+    ToucheTexte{'C', Avec::alt, [] { recalcul(); }},
+    ToucheTexte{'R', Avec::alt, mnuRechercherCurseurItem},
+    ToucheTexte{'S', Avec::maj_ctrl, [] { enregistrersous(); }},
+    ToucheTexte{kToucheFin, Avec::rien, [] {}},
+    ToucheTexte{kToucheMaj, Avec::rien, [] {}},
+    ToucheTexte{kToucheCtrl, Avec::rien, [] {}},
+};
+
+bool tient(const FrappeTouche& frappe, Avec avec) {
+    switch (avec) {
+        case Avec::alt: return frappe.alt;
+        case Avec::ctrl: return frappe.ctrl;
+        case Avec::maj_ctrl: return frappe.maj && frappe.ctrl;
+        case Avec::rien: break;
+    }
+    return true;
+}
+
+// A key of the text is released. In key-help mode one that has reached no command says so; the note
+// that a command has spoken holds for the next key that the table doesn't know.
+void touche_texte(const FrappeTouche& frappe) {
+    for (const ToucheTexte& ligne : kTouchesTexte) {
+        if (ligne.touche != frappe.touche || !tient(frappe, ligne.avec)) continue;
+        ligne.action();
+        return;
+    }
+    if (!aide.aide_touche) return;
+    if (!aide.aide_touche_traitee) dit("aucune fonction");
+    aide.aide_touche_traitee = false;
+}
+
+}  // namespace
+
+void evenement_chargement() { evenement(demarre); }
+
+// The window closes all the same when the user cancels or key help is on, on purpose: nothing is
+// written then.
+void evenement_fermeture() {
+    evenement(quitter);
+    if (fenetre.fermee) return;
+    fenetre.fermee = true;
+    port.fenetre.termine();
+}
+
+void evenement_menu(std::string_view nom, int index) {
+    evenement([&] {
+        if (nom == kNomRecents) {
+            if (disponible(etat_recent(index))) mnuOuvrirSousMenuItem(index);
+        } else if (disponible(etat_item(nom))) {
+            execute_commande(nom);
+        }
+    });
+}
+
+// A click on an option moves the choice and nothing else: the button of the view reads it.
+void evenement_clic(std::string_view nom) {
+    evenement([&] {
+        const Controle* c = controle(nom);
+        if (c == nullptr || !accessible(*c)) return;
+        if (const int unite = unite_option(nom); unite != 0) {
+            fenetre.option_angle = unite;
+            donne_focus(*c);
+        } else {
+            execute_commande(nom);
+        }
+    });
+}
+
+void evenement_caractere(std::string_view nom, int code) {
+    evenement([&] {
+        if (nom == "txt") caractere_texte(code);
+        if (nom == "Liste") caractere_liste(code);
+        if (unite_option(nom) != 0 && (code == kToucheEchap || code == kToucheEntree)) CmdAngle();
+    });
+}
+
+void evenement_touche(std::string_view nom, const FrappeTouche& frappe) {
+    evenement([&] {
+        if (nom == "txt") touche_texte(frappe);
+    });
+}
+
+std::string_view item_du_raccourci(const FrappeTouche& frappe) {
+    if (frappe.alt || frappe.touche == kToucheAucune) return "";
+    for (const LigneMenu& ligne : lignes_menu()) {
+        const Raccourci& r = ligne.raccourci;
+        if (r.touche == frappe.touche && r.ctrl == frappe.ctrl && r.maj == frappe.maj)
+            return ligne.nom;
+    }
+    return "";
+}

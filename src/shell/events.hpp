@@ -1,0 +1,22 @@
+// What happens in the window, as the front end or a script reports it. Each event runs to its end;
+// a failure that nothing has caught shows its number and ends the command.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// A key with the state of the modifiers at that moment. AltGr is Ctrl and Alt together.
+struct FrappeTouche {
+    int touche = 0;                  // code of menu_table.hpp
+    bool maj = false, ctrl = false, alt = false;
+};
+
+void evenement_chargement();                          // the window loads: the whole of start-up
+void evenement_fermeture();                           // the close box: quitter, then it closes all the same
+void evenement_menu(std::string_view nom, int index = 0);   // an item was chosen (index: recent file)
+void evenement_clic(std::string_view controle);       // a button or an option was clicked
+void evenement_caractere(std::string_view controle, int code);   // a key press: its character
+void evenement_touche(std::string_view controle, const FrappeTouche& frappe);   // a key release
+
+// The item whose shortcut that is, or "": menus take their keys before the focused control.
+std::string_view item_du_raccourci(const FrappeTouche& frappe);

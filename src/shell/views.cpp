@@ -1,0 +1,155 @@
+// The views of the window: the sheet, the angle, the read-only texts, the key help.
+#include "shell/views.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/settings.hpp"
+#include "documents/startup.hpp"
+#include "documents/working_copies.hpp"
+#include "editing/lines.hpp"
+#include "editing/search.hpp"
+#include "engine/context.hpp"
+#include "platform/platform.hpp"
+#include "shell/colours.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/message.hpp"
+#include "shell/status.hpp"
+#include "shell/window.hpp"
+#include "sheet/recalculation.hpp"
+
+namespace {
+
+// The sheet gives way to another text: from here on the working copy isn't written. Key help has
+// emptied the text without this mark, so that a text opened from it loses the sheet's copy, on
+// purpose.
+void quitte_la_feuille() {
+    EcritNomCopie();
+    documents.liste_fonction_active = true;
+    port.texte.pose_texte("");
+}
+
+// Shows a text that can be read and not written, and says its first line.
+void montre_texte(std::string texte) {
+    port.texte.pose_texte(std::move(texte));
+    port.texte.pose_selection(1, 0);
+    fenetre.txt_lecture_seule = true;
+    dit(extraitLigne(1));
+    fenetre.CmdVoxtab.visible = true;
+    fenetre.CmdModifTexte.visible = false;
+}
+
+// A text of the program's folder, without its last line end.
+std::string lit_texte_programme(std::string_view nom) {
+    std::string texte = lit_lignes(reglages.dossier_programme + std::string(nom));
+    texte.resize(texte.size() - std::min<std::size_t>(texte.size(), 2));
+    return texte;
+}
+
+// The option button of the unit of the moment.
+Controle& option_active() {
+    if (fenetre.option_angle == 1) return fenetre.OptionDegre;
+    return fenetre.option_angle == 2 ? fenetre.OptionRadian : fenetre.OptionGrade;
+}
+
+// The angle view, or the sheet again.
+void montre_angle(bool angle) {
+    fenetre.FrameAngle.actif = fenetre.FrameAngle.visible = angle;
+    fenetre.CmdModifTexte.actif = fenetre.CmdModifTexte.visible = !angle;
+    fenetre.txt.actif = fenetre.txt.visible = !angle;
+}
+
+}  // namespace
+
+void mnuAngleItem() {
+    if (annonce_item("mnuAngleItem")) return;
+    montre_angle(true);
+    const int unite = modes.unite_angle;
+    fenetre.option_angle = unite == 1 || unite == 2 ? unite : 3;
+    donne_focus(option_active());
+}
+
+void CmdAngle() {
+    montre_angle(false);
+    modes.unite_angle = static_cast<std::int16_t>(fenetre.option_angle);
+    reglages.table_ini(kLigneAngle).champ1 = modes.unite_angle;
+    AfficheStatus();
+    donne_focus(fenetre.txt);
+    recalcul();
+}
+
+void CmdVoxtab() {
+    if (fenetre.CmdVoxtab.texte == "OK" && ValideCouleur()) return;
+    documents.liste_fonction_active = false;
+    aide.aide_touche = false;
+    aide.aide_touche_traitee = true;
+    LitNomCopie();
+    fenetre.txt_lecture_seule = false;
+    dit(extraitLigne(port.texte.sel_start()));
+    fenetre.CmdVoxtab.visible = false;
+    fenetre.CmdModifTexte.visible = true;
+}
+
+void CmdQuitter() {
+    if (fenetre.CmdQuitter.texte == "Annuler")
+        RetourListe();
+    else
+        quitter();
+}
+
+void CmdModifTexte() {
+    if (annonce_item("mnumodifTexteItem")) return;
+    donne_focus(fenetre.txt);
+    modifTexte();
+}
+
+void mnuAideToucheItem() {
+    aide.aide_touche = !aide.aide_touche;
+    if (!aide.aide_touche) {
+        CmdVoxtab();
+        return;
+    }
+    EcritNomCopie();
+    port.texte.pose_texte("");
+    fenetre.txt_lecture_seule = true;
+    dit("Aide Mémoire des touches"_fr);
+    aide.aide_touche_traitee = true;
+}
+
+void AfficheFonction() {
+    if (annonce_item("mnuFonctionItem")) return;
+    quitte_la_feuille();
+    montre_texte(lit_texte_programme("fonction.txt"));
+}
+
+void mnuAideTxtItem() {
+    quitte_la_feuille();
+    montre_texte(lit_texte_programme("aide.txt"));
+}
+
+void mnuApropos() {
+    quitte_la_feuille();
+    montre_texte(std::string("VOXTAB Version 2.02\r\nDécembre 2008\r\nL'équipe Voxtab\r\n"
+                             "Contact : voir le fichier lisezmoi.txt"_fr));
+}
+
+// Without a blank in the line the whole line is the word.
+void RangeFonction() {
+    const std::string ligne = extraitLigne(port.texte.sel_start());
+    if (ligne.starts_with(' ')) {
+        port.boites.bip();
+        return;
+    }
+    const std::string mot = ligne.substr(0, ligne.find(' '));
+    const std::size_t debut = port.texte.sel_start();
+    std::string texte = port.texte.texte();
+    texte.replace(debut, port.texte.sel_length(), mot);
+    port.texte.pose_texte(std::move(texte));
+    port.texte.pose_selection(debut + mot.size(), 0);
+    dit(extraitLigne(port.texte.sel_start()));
+}

@@ -1,0 +1,16 @@
+// The views of the window and the commands that change them: angle, read-only texts, key help, the
+// return to the sheet. Change `fenetre`, `aide`, `documents` and the text of the port.
+#pragma once
+
+#include <string>
+
+void mnuAngleItem();             // opens the angle view
+void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated
+void CmdVoxtab();                // validates a colour, or brings the sheet back
+void CmdQuitter();               // cancels a choice of colour, or quits
+void CmdModifTexte();            // replacement on the text
+void mnuAideToucheItem();        // key help on and off
+void AfficheFonction();          // the list of functions, from "fonction.txt"
+void mnuAideTxtItem();           // the guide, from "aide.txt"
+void mnuApropos();               // the about text
+void RangeFonction();            // the function name under the cursor of the list; no key calls it

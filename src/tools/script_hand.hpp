@@ -1,0 +1,15 @@
+// The user's hand: how keys reach the menus, the focused control and the program.
+#pragma once
+
+#include "tools/script_words.hpp"
+
+// Presses a key with its modifiers and releases all: "Ctrl+Maj+S", "F9", "Alt".
+void touche(Etape& etape);
+// Types each character of a text without modifiers.
+void tape(Etape& etape);
+// Clicks a button or an option. Refuses one that can't be reached.
+void clique(Etape& etape);
+// Chooses an item of the menus. Refuses one that is hidden or disabled.
+void choisit(Etape& etape);
+// The user has moved the cursor, and has selected that much.
+void curseur(Etape& etape);

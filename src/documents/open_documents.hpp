@@ -14,6 +14,7 @@ struct Documents {
     Table<std::string> nom_copie{kDocumentsMaxi};       // working copy of each, by document number
     Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
+    bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
 };
 extern Documents documents;
 

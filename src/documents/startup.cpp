@@ -270,8 +270,12 @@ bool demande_sauvegardes() {
     bool continuer = true;
     for (std::int16_t i = 1; i <= documents.nombre_document; ++i) {
         documents.document_courant = i;
-        execute_ou_remet([&] { continuer = sauvegarde(); },
-                         [&] { documents.document_courant = garde; });
+        documents.feuille_ailleurs = i != garde;
+        execute_ou_remet([&] { continuer = sauvegarde(); }, [&] {
+            documents.document_courant = garde;
+            documents.feuille_ailleurs = false;
+        });
+        documents.feuille_ailleurs = false;
         if (!continuer) return false;
     }
     documents.document_courant = garde;

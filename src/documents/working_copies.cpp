@@ -40,7 +40,8 @@ void rangenomcopie(const std::string& nomfic) {
 }
 
 void EcritNomCopie() {
-    if (documents.liste_fonction_active) return;
+    // What `txt` shows then isn't this document's sheet: its copy must not be lost under it.
+    if (documents.liste_fonction_active || documents.feuille_ailleurs) return;
     article& ligne = ligne_courante_ini();
     ligne.champ1 = vers_32_tronque(static_cast<double>(port.texte.sel_start()));
     ligne.champ2 = vers_32_tronque(static_cast<double>(port.texte.sel_length()));

@@ -117,9 +117,9 @@ struct Multiplications {
     bool cycle_vu = false;   // the rest of the work is less than one cycle
 };
 
-// Most products of elements that one power may cost, which is several seconds; a small exponent may
+// Most products of elements that one power may cost, which is a second or two; a small exponent may
 // cost more, if the matrix is that large.
-constexpr double kCoutMaximal = 1e10;
+constexpr double kCoutMaximal = 2e9;
 constexpr double kPetitExposant = 100;
 
 // Multiplies the accumulator once. Refuses, with failure 6, to go beyond the greatest cost: an

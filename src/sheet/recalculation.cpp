@@ -338,6 +338,7 @@ void vide_definitions() {
     definition_de_matrice.definition_matrice = false;
     statistiques.definition_statx = statistiques.statx_trie = false;
     statistiques.table_statx.libere();
+    statistiques.table_x = statistiques.table_y = TableRepetee();
     feuille.statx_present = feuille.statxy_present = false;
     feuille.resultat_bloc.clear();
 }

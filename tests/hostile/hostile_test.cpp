@@ -7,7 +7,7 @@
 
 #include "engine/context.hpp"
 #include "support/program.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 namespace {
 

@@ -94,6 +94,15 @@ bool lignes_gardees(const FeuilleEssai& feuille, const Course& course, std::stri
            gardees(feuille, feuille.retenues_a, n, course.texte, ici);
 }
 
+// A box that the program may show behind the one that is due: another failure in a procedure's
+// words, or a text of its own, which begins with a letter.
+bool boite_connue(const std::string& boite) {
+    if (boite.starts_with(" 6")) return boite == std::string(" 6") + kSansReprise;
+    const bool lettre = (boite[0] >= 'a' && boite[0] <= 'z') || boite[0] == 'S';
+    return lettre || std::any_of(std::begin(kProcedures), std::end(kProcedures),
+                                 [&](const char* mots) { return boite.ends_with(mots); });
+}
+
 struct Bilan {
     long courses = 0;
     long une_boite = 0;  // runs with exactly one box more
@@ -126,6 +135,9 @@ bool essaie(Bilan& bilan, const FeuilleEssai& feuille, const Course& saine, long
     if (procedure == nullptr || boite.a != k)
         return faute(bilan, feuille, k, "not the box that is due: " + boite.texte, course);
     bilan.procedures.insert(procedure);
+    for (const Boite& autre : course.boites)
+        if (!boite_connue(autre.texte))
+            return faute(bilan, feuille, k, "an unknown box: " + autre.texte, course);
     if (course.boites.size() == saine.boites.size() + 1) ++bilan.une_boite;
     if (!lignes_gardees(feuille, course, procedure))
         return faute(bilan, feuille, k, "a line is lost", course);
@@ -154,7 +166,9 @@ int main(int, char** argv) {
     agrandit_pile(argv);
     Bilan bilan;
     for (const FeuilleEssai& feuille : feuilles_essai()) essaie_feuille(bilan, feuille);
-    for (const char* mots : kProcedures)
+    std::vector<std::string> toutes(std::begin(kProcedures), std::end(kProcedures));
+    toutes.emplace_back(kSansReprise);
+    for (const std::string& mots : toutes)
         if (!bilan.procedures.contains(mots)) {
             ++bilan.fautes;
             std::cout << "FAILED: no statement of \"" << mots << "\" was made to fail\n";

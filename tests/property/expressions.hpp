@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "property/tirage.hpp"
+#include "property/choice.hpp"
 
 // What the generator knows of the sheet's variables, 1 to 26 for A to Z.
 struct Variable {

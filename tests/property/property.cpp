@@ -9,9 +9,9 @@
 
 #include "base/codepage.hpp"
 #include "platform/stack.hpp"
-#include "property/instables.hpp"
-#include "property/soupe.hpp"
-#include "property/verification.hpp"
+#include "property/checks.hpp"
+#include "property/unstable.hpp"
+#include "property/words.hpp"
 #include "support/program.hpp"
 
 namespace {

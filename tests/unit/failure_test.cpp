@@ -9,7 +9,7 @@
 
 #include "base/number.hpp"
 #include "engine/context.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 namespace {
 

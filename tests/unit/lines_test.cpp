@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "support/program.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 namespace {
 

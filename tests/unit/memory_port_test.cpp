@@ -5,7 +5,7 @@
 
 #include "platform/memory.hpp"
 #include "platform/platform.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 TEST_CASE("memory port: a new text puts the cursor at its start") {
     port.texte.pose_texte("A=1\r\nB=2");

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "shell/help_mode.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 TEST_CASE("message: the same words alternate between two forms") {
     for (int i = 0; i < 4; ++i) dit("Entier");

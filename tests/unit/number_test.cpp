@@ -8,7 +8,7 @@
 #include <limits>
 #include <string>
 
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 namespace {
 

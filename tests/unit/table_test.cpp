@@ -6,7 +6,7 @@
 #include <string>
 
 #include "matrix/store.hpp"
-#include "unit/outils.hpp"
+#include "unit/helpers.hpp"
 
 TEST_CASE("table: indexes run from 1 and every other one fails") {
     Table<int> table(3);

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "property/feuilles.hpp"
+#include "property/sheets.hpp"
 
 // What the user has after a pass, and the values behind it.
 struct Vue {

@@ -1,6 +1,6 @@
 // Sheets of words thrown together. Nothing is known of what they give, except what holds for every
 // sheet: where the cursor stands, what is said, and that nothing of another sheet shows.
-#include "property/soupe.hpp"
+#include "property/words.hpp"
 
 #include <iostream>
 #include <string>
@@ -8,7 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "engine/context.hpp"
-#include "property/verification.hpp"
+#include "property/checks.hpp"
 #include "shell/message.hpp"
 #include "support/program.hpp"
 

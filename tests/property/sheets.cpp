@@ -1,5 +1,5 @@
 // Random sheets: ordinary lines, comments, singular lines, money, functions, errors.
-#include "property/feuilles.hpp"
+#include "property/sheets.hpp"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // The checks on a calculated sheet. Changes the program that it runs, and the digest.
-#include "property/verification.hpp"
+#include "property/checks.hpp"
 
 #include <algorithm>
 #include <bit>

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "base/codepage.hpp"
-#include "property/feuilles.hpp"
+#include "property/sheets.hpp"
 
 // A function of one letter, of values that no display refuses.
 std::string Redaction::corps_de_fonction(const std::string& x) {

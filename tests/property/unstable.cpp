@@ -1,13 +1,13 @@
 // Sheets that change when they are calculated again. Each kind is written with random lines around
 // it, and what every pass must give is put together from what its parts give alone.
-#include "property/instables.hpp"
+#include "property/unstable.hpp"
 
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "base/codepage.hpp"
-#include "property/verification.hpp"
+#include "property/checks.hpp"
 #include "support/program.hpp"
 
 namespace {

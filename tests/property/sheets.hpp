@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "property/choice.hpp"
 #include "property/expressions.hpp"
-#include "property/tirage.hpp"
 
 // The modes and options under which a sheet is calculated.
 struct Reglage {

@@ -1,0 +1,110 @@
+// The desktop program: its stack, its display, its port, its window.
+#include <wx/app.h>
+#include <wx/log.h>
+
+#include <clocale>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.hpp"
+#include "platform/platform.hpp"
+#include "platform/stack.hpp"
+#include "shell/events.hpp"
+#include "shell/reset.hpp"
+#include "shell/wx/dialogs.hpp"
+#include "shell/wx/frame.hpp"
+#include "shell/wx/printing.hpp"
+#include "shell/wx/system.hpp"
+
+namespace {
+
+constexpr std::string_view kImprimeVers = "--imprime-vers=";   // for the tests: PDF instead of printer
+
+constexpr std::string_view kAide =
+    "voxtab [FEUILLE]\n"
+    "Ouvre la calculatrice, avec la feuille donnée ou une feuille sans titre.\n"
+    "  --aide     montre ce texte\n"
+    "  --version  montre la version\n";
+
+std::vector<std::string> arguments;   // of the command line, in UTF-8, without the options
+std::string fichier_pdf;              // where printing goes, "" for a printer
+
+class Application : public wxApp {
+public:
+    bool OnInit() override {
+        SetAppName("voxtab");
+        SetAppDisplayName("VOXTAB");
+        installe_port();
+        evenement_chargement();
+        return true;
+    }
+
+private:
+    // The window is destroyed by the toolkit when it closes, and the program ends with it.
+    static void installe_port() {
+        auto* fenetre_principale = new Cadre;
+        installe_fichiers_reels();
+        installe_systeme(arguments);
+        installe_fenetre(*fenetre_principale);
+        installe_boites();
+        installe_dialogues();
+        installe_imprimante();
+        if (!fichier_pdf.empty()) imprime_vers(fichier_pdf);
+        fenetre_principale->installe_port_texte();
+    }
+};
+
+// Reads the options; true when one of them was all that was asked for.
+bool options_seules(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view mot = argv[i];
+        if (mot == "--aide" || mot == "--help") {
+            std::cout << kAide;
+            return true;
+        }
+        if (mot == "--version") {
+            std::cout << "voxtab " VOXTAB_VERSION "\n";
+            return true;
+        }
+        if (mot.starts_with(kImprimeVers))
+            fichier_pdf = mot.substr(kImprimeVers.size());
+        else
+            arguments.emplace_back(mot);
+    }
+    return false;
+}
+
+// The words of the system's own dialogs follow the user's language. Names of files are UTF-8
+// whatever the locale says, and numbers never follow it.
+void choisit_langue() {
+    std::setlocale(LC_ALL, "");
+    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) std::setlocale(LC_CTYPE, "");
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+// Starts the toolkit; false where no window can be had.
+bool ouvre_ecran(char** argv) {
+    const wxLogNull sans_message;
+    int seul = 1;   // the toolkit gets the program's name alone
+    return wxEntryStart(seul, argv);
+}
+
+}  // namespace
+
+wxIMPLEMENT_APP_NO_MAIN(Application);
+
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    if (options_seules(argc, argv)) return 0;
+    choisit_langue();
+    if (!ouvre_ecran(argv)) {
+        std::cerr << "voxtab : aucun écran n'est disponible ; voxtab-calc calcule dans un terminal.\n";
+        return 1;
+    }
+    reinitialise_tout();
+    const int statut = wxTheApp->CallOnInit() ? wxTheApp->OnRun() : 1;
+    wxEntryCleanup();
+    return statut;
+}

@@ -1,0 +1,238 @@
+// The controls of the window and what the user does with them: menus first, then the control that has
+// the focus.
+#include "shell/wx/frame.hpp"
+
+#include <array>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "platform/platform.hpp"
+#include "shell/events.hpp"
+#include "shell/wx/announce.hpp"
+#include "shell/wx/appearance.hpp"
+#include "shell/wx/ids.hpp"
+#include "shell/wx/keys.hpp"
+#include "shell/wx/text_view.hpp"
+#include "shell/wx/typed_text.hpp"
+
+Cadre* cadre = nullptr;
+
+namespace {
+
+constexpr int kLargeurMini = 480;      // pixels of the window, so that menus and buttons keep their place
+constexpr int kHauteurMini = 320;
+constexpr int kCaractereColle = 22;   // what stands for a change of the text without a key of its own
+
+bool est_option(std::string_view nom) { return nom.starts_with("Option"); }
+
+// A key whose command comes on its release: its press must neither type nor move anything. Insert is
+// the reader's key and no switch to overwriting.
+bool touche_reservee(const FrappeTouche& f) {
+    if (f.touche == kToucheInser) return !f.maj && !f.ctrl && !f.alt;
+    if (f.touche == kToucheEntree) return f.ctrl;
+    const bool de_alt = f.touche == 'C' || f.touche == 'R' || f.touche == kToucheF1 ||
+                        f.touche == kToucheGauche || f.touche == kToucheDroite;
+    return f.alt && de_alt;
+}
+
+// The button whose access key that is, or nullptr. The toolkit would click it a moment later, after
+// the key's release.
+const Controle* bouton_de(const FrappeTouche& f) {
+    if (!f.alt || f.ctrl || f.touche < 'A' || f.touche > 'Z') return nullptr;
+    for (const Controle* c : {&fenetre.CmdVoxtab, &fenetre.CmdModifTexte, &fenetre.CmdQuitter}) {
+        const std::size_t marque = c->texte.find('&');
+        const bool sienne = marque != std::string::npos && marque + 1 < c->texte.size() &&
+                            capitale(c->texte[marque + 1]) == f.touche;
+        if (sienne && c->visible && c->actif) return c;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Cadre::Cadre() : wxFrame(nullptr, wxID_ANY, vers_wx(fenetre.titre)) {
+    SetMinSize(wxSize(kLargeurMini, kHauteurMini));
+    SetMenuBar(menus_.barre());
+    cree_controles();
+    zone_ = std::make_unique<ZoneTexte>(*txt_);
+    relie_evenements();
+    relie_txt();
+    cadre = this;
+}
+
+// The controls in their tab order: the text, the angle view, the buttons, the list.
+void Cadre::cree_controles() {
+    const long style = wxTE_MULTILINE | wxTE_DONTWRAP | wxTE_NOHIDESEL;
+    txt_ = new wxTextCtrl(this, ids::kTxt, "", wxDefaultPosition, wxDefaultSize, style);
+    etat_ = new BarreEtat(this);
+    cadre_angle_ = new wxStaticBox(this, ids::kFrameAngle, "");
+    const auto option = [&](int id, long groupe) {
+        return new wxRadioButton(cadre_angle_, id, "", wxDefaultPosition, wxDefaultSize, groupe);
+    };
+    const auto bouton = [](wxWindow* parent, int id) { return new wxButton(parent, id, " "); };
+    Fenetre& f = fenetre;
+    const auto ajoute = [&](Controle& c, wxWindow* w) {
+        w->SetName(wxString::FromUTF8(c.nom.data(), c.nom.size()));
+        paires_.push_back({&c, w, "", {}, true});
+        if (&c != &f.FrameAngle && &c != &f.LblMessage) prepare_annonce(*w);
+    };
+    ajoute(f.txt, txt_);
+    ajoute(f.FrameAngle, cadre_angle_);
+    ajoute(f.OptionDegre, option(ids::kOptionDegre, wxRB_GROUP));
+    ajoute(f.OptionRadian, option(ids::kOptionRadian, 0));
+    ajoute(f.OptionGrade, option(ids::kOptionGrade, 0));
+    ajoute(f.CmdAngle, bouton(cadre_angle_, ids::kCmdAngle));
+    ajoute(f.CmdVoxtab, bouton(this, ids::kCmdVoxtab));
+    ajoute(f.CmdModifTexte, bouton(this, ids::kCmdModifTexte));
+    ajoute(f.CmdQuitter, bouton(this, ids::kCmdQuitter));
+    liste_ = new wxListBox(this, ids::kListe);
+    ajoute(f.Liste, liste_);
+    // Alone in its panel the line labels nothing, neither a control nor a box to come.
+    ligne_message_ = new wxPanel(this);
+    message_ = new wxStaticText(ligne_message_, ids::kLblMessage, "", wxDefaultPosition,
+                                wxDefaultSize, wxST_NO_AUTORESIZE);
+    ajoute(f.LblMessage, message_);
+    nomme(*ligne_message_, "Message");
+    nomme(*txt_, "Feuille");
+    nomme(*liste_, "Couleurs");
+}
+
+void Cadre::relie_evenements() {
+    Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent&) { evenement_fermeture(); });
+    Bind(wxEVT_MENU, &Cadre::choix_menu, this);
+    Bind(wxEVT_CHAR_HOOK, &Cadre::touche_avant, this);
+    Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& e) {
+        if (wxWindow* w = fenetre_de(fenetre.focus)) prepare_annonce(*w);
+        e.Skip();
+    });
+    const auto clic = [this](wxCommandEvent& e) {
+        evenement_clic(nom_de(static_cast<wxWindow*>(e.GetEventObject())));
+    };
+    Bind(wxEVT_BUTTON, clic);
+    Bind(wxEVT_RADIOBUTTON, clic);
+    Bind(wxEVT_LISTBOX, [](wxCommandEvent& e) { fenetre.index_liste = e.GetSelection(); });
+    // Enter and a double click choose the line.
+    Bind(wxEVT_LISTBOX_DCLICK,
+         [](wxCommandEvent&) { evenement_caractere("Liste", kToucheEntree); });
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& e) {
+        const std::string_view nom = nom_de(e.GetWindow());
+        if (!au_travail_ && !nom.empty()) fenetre.focus = nom;
+        e.Skip();
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& e) {
+        e.Skip();
+        place_controles();
+    });
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& e) {
+        if (!e.GetActive()) enfoncees_.clear();
+        e.Skip();
+    });
+}
+
+void Cadre::relie_txt() {
+    // What was told is over when the user goes elsewhere: coming back must not say it again.
+    for (const Paire& p : paires_) {
+        if (p.donnees == &fenetre.LblMessage) continue;
+        p.fenetre->Bind(wxEVT_KILL_FOCUS, [w = p.fenetre](wxFocusEvent& e) {
+            prepare_annonce(*w);
+            e.Skip();
+        });
+    }
+    txt_->Bind(wxEVT_KEY_UP, &Cadre::touche_relachee, this);
+    txt_->Bind(wxEVT_CHAR, [](wxKeyEvent& e) {
+        if (const int code = caractere_de(e); code != 0) evenement_caractere("txt", code);
+        e.Skip();
+    });
+    // What changes the text without a key press: paste, cut, drop, an accent composed of two keys.
+    txt_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        const bool programme = zone_->en_ecriture();
+        zone_->change();
+        if (!programme) evenement_caractere("txt", kCaractereColle);
+    });
+    filtre_la_saisie(*txt_, {[this] { return zone_->en_ecriture(); },
+                             [this](char32_t caractere) {
+                                 wxBell();
+                                 messages_.push_back(mots_refus(caractere));
+                                 montre();
+                             }});
+}
+
+// A key before anything else takes it: a menu's shortcut runs its item, whatever has the focus.
+void Cadre::touche_avant(wxKeyEvent& e) {
+    const FrappeTouche frappe = frappe_de(e);
+    enfoncees_.insert(frappe.touche);
+    if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
+        evenement_menu(item);
+        return;
+    }
+    if (const Controle* bouton = bouton_de(frappe)) {
+        evenement_clic(bouton->nom);
+        return;
+    }
+    const std::string_view nom = nom_de(FindFocus());
+    const bool valide = frappe.touche == kToucheEchap || frappe.touche == kToucheEntree;
+    if (valide && (nom == "Liste" || est_option(nom))) {
+        evenement_caractere(nom, frappe.touche);
+        return;
+    }
+    if (nom != "txt" || !touche_reservee(frappe)) e.Skip();
+}
+
+// The release of a combination whose press went to a box or a dialog is not the window's.
+void Cadre::touche_relachee(wxKeyEvent& e) {
+    const FrappeTouche frappe = frappe_de(e);
+    const bool a_nous = enfoncees_.erase(frappe.touche) != 0;
+    if (a_nous || (!frappe.alt && !frappe.ctrl)) evenement_touche("txt", frappe);
+    e.Skip();
+}
+
+void Cadre::choix_menu(wxCommandEvent& e) {
+    int index = 0;
+    const std::string_view nom = item_du_menu(e.GetId(), index);
+    if (nom.empty()) {
+        e.Skip();
+        return;
+    }
+    // The reader is still in the menu; it comes back to the control that had the focus.
+    lecteur_ailleurs_ = true;
+    evenement_menu(nom, index);
+    lecteur_ailleurs_ = false;
+}
+
+std::string_view Cadre::nom_de(const wxWindow* w) const {
+    for (const Paire& p : paires_)
+        if (p.fenetre == w) return p.donnees->nom;
+    return "";
+}
+
+wxWindow* Cadre::fenetre_de(std::string_view nom) const {
+    for (const Paire& p : paires_)
+        if (p.donnees->nom == nom) return p.fenetre;
+    return nullptr;
+}
+
+void Cadre::installe_port_texte() { installe_texte(*zone_); }
+
+void Cadre::termine() {
+    cadre = nullptr;
+    Destroy();
+}
+
+void installe_fenetre(Cadre& c) {
+    cadre = &c;
+    port.message.etiquette = [](std::string_view texte) {
+        if (cadre != nullptr) cadre->note_message(texte);
+    };
+    port.boites.bip = [] { wxBell(); };
+    port.fenetre = {[] {
+                        if (cadre != nullptr) cadre->montre();
+                    },
+                    [] {
+                        if (cadre != nullptr) cadre->termine();
+                    },
+                    [](int& largeur, int& hauteur) {
+                        const wxSize ecran = wxGetDisplaySize();
+                        largeur = ecran.x * kTwipsParPixel;
+                        hauteur = ecran.y * kTwipsParPixel;
+                    }};
+}

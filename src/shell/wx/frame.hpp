@@ -1,0 +1,93 @@
+// The window: the controls of the core's data, shown as the data say, and what the user does there,
+// told to the core. One instance, made when the program starts.
+#pragma once
+
+#include <wx/button.h>
+#include <wx/frame.h>
+#include <wx/listbox.h>
+#include <wx/radiobut.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/window.hpp"
+#include "shell/wx/menus.hpp"
+#include "shell/wx/status_bar.hpp"
+#include "shell/wx/text_control.hpp"
+
+class Cadre : public wxFrame {
+public:
+    Cadre();
+
+    void installe_port_texte();                      // the text in the port
+    void montre();                                   // the window becomes what the data say
+    void note_message(std::string_view texte);       // a message to tell when the window is up to date
+    void termine();                                  // the program is over
+
+private:
+    // A control with the data that it shows, and what it showed last.
+    struct Paire {
+        Controle* donnees;
+        wxWindow* fenetre;
+        std::string texte;
+        Police police{};
+        bool neuf = true;
+    };
+
+    void cree_controles();                           // frame.cpp
+    void relie_evenements();
+    void relie_txt();
+    void touche_avant(wxKeyEvent& e);
+    void touche_relachee(wxKeyEvent& e);
+    void choix_menu(wxCommandEvent& e);
+    std::string_view nom_de(const wxWindow* w) const;
+    wxWindow* fenetre_de(std::string_view nom) const;
+
+    void montre_controle(Paire& p);                  // mirror.cpp
+    void montre_legende(Paire& p);
+    void montre_police(Paire& p);
+    void montre_couleurs();
+    void montre_liste();
+    void montre_options();
+    bool focus_en_place();
+    void montre_focus();
+    void cache_controles();
+    void dit_messages(bool focus_present);
+    std::string ligne_du_curseur() const;
+
+    void place_fenetre();                            // layout.cpp
+    void place_controles();
+    int place_boutons(int largeur);
+    void place_cadre_angle(int haut, const wxSize& place);
+
+    std::vector<Paire> paires_;
+    wxTextCtrl* txt_ = nullptr;
+    wxListBox* liste_ = nullptr;
+    wxStaticBox* cadre_angle_ = nullptr;
+    wxPanel* ligne_message_ = nullptr;
+    wxStaticText* message_ = nullptr;
+    BarreEtat* etat_ = nullptr;
+    BarreMenus menus_;
+    std::unique_ptr<ZoneTexte> zone_;
+    std::vector<std::string> messages_;              // in UTF-8, not told yet
+    std::vector<std::string> lignes_vues_;           // of the list, as shown
+    std::set<int> enfoncees_;                        // keys pressed in this window, not released yet
+    wxRect place_vue_;                               // place of the window as the data had it, twips
+    int couleur_vue_ = -2, fond_vu_ = -2;            // colours of the text as shown
+    bool sablier_vu_ = false;
+    bool a_placer_ = true;                           // the controls must be placed again
+    bool lecteur_ailleurs_ = false;                  // a screen reader is in a menu, not in the window
+    bool au_travail_ = false;                        // montre() is at work
+};
+
+// The window of the program, or nullptr.
+extern Cadre* cadre;
+
+// Installs the window, the message line and the beep in the port.
+void installe_fenetre(Cadre& c);

@@ -1,0 +1,13 @@
+// The keys of the toolkit as the core knows them. One file per system stands behind this header.
+#pragma once
+
+#include <wx/event.h>
+
+#include "shell/events.hpp"
+
+// The key of a press or release, with its modifiers at that moment; AltGr is Ctrl and Alt together.
+// Valid while that event is handled.
+FrappeTouche frappe_de(const wxKeyEvent& evenement);
+
+// The character that a press types, 0 for none: a command's key, an arrow, Delete.
+int caractere_de(const wxKeyEvent& evenement);

@@ -1,0 +1,157 @@
+// The window follows the core's data: what must be seen comes first, then the focus, then what must
+// go, so that the focus never passes over a control that isn't meant; the messages come last, when
+// text and cursor are final.
+#include "shell/wx/frame.hpp"
+
+#include <cstddef>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "shell/wx/announce.hpp"
+#include "shell/wx/appearance.hpp"
+
+namespace {
+
+// The controls of the angle view can be used when the view can. Each is told so by itself: a reader
+// isn't told of the state that a control has from its frame.
+bool actif(const Controle& c) {
+    const bool dans_cadre = c.nom.starts_with("Option") || &c == &fenetre.CmdAngle;
+    return c.actif && (!dans_cadre || fenetre.FrameAngle.actif);
+}
+
+bool est_texte(const Controle* c) {
+    return c == &fenetre.txt || c == &fenetre.Liste || c == &fenetre.LblMessage;
+}
+
+}  // namespace
+
+void Cadre::montre_legende(Paire& p) {
+    if (est_texte(p.donnees) || (!p.neuf && p.texte == p.donnees->texte)) return;
+    p.texte = p.donnees->texte;
+    p.fenetre->SetLabel(vers_wx(p.texte));
+    a_placer_ = true;
+}
+
+// Only the texts have a font of their own; the other controls keep the system's.
+void Cadre::montre_police(Paire& p) {
+    const Police& police = p.donnees->police;
+    if (!est_texte(p.donnees) || (!p.neuf && p.police.nom == police.nom &&
+                                  p.police.taille == police.taille && p.police.gras == police.gras))
+        return;
+    p.police = police;
+    p.fenetre->SetFont(police_wx(police));
+    a_placer_ = true;
+}
+
+void Cadre::montre_controle(Paire& p) {
+    montre_legende(p);
+    montre_police(p);
+    if (actif(*p.donnees) && !p.fenetre->IsThisEnabled()) p.fenetre->Enable();
+    if (p.donnees->visible && !p.fenetre->IsShown()) {
+        p.fenetre->Show();
+        a_placer_ = true;
+    }
+    p.neuf = false;
+}
+
+void Cadre::cache_controles() {
+    for (Paire& p : paires_) {
+        if (!p.donnees->visible && p.fenetre->IsShown()) {
+            p.fenetre->Hide();
+            a_placer_ = true;
+        }
+        if (!actif(*p.donnees) && p.fenetre->IsThisEnabled()) p.fenetre->Disable();
+    }
+}
+
+void Cadre::montre_couleurs() {
+    if (txt_->IsEditable() == fenetre.txt_lecture_seule)
+        txt_->SetEditable(!fenetre.txt_lecture_seule);
+    if (sablier_vu_ != fenetre.sablier) SetCursor(fenetre.sablier ? *wxHOURGLASS_CURSOR : wxNullCursor);
+    sablier_vu_ = fenetre.sablier;
+    if (couleur_vue_ == fenetre.txt_couleur && fond_vu_ == fenetre.txt_fond) return;
+    couleur_vue_ = fenetre.txt_couleur;
+    fond_vu_ = fenetre.txt_fond;
+    txt_->SetForegroundColour(couleur_wx(couleur_vue_));
+    txt_->SetBackgroundColour(couleur_wx(fond_vu_));
+    message_->SetForegroundColour(couleur_wx(fenetre.LblMessage_couleur));
+}
+
+void Cadre::montre_liste() {
+    if (lignes_vues_ != fenetre.lignes_liste) {
+        lignes_vues_ = fenetre.lignes_liste;
+        wxArrayString lignes;
+        for (const std::string& ligne : lignes_vues_) lignes.Add(vers_wx(ligne));
+        liste_->Set(lignes);
+    }
+    const int rang = fenetre.index_liste;
+    const bool dedans = rang >= 0 && static_cast<std::size_t>(rang) < lignes_vues_.size();
+    if (dedans && liste_->GetSelection() != rang) liste_->SetSelection(rang);
+}
+
+void Cadre::montre_options() {
+    const char* const nom = fenetre.option_angle == 1   ? "OptionDegre"
+                            : fenetre.option_angle == 2 ? "OptionRadian"
+                                                        : "OptionGrade";
+    auto* option = static_cast<wxRadioButton*>(fenetre_de(nom));
+    if (!option->GetValue()) option->SetValue(true);
+}
+
+// The window is active and the focus where the data want it, and a reader is there too.
+bool Cadre::focus_en_place() {
+    return !lecteur_ailleurs_ && IsActive() && FindFocus() == fenetre_de(fenetre.focus);
+}
+
+void Cadre::montre_focus() {
+    wxWindow* voulu = fenetre_de(fenetre.focus);
+    if (voulu != nullptr && voulu != FindFocus() && voulu->IsShown()) voulu->SetFocus();
+}
+
+// Each message once; the label keeps the last one. A control that is about to get the focus is read by
+// itself, with its line and with what was told to it before: that is when the messages are heard, and
+// the line is not told twice.
+void Cadre::dit_messages(bool focus_present) {
+    if (messages_.empty()) return;
+    const std::vector<std::string> messages = std::exchange(messages_, {});
+    message_->SetLabelText(wxString::FromUTF8(messages.back().data(), messages.back().size()));
+    wxWindow* voix = fenetre_de(fenetre.focus);
+    if (voix == nullptr) voix = txt_;
+    std::string ensemble;
+    for (const std::string& message : messages) {
+        if (focus_present) annonce(*voix, message);
+        if (voix == txt_ && sans_blancs(message) == sans_blancs(ligne_du_curseur())) continue;
+        (ensemble += ensemble.empty() ? "" : ", ") += message;
+    }
+    if (!focus_present && !ensemble.empty()) annonce(*voix, ensemble);
+}
+
+// The line that the reader reads when the text gets the focus, in UTF-8.
+std::string Cadre::ligne_du_curseur() const {
+    long colonne = 0;
+    long ligne = 0;
+    txt_->PositionToXY(txt_->GetInsertionPoint(), &colonne, &ligne);
+    return txt_->GetLineText(ligne).utf8_string();
+}
+
+void Cadre::note_message(std::string_view texte) { messages_.push_back(vers_utf8(texte)); }
+
+void Cadre::montre() {
+    if (std::exchange(au_travail_, true)) return;
+    if (const wxString titre = vers_wx(fenetre.titre); titre != GetTitle()) SetTitle(titre);
+    menus_.montre();
+    etat_->montre(fenetre.panneaux);
+    for (Paire& p : paires_) montre_controle(p);
+    montre_couleurs();
+    montre_liste();
+    montre_options();
+    zone_->ecrit();
+    place_fenetre();
+    if (!IsShown()) Show();
+    const bool present = focus_en_place();
+    if (!present) dit_messages(false);
+    montre_focus();
+    cache_controles();
+    if (std::exchange(a_placer_, false)) place_controles();
+    dit_messages(true);
+    au_travail_ = false;
+}

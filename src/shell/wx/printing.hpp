@@ -1,0 +1,17 @@
+// Printing: the text that the core sends, in its font, on the system's printer. One file per system
+// stands behind this header.
+#pragma once
+
+#include <wx/window.h>
+
+#include <string>
+
+// The printer dialog; what the user chooses there holds for what is printed from then on. False on
+// Cancel.
+bool choisit_imprimante(wxWindow* parent);
+
+// From now on printing goes into that PDF file instead of a printer.
+void imprime_vers(const std::string& fichier_pdf);
+
+// Installs the printer in the port.
+void installe_imprimante();

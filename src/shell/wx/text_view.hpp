@@ -1,0 +1,22 @@
+// What the toolkit doesn't offer of the system's text control. One file per system stands behind this
+// header. Positions are those of the control.
+#pragma once
+
+#include <wx/textctrl.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+// The whole text in UTF-8.
+std::string texte_de_la_vue(const wxTextCtrl& controle);
+// Replaces the characters from `de` to `a` by a text in UTF-8, as one change.
+void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_view utf8);
+
+// What is typed, pasted or dropped goes through texte_accepte(); `refus` is told of each character
+// that the sheet can't have. `programme` answers true while the program itself writes.
+struct FiltreSaisie {
+    std::function<bool()> programme;
+    std::function<void(char32_t)> refus;
+};
+void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre);

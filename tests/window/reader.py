@@ -1,0 +1,95 @@
+"""The screen reader of a test: Orca with a private home, whose log tells what it says and what stands
+on the braille line. Run as a program, this file is Orca itself with a log that is written line by
+line, so that what was said can be read at once."""
+import builtins
+import pathlib
+import re
+import runpy
+import subprocess
+import sys
+import time
+
+ORCA = "/usr/bin/orca"
+SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)'\s*\{")
+BRAILLE = re.compile(r"BRAILLE LINE:  '(.*)'")
+QUIET = 0.35    # seconds without a word: what an event makes the reader say has been said
+
+
+class Reader:
+    """One run of Orca."""
+
+    def __init__(self, place):
+        self.log = pathlib.Path(place) / "orca.log"
+        self.read = 0
+        with open(pathlib.Path(place) / "orca.out", "w", encoding="utf-8") as out:
+            self.process = subprocess.Popen([sys.executable, __file__, str(self.log)],
+                                            stdout=out, stderr=out)
+        self.hear(lambda heard: "Screen reader on." in heard.speech, 30)
+
+    def lines(self):
+        if not self.log.exists():
+            return []
+        return self.log.read_text(encoding="utf-8", errors="replace").splitlines()
+
+    def forget(self):
+        """What was heard until now is of no interest."""
+        self.settle()
+        self.read = len(self.lines())
+
+    def settle(self, limit=10.0):
+        """Waits until the reader's log stays as it is."""
+        end = time.monotonic() + limit
+        size, since = -1, time.monotonic()
+        while time.monotonic() < end:
+            now = self.log.stat().st_size if self.log.exists() else 0
+            if now != size:
+                size, since = now, time.monotonic()
+            elif time.monotonic() - since > QUIET:
+                return
+            time.sleep(0.02)
+
+    def hear(self, enough, limit=10.0):
+        """What is heard from now on, as soon as `enough` says so, and all that comes with it."""
+        end = time.monotonic() + limit
+        while time.monotonic() < end and not enough(Heard(self.lines()[self.read:])):
+            time.sleep(0.02)
+        self.settle()
+        lines = self.lines()
+        heard = Heard(lines[self.read:])
+        self.read = len(lines)
+        return heard
+
+    def end(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+
+class Heard:
+    """What a part of the log tells: words spoken, in order, and braille lines."""
+
+    def __init__(self, lines):
+        found = [match.group(1) for line in lines if (match := SPEECH.search(line))]
+        self.speech = [words.strip() for words in found]
+        self.braille = [match.group(1) for line in lines if (match := BRAILLE.search(line))]
+
+    def count(self, words):
+        return sum(1 for said in self.speech if said.rstrip(".") == words.strip().rstrip("."))
+
+
+def run_orca(log):
+    """Runs Orca in this process."""
+    plain_open = builtins.open
+
+    def open_by_line(file, *arguments, **named):
+        if file == log:
+            return plain_open(file, "w", buffering=1, encoding="utf-8", errors="replace")
+        return plain_open(file, *arguments, **named)
+
+    builtins.open = open_by_line
+    sys.argv = [ORCA, "--debug-file=" + log, "--enable", "speech", "--enable", "braille"]
+    runpy.run_path(ORCA, run_name="__main__")
+
+
+if __name__ == "__main__":
+    run_orca(sys.argv[1])

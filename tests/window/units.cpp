@@ -1,0 +1,124 @@
+// Positions between sheet and text control, there and back, and what becomes of characters that the
+// sheet's code page lacks.
+#define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
+#include <doctest/doctest.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "shell/wx/pages.hpp"
+#include "shell/wx/positions.hpp"
+#include "shell/wx/typed_text.hpp"
+
+namespace {
+
+const std::vector<std::string> kFeuilles = {
+    "",
+    "A=3",
+    "\r\n",
+    "A=3\r\nB=4",
+    "A=3\r\n\r\n\r\nB=4\r\n",
+    std::string("été = 3\r\nœuvre à 5 €\r\n\r\n²"_fr),
+    std::string("\x81\x8D\x8F\x90\x9D\r\n\xFF\r\n"),
+    std::string("a\tb\fc\r\n"),
+    std::string("x\0y\r\nz", 6),
+};
+
+// Characters of the control's text.
+std::size_t longueur(const std::string& utf8) {
+    std::size_t n = 0;
+    for (const char c : utf8) n += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
+    return n;
+}
+
+}  // namespace
+
+TEST_CASE("a sheet goes to the control and back unchanged") {
+    for (const std::string& feuille : kFeuilles)
+        CHECK(texte_de_la_feuille(texte_du_controle(feuille)) == feuille);
+}
+
+TEST_CASE("the control has UTF-8 with LF") {
+    CHECK(texte_du_controle("\xE9\r\nb") == "\xC3\xA9\nb");
+    CHECK(texte_du_controle("a\rb\nc\r\n") == "a\nb\nc\n");
+    CHECK(texte_de_la_feuille("\xE2\x82\xAC\n") == "\x80\r\n");
+}
+
+TEST_CASE("every position of the sheet goes to the control and back") {
+    for (const std::string& feuille : kFeuilles) {
+        CAPTURE(feuille);
+        for (std::size_t i = 0; i <= feuille.size(); ++i) {
+            const bool dans_fin = i > 0 && i < feuille.size() && feuille[i - 1] == '\r';
+            const std::size_t la = position_du_controle(feuille, i);
+            CHECK(position_de_la_feuille(feuille, la) == (dans_fin ? i - 1 : i));
+        }
+    }
+}
+
+TEST_CASE("every position of the control goes to the sheet and back") {
+    for (const std::string& feuille : kFeuilles) {
+        CAPTURE(feuille);
+        const std::size_t fin = longueur(texte_du_controle(feuille));
+        for (std::size_t i = 0; i <= fin; ++i)
+            CHECK(position_du_controle(feuille, position_de_la_feuille(feuille, i)) == i);
+    }
+}
+
+TEST_CASE("a position past the end is held at the end") {
+    CHECK(position_du_controle("ab\r\n", 99) == 3);
+    CHECK(position_de_la_feuille("ab\r\n", 99) == 4);
+}
+
+TEST_CASE("what is typed or pasted is brought to the code page") {
+    struct Cas {
+        const char* saisi;
+        const char* accepte;
+    };
+    const std::vector<Cas> cas = {
+        {"A=3", "A=3"},
+        {"5\u22123", "5-3"},
+        {"5\u22173\u22152", "5*3/2"},
+        {"2\u00D73\u00F74", "2\u00D73\u00F74"},
+        {"2\u03C0R", "2PIR"},
+        {"\u221A(4)", "SQRT(4)"},
+        {"1\u202F000\u00A0000\u2009000", "1 000 000 000"},
+        {"e\u0301te\u0301", "\u00E9t\u00E9"},
+        {"c\u0327a", "\u00E7a"},
+        {"Y\u0308", "\u0178"},
+        {"a\r\nb\rc\u2028d", "a\nb\nc\nd"},
+        {"\uFEFFA\u200B=1", "A=1"},
+        {"\u03BCm", "\u00B5m"},
+        {"\u20AC \u0153", "\u20AC \u0153"},
+    };
+    for (const Cas& c : cas) {
+        CAPTURE(c.saisi);
+        char32_t refuse = 0;
+        const auto accepte = texte_accepte(c.saisi, refuse);
+        REQUIRE(accepte.has_value());
+        CHECK(*accepte == c.accepte);
+    }
+}
+
+TEST_CASE("any other character is refused, and told") {
+    char32_t refuse = 0;
+    CHECK_FALSE(texte_accepte("x\u2264" "3", refuse).has_value());
+    CHECK(refuse == 0x2264);
+    CHECK_FALSE(texte_accepte("q\u0301", refuse).has_value());
+    CHECK(refuse == 0x301);
+    CHECK_FALSE(texte_accepte("\xFF", refuse).has_value());
+    CHECK(refuse == 0);
+    CHECK(mots_refus(0x2264) == "caractère refusé U+2264");
+    CHECK(mots_refus(0x1F600) == "caractère refusé U+1F600");
+}
+
+TEST_CASE("a printed text is cut into pages") {
+    using Pages = std::vector<Page>;
+    CHECK(pages_de("     \f", 50) == Pages{{"     "}});
+    CHECK(pages_de("     a\r\n     b\f", 50) == Pages{{"     a", "     b"}});
+    CHECK(pages_de("1\r\n2\r\n3\r\n4\r\n5\f", 2) == Pages{{"1", "2"}, {"3", "4"}, {"5"}});
+    CHECK(pages_de("1\r\n2\f", 2) == Pages{{"1", "2"}});
+    CHECK(pages_de("1\f2\f", 9) == Pages{{"1"}, {"2"}});
+    CHECK(pages_de("1\r\n\r\n2", 9) == Pages{{"1", "", "2"}});
+}

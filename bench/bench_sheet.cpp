@@ -42,6 +42,7 @@ const std::map<std::string, std::function<void(int)>> kParties = {
     {"6-matrices", mesure_matrices},
     {"7-statistics", mesure_statistiques},
     {"8-table", mesure_tabulation},
+    {"9-editing", mesure_edition},
 };
 
 void mesure(const std::string& seulement, int repetitions) {

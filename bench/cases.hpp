@@ -13,3 +13,6 @@ void mesure_memoire_passe();                // peak of the resident memory
 void mesure_matrices(int repetitions);      // determinant and inverse
 void mesure_statistiques(int repetitions);  // pairs, data sets, sorted data sets
 void mesure_tabulation(int repetitions);    // the table of a function
+
+// The editing commands beside themselves: cases_editing.cpp.
+void mesure_edition(int repetitions);  // replacing in the whole text, searching backwards

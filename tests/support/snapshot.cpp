@@ -80,9 +80,9 @@ std::string tous_controles() {
     }
     for (const std::string& ligne : fenetre.lignes_liste) ajoute(part, ligne);
     for (const std::string& panneau : fenetre.panneaux) ajoute(part, panneau);
-    for (const int nombre : {fenetre.index_liste, fenetre.option_angle, fenetre.txt_couleur,
-                             fenetre.txt_fond, static_cast<int>(fenetre.txt_lecture_seule),
-                             static_cast<int>(fenetre.fermee)})
+    for (const int nombre :
+         {fenetre.index_liste, fenetre.option_angle, fenetre.txt_couleur, fenetre.txt_fond,
+          static_cast<int>(fenetre.txt_lecture_seule), static_cast<int>(fenetre.fermee)})
         ajoute(part, nombre);
     ajoute(part, std::string(fenetre.focus));
     ajoute(part, couleurs.choix_premier_plan);
@@ -126,8 +126,7 @@ std::string tout_entendu() {
 Instantane prend_instantane() {
     Instantane tout;
     tout["texte"] = memoire.texte;
-    tout["curseur"] =
-        std::to_string(memoire.sel_start) + " " + std::to_string(memoire.sel_length);
+    tout["curseur"] = std::to_string(memoire.sel_start) + " " + std::to_string(memoire.sel_length);
     tout["reglages"] = lignes_reglages();
     tout["fichiers"] = tous_fichiers();
     tout["modes"] = tous_modes();

@@ -16,7 +16,8 @@ Instantane prend_instantane();
 // Names of the parts that differ, in alphabetical order.
 std::vector<std::string> differences(const Instantane& avant, const Instantane& apres);
 
-// What was heard, one thing a line: kind, blank, text, and "|" and the proposed text when there is one.
+// What was heard, one thing a line: kind, blank, text, and "|" and the proposed text when there is
+// one.
 std::string tout_entendu();
 
 // Forgets what was heard, and what the message line last said.

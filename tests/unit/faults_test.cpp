@@ -1,0 +1,255 @@
+// Failing files: in each scenario the k-th file operation fails, for k = 1, 2, 3 and so on. The
+// program goes on, what is heard is exactly what is due, every file is whole, and the user's texts
+// are somewhere. Scenarios and their steps are written as in tests/program.
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "documents/open_documents.hpp"
+#include "documents/settings.hpp"
+#include "helpers.hpp"
+#include "shell/window.hpp"
+#include "support/program.hpp"
+#include "support/snapshot.hpp"
+#include "tools/script.hpp"
+#include "unit/faults_scenarios.hpp"
+
+namespace {
+
+using Contenus = std::map<std::string, std::set<std::string>>;  // by path
+
+constexpr std::array kNumeros = {75, 76, 61, 53};
+const std::string kIni = "C:\\VOXTAB\\VOXTAB.INI";
+const std::string kTravail = "C:\\VOXTAB\\TRAVAIL\\";
+
+// Runs steps one behind the other.
+void joue(const Textes& etapes) {
+    for (const std::string& etape : etapes) execute_etape(1, etape);
+}
+
+// No step was refused, and none ended in a failure that nothing caught.
+void verifie_etapes() {
+    for (const EchecEtape& e : script.echecs)
+        FAIL_CHECK(e.etape << " | " << e.attendu << " | " << e.obtenu);
+}
+
+// Adds the files of the moment to what each path may hold.
+void note_contenus(Contenus& contenus) {
+    for (const auto& [chemin, fichier] : memoire.fichiers)
+        if (!fichier.dossier) contenus[capitales(chemin)].insert(fichier.contenu);
+}
+
+// The file slots while every content is noted, and where it is noted.
+struct Surveillance {
+    PortFichiers vrai{};
+    Contenus* contenus = nullptr;
+};
+Surveillance surveillance;
+
+int note_apres(int numero) {
+    note_contenus(*surveillance.contenus);
+    return numero;
+}
+
+// From now on the contents of all files are noted behind each operation that writes one.
+void surveille(Contenus& contenus) {
+    surveillance = {port.fichiers, &contenus};
+    using Chemin = const std::string&;
+    port.fichiers.remplace = [](Chemin a, Chemin b) {
+        return note_apres(surveillance.vrai.remplace(a, b));
+    };
+    port.fichiers.copie = [](Chemin a, Chemin b) {
+        return note_apres(surveillance.vrai.copie(a, b));
+    };
+    port.fichiers.deplace = [](Chemin a, Chemin b) {
+        return note_apres(surveillance.vrai.deplace(a, b));
+    };
+}
+
+// What each path held at some moment of the run without a failure; its number of file operations.
+int course_saine(const Scenario& scenario, Contenus& contenus) {
+    nouveau_script(false);
+    joue(scenario.avant);
+    note_contenus(contenus);
+    surveille(contenus);
+    const int operations = memoire.operations_fichier;
+    joue(scenario.action);
+    verifie_etapes();
+    return memoire.operations_fichier - operations;
+}
+
+// The boxes, without the questions, one a line.
+std::string boites_entendues() {
+    std::string toutes;
+    for (const std::string& boite : boites()) toutes += boite + "\n";
+    return toutes;
+}
+
+// The boxes that are due: "N" stands for the number of the failure.
+std::string boites_dues(const Textes& modeles, int numero) {
+    std::string toutes;
+    for (const std::string& modele : modeles) {
+        std::string boite = modele;
+        if (boite.starts_with("démarrage:"))
+            boite = boite_demarrage(boite.substr(std::string("démarrage:").size()), numero);
+        for (std::size_t n = boite.find("<N>"); n != std::string::npos; n = boite.find("<N>"))
+            boite.replace(n, 3, std::to_string(numero));
+        toutes += boite + "\n";
+    }
+    return toutes;
+}
+
+// The settings file has its 22 records, with no other names than those of the files of the run.
+void verifie_reglages(const std::string& contenu, const Contenus& contenus) {
+    CHECK(contenu.size() == 5874);
+    for (std::size_t rang = 0; rang < 15 && contenu.size() == 5874; ++rang) {
+        const std::string nom(sans_blancs(contenu.substr(rang * 267, 255)));
+        CAPTURE(nom);
+        CHECK((nom == "SANSTITRE.VXT" || contenus.contains(capitales(nom))));
+    }
+}
+
+// Every file is an old or a new one, whole; those outside of the working folder are all there.
+void verifie_fichiers(const Contenus& contenus, const std::set<std::string>& anciens) {
+    for (const auto& [chemin, fichier] : memoire.fichiers) {
+        if (fichier.dossier) continue;
+        CAPTURE(chemin);
+        CAPTURE(fichier.contenu);
+        const auto la = contenus.find(capitales(chemin));
+        const bool connu = la != contenus.end() && la->second.contains(fichier.contenu);
+        if (capitales(chemin) == kIni && !connu)
+            verifie_reglages(fichier.contenu, contenus);
+        else
+            CHECK(connu);
+    }
+    for (const std::string& chemin : anciens) {
+        CAPTURE(chemin);
+        CHECK((lit_memoire(chemin) || chemin.starts_with(kTravail) ||
+               chemin.ends_with("VERJAWS.INI")));
+    }
+}
+
+// The text is on the screen or in a file, with or without its last line end.
+bool existe_texte(const std::string& texte) {
+    if (programme_en_marche() && memoire.texte == texte) return true;
+    return std::any_of(memoire.fichiers.begin(), memoire.fichiers.end(), [&](const auto& f) {
+        return f.second.contenu == texte || f.second.contenu == texte + "\r\n";
+    });
+}
+
+// All texts are there, or, when one is due to be lost, not all of them.
+void verifie_textes(const Textes& textes, bool perdu) {
+    Textes absents;
+    for (const std::string& texte : textes)
+        if (!existe_texte(texte)) absents.push_back(texte);
+    CHECK((perdu ? absents.size() == 1 : absents == Textes{}));
+}
+
+// Each open sheet has the working copy of its name: what is shown is saved to its own file.
+void verifie_copies() {
+    for (int rang = 1; rang <= documents.nombre_document; ++rang) {
+        std::string nom = reglages.table_ini(rang).nom;
+        std::replace(nom.begin(), nom.end(), ':', '_');
+        std::replace(nom.begin(), nom.end(), '\\', '_');
+        CHECK(capitales(documents.nom_copie(rang)) == kTravail + capitales(nom));
+    }
+}
+
+// The user goes once around all sheets, each of which is written to its copy and read again.
+void fait_le_tour() {
+    if (!programme_en_marche()) return;
+    for (int i = 0; i < documents.nombre_document; ++i) joue({"touche F6"});
+}
+
+// A sheet that couldn't be read leaves an empty text in its place.
+bool lecture_ratee(const Rapport& rapport) {
+    return std::any_of(rapport.boites.begin(), rapport.boites.end(),
+                       [](const std::string& b) { return b.ends_with("sur litnomcopie"); });
+}
+
+// Another sheet is opened and shown.
+void verifie_ouverture() {
+    const int ouverts = documents.nombre_document;
+    joue({"répond \"C:\\SUITE.VXT\"", "touche Ctrl+O"});
+    CHECK(memoire.texte == "5*5");
+    CHECK(documents.nombre_document == ouverts + 1);
+    CHECK(boites_entendues() == "");
+}
+
+// Without a working folder no sheet can be kept: the sheet stays, and saving it is refused aloud.
+void verifie_refus() {
+    joue({"répond \"C:\\SUITE2.VXT\"", "touche Ctrl+Maj+S"});
+    CHECK(memoire.texte.starts_with("7*6 = 42\r\n"));
+    CHECK(boites_entendues().starts_with("76 76 sur EnregistrerSous\n"));
+}
+
+// The program takes the next commands: a line is calculated, a sheet is opened.
+void verifie_suite() {
+    if (!programme_en_marche()) return;
+    oublie_entendu();
+    memoire.reponses.clear();
+    pose_fichier("C:\\SUITE.VXT", "5*5\r\n");
+    joue({"curseur 0", "tape \"7*6¶\"", "curseur 0", "touche Alt+C"});
+    CHECK(memoire.texte.starts_with("7*6 = 42\r\n"));
+    CHECK(boites_entendues() == "");
+    dossier_memoire(kTravail) ? verifie_ouverture() : verifie_refus();
+    verifie_etapes();
+}
+
+// What existed before the action, in capitals.
+std::set<std::string> chemins_du_moment() {
+    std::set<std::string> chemins;
+    for (const auto& [chemin, fichier] : memoire.fichiers)
+        if (!fichier.dossier) chemins.insert(capitales(chemin));
+    return chemins;
+}
+
+// Runs the scenario with the k-th operation of its action failing.
+void course_malade(const Scenario& scenario, const Contenus& contenus, int k, int numero) {
+    nouveau_script(false);
+    joue(scenario.avant);
+    const std::set<std::string> anciens = chemins_du_moment();
+    oublie_entendu();
+    memoire.echec_operation = memoire.operations_fichier + k;
+    memoire.echec_numero = numero;
+    joue(scenario.action);
+    CHECK(memoire.operations_fichier >= memoire.echec_operation);
+    const Rapport& rapport = scenario.rapports[static_cast<std::size_t>(k) - 1];
+    CHECK(boites_entendues() == boites_dues(rapport.boites, numero));
+    CHECK(programme_en_marche() == rapport.continue_apres);
+    verifie_etapes();
+    Contenus permis = contenus;
+    for (const auto& [chemin, contenu] : rapport.aussi) permis[chemin].insert(contenu);
+    verifie_fichiers(permis, anciens);
+    verifie_textes(scenario.textes, rapport.perdu);
+    memoire.echec_operation = 0;
+    if (programme_en_marche() && !scenario.decale) verifie_copies();
+    if (!lecture_ratee(rapport)) fait_le_tour();
+    verifie_textes(scenario.textes, rapport.perdu);
+    verifie_suite();
+}
+
+}  // namespace
+
+TEST_CASE("faults: each file operation of each scenario fails once with each number") {
+    for (const Scenario& scenario : scenarios()) {
+        CAPTURE(scenario.nom);
+        Contenus contenus;
+        const int operations = course_saine(scenario, contenus);
+        verifie_textes(scenario.textes, false);
+        CHECK(boites_entendues() == boites_dues(scenario.boites_saines, 75));
+        REQUIRE(static_cast<std::size_t>(operations) == scenario.rapports.size());
+        for (int k = 1; k <= operations; ++k)
+            for (const int numero : kNumeros) {
+                CAPTURE(k);
+                CAPTURE(numero);
+                course_malade(scenario, contenus, k, numero);
+            }
+    }
+}

@@ -14,6 +14,8 @@ from gi.repository import Atspi, GLib  # noqa: E402
 LIMIT = 10.0    # seconds that a wait may last
 PAUSE = 0.02    # seconds between two looks
 
+COMPLAINTS = ("CRITICAL", "ssert", "ERROR: AddressSanitizer", "runtime error:")
+
 # Names of keys as the tests write them, and as the display knows them.
 KEYS = {"Ctrl": "Control_L", "Maj": "Shift_L", "Alt": "Alt_L", "AltGr": "ISO_Level3_Shift",
         "Entrée": "Return", "Échap": "Escape", "Gauche": "Left", "Droite": "Right", "Haut": "Up",
@@ -86,7 +88,7 @@ class Program:
     def __init__(self, binary, place, name="programme"):
         self.folder = pathlib.Path(place) / name
         self.fresh = not self.folder.exists()
-        self.folder.mkdir(exist_ok=True)
+        self.folder.mkdir(parents=True, exist_ok=True)
         self.binary = self.folder / "voxtab"
         if self.fresh:
             shutil.copy(binary, self.binary)
@@ -164,7 +166,7 @@ class Program:
         """What the toolkit has complained about, but for what it says of itself when it shows a
         window with a menu bar for the first time."""
         lines = self.log.read_text(encoding="utf-8").splitlines()
-        return [line for line in lines if ("CRITICAL" in line or "ssert" in line) and
+        return [line for line in lines if any(word in line for word in COMPLAINTS) and
                 "gtk_distribute_natural_allocation" not in line]
 
     # --- Acting ----------------------------------------------------------------------------------

@@ -1,5 +1,8 @@
 """Files: saving, opening, closing and quitting through the real dialogs, and what is on the disk
 afterwards."""
+import os
+import pathlib
+import shutil
 import sys
 
 from pilot import (Failed, children, expect, role, run, same, showing, text_of, wait, walk)
@@ -167,5 +170,26 @@ def close_box(p):
     expect((p.folder / "VOXTAB.INI").exists(), "no settings file")
 
 
+def installed_for_everybody(p):
+    """A program in a system's folder keeps its files in the user's data folder."""
+    system = p.folder / "systeme"
+    for folder in ("bin", "share"):
+        (system / folder).mkdir(parents=True)
+    shutil.copy(BINARY, system / "bin" / "voxtab")
+    shutil.copytree(pathlib.Path(BINARY).parent / "data", system / "share" / "voxtab")
+    p.binary = system / "bin" / "voxtab"
+    p.start()
+    p.key("Alt+F1")
+    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    p.key("Échap")
+    p.wait_sheet("")
+    p.key("Alt+F4")
+    same(p.wait_end(), 0, "exit status")
+    home = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "voxtab"
+    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
+         "files of the user")
+    same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
+
+
 run([save_as, replaces_only_when_told, open_and_recent, command_line, quit_asks, quit_saves,
-     close_box], BINARY, PLACE)
+     close_box, installed_for_everybody], BINARY, PLACE)

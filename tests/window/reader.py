@@ -4,7 +4,6 @@ line, so that what was said can be read at once."""
 import builtins
 import pathlib
 import re
-import runpy
 import subprocess
 import sys
 import time
@@ -21,10 +20,12 @@ class Reader:
     def __init__(self, place):
         self.log = pathlib.Path(place) / "orca.log"
         self.read = 0
-        with open(pathlib.Path(place) / "orca.out", "w", encoding="utf-8") as out:
+        output = pathlib.Path(place) / "orca.out"
+        with open(output, "w", encoding="utf-8") as out:
             self.process = subprocess.Popen([sys.executable, __file__, str(self.log)],
                                             stdout=out, stderr=out)
-        self.hear(lambda heard: "Screen reader on." in heard.speech, 30)
+        if "Screen reader on." not in self.hear(lambda h: h.speech, 30).speech:
+            raise RuntimeError("Orca says nothing: " + output.read_text(encoding="utf-8")[-2000:])
 
     def lines(self):
         if not self.log.exists():
@@ -88,7 +89,11 @@ def run_orca(log):
 
     builtins.open = open_by_line
     sys.argv = [ORCA, "--debug-file=" + log, "--enable", "speech", "--enable", "braille"]
-    runpy.run_path(ORCA, run_name="__main__")
+    orca = {"__name__": "orca_program", "__file__": ORCA}
+    exec(compile(plain_open(ORCA, encoding="utf-8").read(), ORCA, "exec"), orca)
+    # Another one of the same user, on another display, is no concern of this session.
+    orca["otherOrcas"] = lambda: []
+    sys.exit(orca["main"]())
 
 
 if __name__ == "__main__":

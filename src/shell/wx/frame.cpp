@@ -143,18 +143,23 @@ void Cadre::relie_txt() {
         if (const int code = caractere_de(e); code != 0) evenement_caractere("txt", code);
         e.Skip();
     });
-    // What changes the text without a key press: paste, cut, drop, an accent composed of two keys.
-    txt_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
-        const bool programme = zone_->en_ecriture();
-        zone_->change();
-        if (!programme) evenement_caractere("txt", kCaractereColle);
-    });
     filtre_la_saisie(*txt_, {[this] { return zone_->en_ecriture(); },
-                             [this](char32_t caractere) {
-                                 wxBell();
-                                 messages_.push_back(mots_refus(caractere));
-                                 montre();
-                             }});
+                             [this](char32_t caractere) { refuse_caractere(caractere); },
+                             [this] { texte_change(); }});
+}
+
+// What changes the text without a key press counts as one: paste, cut, drop, an accent composed of two
+// keys.
+void Cadre::texte_change() {
+    const bool programme = zone_->en_ecriture();
+    zone_->change();
+    if (!programme) evenement_caractere("txt", kCaractereColle);
+}
+
+void Cadre::refuse_caractere(char32_t caractere) {
+    wxBell();
+    messages_.push_back(mots_refus(caractere));
+    montre();
 }
 
 // A key before anything else takes it: a menu's shortcut runs its item, whatever has the focus.

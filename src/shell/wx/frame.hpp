@@ -43,6 +43,8 @@ private:
     void cree_controles();                           // frame.cpp
     void relie_evenements();
     void relie_txt();
+    void texte_change();
+    void refuse_caractere(char32_t caractere);
     void touche_avant(wxKeyEvent& e);
     void touche_relachee(wxKeyEvent& e);
     void choix_menu(wxCommandEvent& e);

@@ -18,5 +18,6 @@ void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_vie
 struct FiltreSaisie {
     std::function<bool()> programme;
     std::function<void(char32_t)> refus;
+    std::function<void()> change;
 };
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre);

@@ -55,6 +55,10 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
     gtk_text_buffer_delete_mark(buffer, marque);
 }
 
+void apres_changement(GtkTextBuffer*, gpointer donnees) {
+    static_cast<const FiltreSaisie*>(donnees)->change();
+}
+
 }  // namespace
 
 std::string texte_de_la_vue(const wxTextCtrl& controle) {
@@ -78,9 +82,10 @@ void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_vie
 }
 
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
+    auto* donnees = new FiltreSaisie(std::move(filtre));   // goes with the first connection
     g_signal_connect_data(
-        tampon(controle), "insert-text", G_CALLBACK(avant_insertion),
-        new FiltreSaisie(std::move(filtre)),
-        [](gpointer donnees, GClosure*) { delete static_cast<FiltreSaisie*>(donnees); },
+        tampon(controle), "insert-text", G_CALLBACK(avant_insertion), donnees,
+        [](gpointer d, GClosure*) { delete static_cast<FiltreSaisie*>(d); },
         static_cast<GConnectFlags>(0));
+    g_signal_connect(tampon(controle), "changed", G_CALLBACK(apres_changement), donnees);
 }

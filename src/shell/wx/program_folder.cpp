@@ -1,6 +1,6 @@
-// Where the program keeps its files, and the texts that are put there at the first start: they lie in
-// UTF-8 beside the program ("data") or in the system's shared folder, and are written as the sheet has
-// them.
+// Where the program keeps its files, and the texts that are put there at the first start and when a new
+// version brings newer ones: they lie in UTF-8 beside the program ("data") or in the system's shared
+// folder, and are written as the sheet has them.
 #include "shell/wx/program_folder.hpp"
 
 #include <wx/filename.h>
@@ -50,14 +50,43 @@ bool peut_garder_chez_lui(const fs::path& dossier) {
     return !est_dossier(sources()[1]) && wxFileName::IsDirWritable(wxString::FromUTF8(dossier.string()));
 }
 
-// Puts the text in the folder when it isn't there.
+// The copy comes from this source, or is newer: the user has changed it since.
+bool est_a_jour(const fs::path& copie, const fs::path& source) {
+    std::error_code erreur;
+    const auto sienne = fs::last_write_time(copie, erreur);
+    if (erreur) return false;
+    const auto neuve = fs::last_write_time(source, erreur);
+    return !erreur && sienne >= neuve;
+}
+
+// A text that is about to be replaced stays beside as "bak": the user may have written in it. False
+// when it can't be kept.
+bool garde_ancien(const fs::path& copie, const std::string& nouveau) {
+    std::string ancien;
+    if (lit_fichier(copie.string(), ancien) != 0 || ancien == nouveau) return true;
+    return remplace_fichier(fs::path(copie).replace_extension("bak").string(), ancien) == 0;
+}
+
+// Writes the text and gives it the date of its source, by which a later version knows it. False when
+// it can't be written.
+bool copie_texte(const fs::path& source, const fs::path& copie) {
+    std::string utf8;
+    if (lit_fichier(source.string(), utf8) != 0) return false;
+    const std::string texte = texte_de_la_feuille(utf8);
+    if (!garde_ancien(copie, texte) || remplace_fichier(copie.string(), texte) != 0) return false;
+    std::error_code erreur;
+    const auto date = fs::last_write_time(source, erreur);
+    if (!erreur) fs::last_write_time(copie, date, erreur);
+    return true;
+}
+
+// Puts the text in the folder when it isn't there, or when a new version of the program brings a newer
+// one.
 void seme(const fs::path& dossier, const char* nom) {
     std::error_code erreur;
-    if (fs::exists(dossier / nom, erreur)) return;
     for (const fs::path& source : sources()) {
-        std::string utf8;
-        if (lit_fichier((source / nom).string(), utf8) != 0) continue;
-        if (remplace_fichier((dossier / nom).string(), texte_de_la_feuille(utf8)) == 0) return;
+        if (!fs::exists(source / nom, erreur)) continue;
+        if (est_a_jour(dossier / nom, source / nom) || copie_texte(source / nom, dossier / nom)) return;
     }
 }
 

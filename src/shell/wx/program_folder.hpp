@@ -4,5 +4,6 @@
 #include <string>
 
 // The folder, in UTF-8: the program's own when it can be written, otherwise the user's data folder.
-// Made and filled with the guide and the list of functions when they aren't there yet.
+// Made and filled with the guide and the list of functions when they aren't there yet or have a newer
+// version; a text that gives way stays beside with the extension "bak".
 std::string prepare_dossier_programme();

@@ -8,6 +8,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
+
 #include "platform/platform.hpp"
 #include "shell/wx/announce.hpp"
 #include "shell/wx/appearance.hpp"
@@ -51,6 +53,9 @@ public:
         auto* colonne = new wxBoxSizer(wxVERTICAL);
         colonne->Add(new wxStaticText(this, wxID_ANY, invite), 0, wxALL, kMarge);
         ligne_ = new wxTextCtrl(this, wxID_ANY, propose, wxDefaultPosition, wxSize(kLargeurSaisie, -1));
+        // With large text the toolkit makes the line lower than its letters.
+        ligne_->SetMinSize(wxSize(kLargeurSaisie, std::max(ligne_->GetBestSize().y,
+                                                           ligne_->GetCharHeight() + 2 * kMarge)));
         colonne->Add(ligne_, 0, wxEXPAND | wxLEFT | wxRIGHT, kMarge);
         colonne->Add(boutons(), 0, wxALIGN_RIGHT | wxALL, kMarge);
         declare_dialogue(*this);

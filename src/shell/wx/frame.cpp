@@ -89,8 +89,9 @@ void Cadre::cree_controles() {
     ajoute(f.Liste, liste_);
     // Alone in its panel the line labels nothing, neither a control nor a box to come.
     ligne_message_ = new wxPanel(this);
+    // A message longer than the window ends in an ellipsis there; a reader has it whole.
     message_ = new wxStaticText(ligne_message_, ids::kLblMessage, "", wxDefaultPosition,
-                                wxDefaultSize, wxST_NO_AUTORESIZE);
+                                wxDefaultSize, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     ajoute(f.LblMessage, message_);
     nomme(*ligne_message_, "Message");
     nomme(*txt_, "Feuille");

@@ -19,8 +19,7 @@ FILES = {
     "share/icons/hicolor/scalable/apps/voxtab.svg", "share/icons/hicolor/48x48/apps/voxtab.png",
     "share/icons/hicolor/128x128/apps/voxtab.png",
 } | {f"{DOCUMENTS}/{name}" for name in (
-    "copyright", "README.md", "CONTRIBUTING.md", "changelog.gz", "changelog.Debian.gz",
-    "docs/development.md", "docs/script-language.md")}
+    "copyright", "README.md", "CONTRIBUTING.md", "changelog.gz", "changelog.Debian.gz")}
 # Installed under another name, or in another form.
 SAME = {"share/voxtab/aide.txt": "data/aide.txt", "share/voxtab/fonction.txt": "data/fonction.txt",
         f"{DOCUMENTS}/README.md": "README.md", f"{DOCUMENTS}/changelog.gz": "CHANGELOG.md"}
@@ -34,13 +33,15 @@ def check(condition, what):
 
 
 def expected():
-    """The files of this version: with its examples and its man pages."""
+    """The files of this version: with its examples, its documents and its man pages."""
     examples = {f"{DOCUMENTS}/examples/{path.relative_to(SOURCES / 'examples')}"
                 for path in (SOURCES / "examples").rglob("*") if path.is_file()}
+    texts = {f"{DOCUMENTS}/docs/{path.name}" for path in (SOURCES / "docs").iterdir()
+             if path.suffix in (".md", ".txt")}
     man = SOURCES / "data" / "man"
     pages = {f"share/man/{path.relative_to(man).parent / 'man1' / path.name}.gz"
              for path in man.rglob("*.1")}
-    return FILES | examples | pages
+    return FILES | examples | texts | pages
 
 
 def check_list():

@@ -20,7 +20,8 @@ SETTINGS = {
     "en colonne": {"matrice_colonne": 1},
     "en résultats restreints": {"stat_restreint": 1},
 }
-AFTER = {"Après Alt+C :": "recalcul", "Après Ctrl+Entrée :": "calcul_colonne"}
+AFTER = re.compile(r"Après (Alt\+C|Ctrl\+Entrée)(?:, (en .+?))? :")
+COMMANDS = {"Alt+C": "recalcul", "Ctrl+Entrée": "calcul_colonne"}
 ENTRY = re.compile(r"(Message|Boîte|Question|Saisie) : (.+)")
 
 
@@ -110,11 +111,12 @@ def examples(lines: list[str]) -> tuple[list[Example], set[int]]:
         elif line == "Vous tapez :":
             typed = block(lines, number + 1)
             middle = number + 2 + len(typed)
-            if middle >= len(lines) or lines[middle] not in AFTER:
+            below = AFTER.fullmatch(lines[middle]) if middle < len(lines) else None
+            if not below or (below[2] or "") not in SETTINGS:
                 raise Unrecognised(f"line {number + 1}: no \"Après\" follows")
             after = block(lines, middle + 1)
-            found.append(Example(number + 1, {}, typed, after, AFTER[lines[middle]], entry=kind, told=told,
-                                 stands=False))
+            found.append(Example(number + 1, SETTINGS[below[2] or ""], typed, after, COMMANDS[below[1]],
+                                 entry=kind, told=told, stands=False))
             kind, told = "", ""
             taken.update(range(number, middle + 1 + len(after)))
             number = middle + len(after)

@@ -11,7 +11,8 @@ IN_CAPTION = {"mnuEnregistrerSousItem", "mnuCalculItem", "mnuCalculColonneItem",
 BY_BUTTON = {"mnuQuitterItem": "Alt+Q"}
 # The keys that the text and the views take themselves.
 WITHOUT_MENU = ["Alt+C", "Ctrl+Entrée", "Ctrl+Maj+S", "Alt+F1", "Alt+Flèche gauche", "Alt+Flèche droite",
-                "Alt+R", "Alt+M", "Alt+Q", "Échap", "Entrée", "Ctrl+C, Ctrl+X et Ctrl+V", "Ctrl+Z"]
+                "Alt+R", "Alt+M", "Alt+Q", "Échap", "Entrée", "Ctrl+C, Ctrl+X et Ctrl+V", "Ctrl+Z",
+                "Ctrl+Maj+Z"]
 
 
 def caption(text: str) -> str:

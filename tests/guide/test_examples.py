@@ -2,7 +2,8 @@
 
 Guide: the blocks of texts.py, calculated twice: as typed, and as they stand, since a calculated sheet
 doesn't change. List of functions: "Exemple : COS(60) = 0.5", with the lines that must stand around it
-behind ", après ", ", avant " or ", si MA a les lignes "."""
+behind ", après ", ", avant " or ", si MA a les lignes ". README: the sheet at its top, before and after
+side by side."""
 import re
 import sys
 
@@ -103,11 +104,27 @@ def function_faults(sonde: Sonde) -> tuple[int, list[str]]:
     return len(lines), faults
 
 
+def readme_faults(sonde: Sonde) -> list[str]:
+    """The sheet at the top of README: what is typed on the left, the sheet then on the right, which may
+    stop at "...": the column of the second is where the first line repeats itself."""
+    lines = read("README.md")
+    start = lines.index("```", lines.index("A sheet before and after Alt+C:")) + 1
+    sheet = lines[start:lines.index("```", start)]
+    column = sheet[0].index(sheet[0].split()[0], 1)
+    typed = [line[:column].strip() for line in sheet if line[:column].strip()]
+    after = [line[column:].strip() for line in sheet]
+    if after[-1] != "..." or len(typed) < 5:
+        return ["README.md: the sheet at the top has lost its form"]
+    result = sonde.calculate(typed, {})["lignes"]
+    shown = after[:-1]
+    return [] if result[:len(shown)] == shown else [f"README.md: {typed} gives {result}"]
+
+
 def main() -> int:
     with Sonde(sys.argv[1]) as sonde:
         counted, faults = guide_faults(sonde)
         listed, more = function_faults(sonde)
-    faults += more
+        faults += more + readme_faults(sonde)
     if counted < 100 or listed < 41:
         faults.append(f"too few examples found: {counted} in the guide, {listed} in the list")
     print("\n".join(faults + [f"{counted} + {listed} examples, {len(faults)} faults"]))

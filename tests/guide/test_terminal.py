@@ -1,7 +1,8 @@
 """Man pages and README about the terminal.   test_terminal.py VOXTAB_CALC
 
 The formatter has nothing to say against a page; each page is its language's version of the other; the
-pages of voxtab-calc tell every option that --aide tells and no other; every "$ command" in the pages
+pages of voxtab-calc tell every option that --aide tells and no other, those of voxtab the ones that its
+own help has in the sources; every "$ command" in the pages
 and in README gives the lines below it."""
 import os
 import pathlib
@@ -71,6 +72,12 @@ def source_faults(page: str) -> list[str]:
     return [] if count == SECTIONS[name] else [f"{page}: {count} sections, {SECTIONS[name]} wanted"]
 
 
+def window_options() -> set[str]:
+    """The options that the desktop program compares its arguments with or tells in its help."""
+    text = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "src/shell/wx").glob("*.cpp"))
+    return {option for literal in re.findall(r'" *(--[a-z]+)(?:"| +montre)', text) for option in options(literal)}
+
+
 def main() -> int:
     program = str(pathlib.Path(sys.argv[1]).resolve())
     help_text = subprocess.run([program, "--aide"], check=True, capture_output=True, text=True,
@@ -84,6 +91,8 @@ def main() -> int:
             faults += command_faults(page, shown.splitlines(), program)
             if told_options(shown) != known:
                 faults.append(f"{page}: options {sorted(told_options(shown) ^ known)} only here or in --aide")
+        elif told_options(shown) != window_options():
+            faults.append(f"{page}: options {sorted(told_options(shown) ^ window_options())} only here or there")
     if len(known) < 15:
         faults.append(f"--aide tells only {sorted(known)}")
     print("\n".join(faults + [f"{len(PAGES)} pages, {len(known)} options, {len(faults)} faults"]))

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Checks the screen reader's files: the form of every entry of the dictionary, an entry for every
 function of the program, sections and keys of the settings, and that the key map and the scripts fit
-together and watch the control that the program really has.   reader_files.py ROOT"""
+together and watch the control that the program really has; the reading file beside the program tells
+of what is there.   reader_files.py ROOT"""
 import pathlib
 import re
 import sys
@@ -128,6 +129,30 @@ class Scripts(unittest.TestCase):
     def test_texts_that_are_said_are_written_whole_on_their_line(self):
         for line in plain("voxtab.jss").splitlines():
             self.assertEqual(line.count('"') % 2, 0, line)
+
+
+class ReadMe(unittest.TestCase):
+    def setUp(self):
+        self.lines = (ROOT / "data/lisezmoi.txt").read_text(encoding="utf-8").splitlines()
+
+    def test_it_is_where_the_about_text_sends_the_user(self):
+        about = (ROOT / "src/shell/views.cpp").read_text(encoding="utf-8")
+        self.assertIn("Contact : voir le fichier lisezmoi.txt", about)
+        self.assertIn("Contact", self.lines)
+
+    def test_it_can_be_heard_line_by_line_in_the_code_page_of_windows(self):
+        for line in self.lines:
+            line.encode("cp1252")
+            self.assertLessEqual(len(line), 100, line)
+
+    def test_the_readers_files_that_it_names_are_there(self):
+        named = set(re.findall(r"voxtab\.\w+", "\n".join(self.lines)))
+        self.assertEqual(named, {path.name for path in READER.iterdir()})
+
+    def test_the_options_of_the_installer_that_it_names_are_there(self):
+        installer = (ROOT / "packaging/windows/voxtab.nsi").read_text(encoding="utf-8")
+        named = set(re.findall(r"/[A-Z]{2,}=", "\n".join(self.lines)))
+        self.assertEqual(named, set(re.findall(r'OptionOuiNon "(/[A-Z]+=)"', installer)))
 
 
 if __name__ == "__main__":

@@ -150,7 +150,7 @@ Function ${UN}AttendQuitte
   Call ${UN}Occupe
   Pop $1
   ${If} "$0$1" != "00"
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Voxtab est ouvert. Quittez-le avec Alt+Q, puis choisissez Recommencer." /SD IDCANCEL IDRETRY encore
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Voxtab est ouvert. Quittez-le avec Alt+Q, puis essayez de nouveau." /SD IDCANCEL IDRETRY encore
     SetErrorLevel ${SORTIE_REFUS}
     Quit
   ${EndIf}

@@ -14,7 +14,7 @@ SHARE = PREFIX / "share"
 DOCUMENTS = "share/doc/voxtab"
 FILES = {
     "bin/voxtab", "bin/voxtab-calc", "share/voxtab/aide.txt", "share/voxtab/fonction.txt",
-    "share/applications/voxtab.desktop", "share/mime/packages/voxtab.xml",
+    "share/voxtab/lisezmoi.txt", "share/applications/voxtab.desktop", "share/mime/packages/voxtab.xml",
     "share/metainfo/org.voxtab.voxtab.metainfo.xml",
     "share/icons/hicolor/scalable/apps/voxtab.svg", "share/icons/hicolor/48x48/apps/voxtab.png",
     "share/icons/hicolor/128x128/apps/voxtab.png",
@@ -22,6 +22,7 @@ FILES = {
     "copyright", "README.md", "CONTRIBUTING.md", "changelog.gz", "changelog.Debian.gz")}
 # Installed under another name, or in another form.
 SAME = {"share/voxtab/aide.txt": "data/aide.txt", "share/voxtab/fonction.txt": "data/fonction.txt",
+        "share/voxtab/lisezmoi.txt": "data/lisezmoi.txt",
         f"{DOCUMENTS}/README.md": "README.md", f"{DOCUMENTS}/changelog.gz": "CHANGELOG.md"}
 failures = []
 

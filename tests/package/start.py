@@ -55,9 +55,9 @@ def keeps_its_files_with_the_user(p):
     p.key("Ctrl+S")
     p.wait_message("enregistrer")
     end(p)
-    same(sorted(f.name for f in HOME.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
-         "files of the user")
-    for name in ("aide.txt", "fonction.txt"):
+    same(sorted(f.name for f in HOME.iterdir()),
+         ["VOXTAB.INI", "aide.txt", "fonction.txt", "lisezmoi.txt", "travail"], "files of the user")
+    for name in ("aide.txt", "fonction.txt", "lisezmoi.txt"):
         same(sheet_text(HOME / name), source(name).read_text(encoding="utf-8"), name)
     same((p.folder / "calcul.VXT").read_bytes(), b"A=3 = 3\r\nA*2 = 6\r\n", "the sheet's file")
     p.start()

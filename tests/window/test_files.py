@@ -186,7 +186,7 @@ def installed_for_everybody(p):
     p.key("Alt+F4")
     same(p.wait_end(), 0, "exit status")
     home = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "voxtab"
-    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
+    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "lisezmoi.txt", "travail"],
          "files of the user")
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 

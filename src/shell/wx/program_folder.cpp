@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array kTextes = {"aide.txt", "fonction.txt"};
+constexpr std::array kTextes = {"aide.txt", "fonction.txt", "lisezmoi.txt"};
 
 fs::path dossier_executable() {
     return fs::path(wxStandardPaths::Get().GetExecutablePath().utf8_string()).parent_path();

@@ -17,6 +17,7 @@
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "engine/context.hpp"
 #include "engine/identifiers.hpp"
@@ -309,6 +310,7 @@ void demarre() noexcept {
     pas([] { feuille.formule_ligne.redimensionne(1); });
     pas([] { feuille.valeur_ligne.redimensionne(1); });
     pas([] { AfficheStatus(); });
+    oublie_changements();
 }
 
 void quitter() {

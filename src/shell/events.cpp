@@ -2,6 +2,7 @@
 // shown as the data has become. After the end of the program nothing happens any more.
 #include "shell/events.hpp"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "documents/saving.hpp"
 #include "documents/startup.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
@@ -52,14 +54,22 @@ void garde_focus() {
     if ((c == nullptr || !accessible(*c)) && accessible(fenetre.txt)) donne_focus(fenetre.txt);
 }
 
-// Runs an event. A failure that nothing has caught shows its number and ends it.
+// The window is brought up to date behind an event.
+void montre_fenetre() {
+    garde_focus();
+    port.fenetre.montre();
+}
+
+// Runs an event. A failure that nothing has caught shows its number and ends it. What the user has
+// typed before it and what the event changes can be taken back apart.
 template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
+    note_frappe();
     Tente(kCommande, std::forward<Action>(action));
     if (fenetre.fermee) return;
-    garde_focus();
-    port.fenetre.montre();
+    note_commande();
+    montre_fenetre();
 }
 
 // True when the item can be chosen.
@@ -118,6 +128,21 @@ bool tient(const FrappeTouche& frappe, Avec avec) {
     return true;
 }
 
+// The keys that the text takes as they are pressed, so that they repeat while they are held down. The
+// modifiers must be those and no other: AltGr types characters.
+struct ToucheEnfoncee {
+    FrappeTouche frappe;
+    void (*action)();
+};
+constexpr std::array kTouchesEnfoncees = {
+    ToucheEnfoncee{{'Z', false, true, false}, annule},
+    ToucheEnfoncee{{'Z', true, true, false}, retablit},
+};
+
+bool meme_frappe(const FrappeTouche& a, const FrappeTouche& b) {
+    return a.touche == b.touche && a.maj == b.maj && a.ctrl == b.ctrl && a.alt == b.alt;
+}
+
 // A key of the text is released. In key-help mode one that has reached no command says so; the note
 // that a command has spoken holds for the next key that the table doesn't know.
 void touche_texte(const FrappeTouche& frappe) {
@@ -174,6 +199,29 @@ void evenement_caractere(std::string_view nom, int code) {
         if (nom == "Liste") caractere_liste(code);
         if (unite_option(nom) != 0 && (code == kToucheEchap || code == kToucheEntree)) CmdAngle();
     });
+}
+
+bool evenement_enfonce(std::string_view nom, const FrappeTouche& frappe) {
+    const auto* const ligne =
+        std::find_if(kTouchesEnfoncees.begin(), kTouchesEnfoncees.end(),
+                     [&](const ToucheEnfoncee& t) { return meme_frappe(t.frappe, frappe); });
+    if (nom != "txt" || ligne == kTouchesEnfoncees.end()) {
+        evenement_avant_changement();
+        return false;
+    }
+    evenement(ligne->action);
+    return true;
+}
+
+void evenement_avant_changement() {
+    if (!fenetre.fermee) note_frappe();
+}
+
+// Nothing is noted here: the toolkit may be in the middle of a change of several parts.
+void evenement_texte_change() {
+    if (fenetre.fermee) return;
+    if (!aide.aide_touche) Tente(kCommande, marque_modifie);
+    montre_fenetre();
 }
 
 void evenement_touche(std::string_view nom, const FrappeTouche& frappe) {

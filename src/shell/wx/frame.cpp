@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kLargeurMini = 480;      // pixels of the window, so that menus and buttons keep their place
 constexpr int kHauteurMini = 320;
-constexpr int kCaractereColle = 22;   // what stands for a change of the text without a key of its own
 
 bool est_option(std::string_view nom) { return nom.starts_with("Option"); }
 
@@ -145,6 +144,7 @@ void Cadre::relie_txt() {
     });
     filtre_la_saisie(*txt_, {[this] { return zone_->en_ecriture(); },
                              [this](char32_t caractere) { refuse_caractere(caractere); },
+                             [] { evenement_avant_changement(); },
                              [this] { texte_change(); }});
 }
 
@@ -153,7 +153,7 @@ void Cadre::relie_txt() {
 void Cadre::texte_change() {
     const bool programme = zone_->en_ecriture();
     zone_->change();
-    if (!programme) evenement_caractere("txt", kCaractereColle);
+    if (!programme) evenement_texte_change();
 }
 
 void Cadre::refuse_caractere(char32_t caractere) {
@@ -175,6 +175,7 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         return;
     }
     const std::string_view nom = nom_de(FindFocus());
+    if (nom == "txt" && evenement_enfonce(nom, frappe)) return;
     const bool valide = frappe.touche == kToucheEchap || frappe.touche == kToucheEntree;
     if (valide && (nom == "Liste" || est_option(nom))) {
         evenement_caractere(nom, frappe.touche);

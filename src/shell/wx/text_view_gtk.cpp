@@ -55,6 +55,12 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
     gtk_text_buffer_delete_mark(buffer, marque);
 }
 
+// Every change that the user makes, of however many parts, is one action of the buffer.
+void avant_changement(GtkTextBuffer*, gpointer donnees) {
+    const auto& filtre = *static_cast<const FiltreSaisie*>(donnees);
+    if (!filtre.programme()) filtre.avant();
+}
+
 void apres_changement(GtkTextBuffer*, gpointer donnees) {
     static_cast<const FiltreSaisie*>(donnees)->change();
 }
@@ -87,5 +93,6 @@ void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
         tampon(controle), "insert-text", G_CALLBACK(avant_insertion), donnees,
         [](gpointer d, GClosure*) { delete static_cast<FiltreSaisie*>(d); },
         static_cast<GConnectFlags>(0));
+    g_signal_connect(tampon(controle), "begin-user-action", G_CALLBACK(avant_changement), donnees);
     g_signal_connect(tampon(controle), "changed", G_CALLBACK(apres_changement), donnees);
 }

@@ -82,10 +82,12 @@ void montre_fichier(const std::string& nom, Execute&& execute) {
     });
     execute([&] { range_ini(nom); });
     execute([&] { rangenomcopie(nom); });
+    bool copiee = false;
     execute([&] {
         reussit(port.fichiers.copie(nom, documents.nom_copie(documents.document_courant)));
+        copiee = true;
     });
-    execute([] { LitNomCopie(); });
+    execute([&] { LitNomCopie(copiee); });
     execute([] { AfficheStatus(); });
 }
 

@@ -227,8 +227,12 @@ void choisit_feuille(Demarrage& pas) {
 void ouvre_feuille(Demarrage& pas) {
     pas([&] { ligne(1).nom = pas.nomfic; });
     pas([&] { rangenomcopie(pas.nomfic); });
-    pas([&] { reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1))); });
-    pas([] { LitNomCopie(); });
+    bool copiee = false;
+    pas([&] {
+        reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1)));
+        copiee = true;
+    });
+    pas([&] { LitNomCopie(copiee); });
 }
 
 // An untitled sheet pushes the list down by one row.

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "base/codepage.hpp"
+#include "base/typed_text.hpp"
 #include "shell/wx/pages.hpp"
 #include "shell/wx/positions.hpp"
-#include "shell/wx/typed_text.hpp"
 
 namespace {
 

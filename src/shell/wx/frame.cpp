@@ -13,7 +13,7 @@
 #include "shell/wx/ids.hpp"
 #include "shell/wx/keys.hpp"
 #include "shell/wx/text_view.hpp"
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 Cadre* cadre = nullptr;
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 namespace {
 

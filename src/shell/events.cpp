@@ -72,6 +72,15 @@ void evenement(Action&& action) {
     montre_fenetre();
 }
 
+// The same while the toolkit may be in the middle of a change of several parts, which is one for the
+// user: a character over a selection. Nothing is noted then; the press that began it has been.
+template <class Action>
+void frappe_en_cours(Action&& action) {
+    if (fenetre.fermee) return;
+    Tente(kCommande, std::forward<Action>(action));
+    montre_fenetre();
+}
+
 // True when the item can be chosen.
 bool disponible(const EtatItem* item) {
     return item != nullptr && item->visible && item->actif;
@@ -194,6 +203,7 @@ void evenement_clic(std::string_view nom) {
 }
 
 void evenement_caractere(std::string_view nom, int code) {
+    if (nom == "txt" && code != kToucheEchap) return frappe_en_cours([&] { caractere_texte(code); });
     evenement([&] {
         if (nom == "txt") caractere_texte(code);
         if (nom == "Liste") caractere_liste(code);
@@ -217,11 +227,10 @@ void evenement_avant_changement() {
     if (!fenetre.fermee) note_frappe();
 }
 
-// Nothing is noted here: the toolkit may be in the middle of a change of several parts.
 void evenement_texte_change() {
-    if (fenetre.fermee) return;
-    if (!aide.aide_touche) Tente(kCommande, marque_modifie);
-    montre_fenetre();
+    frappe_en_cours([] {
+        if (!aide.aide_touche) marque_modifie();
+    });
 }
 
 void evenement_touche(std::string_view nom, const FrappeTouche& frappe) {

@@ -153,3 +153,20 @@ TEST_CASE("undo: a cursor between the two characters of a line end is told as th
     CHECK(memoire.sel_start == 4);
     CHECK(messages() == Textes{"B=A*2+A"});
 }
+
+TEST_CASE("undo: a character over a selection is one change, though the toolkit makes it in two") {
+    demarre_avec_feuille();
+    const std::string avant = memoire.texte;
+    port.texte.pose_selection(0, 3);
+    evenement_enfonce("txt", {'9', false, false, false});
+    port.texte.pose_texte(avant.substr(3));
+    evenement_texte_change();
+    evenement_caractere("txt", '9');
+    port.texte.pose_texte("9" + avant.substr(3));
+    port.texte.pose_selection(1, 0);
+    evenement_texte_change();
+    evenement_touche("txt", {'9', false, false, false});
+    evenement_enfonce("txt", kAnnule);
+    CHECK(memoire.texte == avant);
+    CHECK(memoire.sel_length == 3);
+}

@@ -21,6 +21,10 @@ struct Libere {
 };
 using TexteGtk = std::unique_ptr<char, Libere>;
 
+struct LibereEvenement {
+    void operator()(GdkEvent* e) const { gdk_event_free(e); }
+};
+
 // An accent that comes alone joins the letter in front of it. True when it did.
 bool joint_accent(GtkTextBuffer* buffer, const GtkTextIter* place, char32_t accent) {
     GtkTextIter avant = *place;
@@ -55,10 +59,16 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
     gtk_text_buffer_delete_mark(buffer, marque);
 }
 
-// Every change that the user makes, of however many parts, is one action of the buffer.
+// True while a key press is handled: the window has told of it before.
+bool touche_en_cours() {
+    const std::unique_ptr<GdkEvent, LibereEvenement> e(gtk_get_current_event());
+    return e && e->type == GDK_KEY_PRESS;
+}
+
+// What the user changes without a key begins here: a paste, a drop, the menu of the mouse.
 void avant_changement(GtkTextBuffer*, gpointer donnees) {
     const auto& filtre = *static_cast<const FiltreSaisie*>(donnees);
-    if (!filtre.programme()) filtre.avant();
+    if (!filtre.programme() && !touche_en_cours()) filtre.avant();
 }
 
 void apres_changement(GtkTextBuffer*, gpointer donnees) {

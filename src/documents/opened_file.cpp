@@ -12,9 +12,9 @@
 namespace {
 
 constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
-constexpr std::string_view kMarquePetit = "\xFF\xFE";   // UTF-16, the low byte first
+constexpr std::string_view kMarquePetit = "\xFF\xFE";  // UTF-16, the low byte first
 constexpr std::string_view kMarqueGrand = "\xFE\xFF";
-constexpr char32_t kIllisible = 0xFFFD;                 // stands for what is no character
+constexpr char32_t kIllisible = 0xFFFD;  // stands for what is no character
 
 bool est_utf16(std::string_view octets) {
     return octets.starts_with(kMarquePetit) || octets.starts_with(kMarqueGrand);

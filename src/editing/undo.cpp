@@ -32,7 +32,8 @@ void vide(HistoireFeuille& h) noexcept {
 
 HistoireFeuille& courante() { return historique.feuilles(documents.document_courant); }
 
-// The control shows the sheet, and not the guide, the list of functions or the empty text of key help.
+// The control shows the sheet, and not the guide, the list of functions or the empty text of key
+// help.
 bool feuille_montree() { return !documents.liste_fonction_active && !aide.aide_touche; }
 
 Selection selection_actuelle() { return {port.texte.sel_start(), port.texte.sel_length()}; }
@@ -146,9 +147,10 @@ void note_ou_oublie(bool frappe) noexcept {
     }
 }
 
-// Takes the last change of one list to the other and shows the text without it, or with it again, and
-// the cursor as it was; says the line. What can fail comes before anything is changed. The sheet
-// counts as changed whichever text it comes back to: it must never pass for its file while it differs.
+// Takes the last change of one list to the other and shows the text without it, or with it again,
+// and the cursor as it was; says the line. What can fail comes before anything is changed. The
+// sheet counts as changed whichever text it comes back to: it must never pass for its file while it
+// differs.
 template <class Depart, class Arrivee>
 void deplace(Depart& depart, Arrivee& arrivee, bool avance) {
     Changement& c = depart.back();

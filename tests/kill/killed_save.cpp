@@ -1,6 +1,7 @@
 // A process that saves a sheet again and again is killed at many random moments: the sheet, its
-// backup and its working copy must each be one whole version, each kill leaves at most one temporary
-// file, and after the next save there is none. Then several processes save one file at once. Real files in a folder of its own.
+// backup and its working copy must each be one whole version, each kill leaves at most one
+// temporary file, and after the next save there is none. Then several processes save one file at
+// once. Real files in a folder of its own.
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -181,7 +182,8 @@ void verifie_temporaires(Bilan& bilan, const fs::path& dossier) {
 // The next save leaves nothing of the one that was killed. Answers the version saved.
 int verifie_suivant(Bilan& bilan, const fs::path& dossier, int version_suivante) {
     if (!enregistre_une_fois(dossier, version_suivante)) faute(bilan, "the next save has failed");
-    const int restes = compte_temporaires(dossier) + compte_temporaires(dossier / "programme/travail");
+    const int restes =
+        compte_temporaires(dossier) + compte_temporaires(dossier / "programme/travail");
     if (restes != 0) faute(bilan, std::to_string(restes) + " temporary files after the next save");
     return verifie_fichiers(bilan, dossier, version_suivante);
 }
@@ -210,14 +212,14 @@ Bilan tue_souvent(const fs::path& dossier) {
 
 // ---- Several programs at once
 
-constexpr int kProgrammes = 6;      // more than have a place of their own beside the file
+constexpr int kProgrammes = 6;  // more than have a place of their own beside the file
 constexpr int kEnregistrements = 150;
 
 // A whole file of one program: its letter, as often as its length says.
 bool entier(const std::string& contenu) {
     return !contenu.empty() && contenu.size() >= 10'000 &&
-           contenu == std::string(10'000 + 1'000 * static_cast<std::size_t>(contenu[0] - 'a'),
-                                  contenu[0]);
+           contenu ==
+               std::string(10'000 + 1'000 * static_cast<std::size_t>(contenu[0] - 'a'), contenu[0]);
 }
 
 // Saves its own content again and again; status 0 when every save went well.
@@ -246,7 +248,8 @@ void verifie_ensemble(Bilan& bilan, const fs::path& dossier) {
         int etat = 0;
         while (waitpid(enfant, &etat, WNOHANG) == 0) {
             std::string contenu;
-            if (lit_fichier(chemin, contenu) != 0 || !entier(contenu)) faute(bilan, "mixed contents");
+            if (lit_fichier(chemin, contenu) != 0 || !entier(contenu))
+                faute(bilan, "mixed contents");
         }
         if (!WIFEXITED(etat) || WEXITSTATUS(etat) != 0) faute(bilan, "a save beside others failed");
     }

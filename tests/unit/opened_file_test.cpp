@@ -1,5 +1,5 @@
-// Files of other codings: what becomes of their characters, which files are recognised, and the same
-// for the terminal's sheets and for real files.
+// Files of other codings: what becomes of their characters, which files are recognised, and the
+// same for the terminal's sheets and for real files.
 #include "documents/opened_file.hpp"
 
 #include <doctest/doctest.h>
@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 
 struct Cas {
     const char* utf8;
-    const char* feuille;   // in UTF-8 too
+    const char* feuille;  // in UTF-8 too
 };
 const std::vector<Cas> kCas = {
     {"A=3", "A=3"},
@@ -44,7 +44,7 @@ std::string lu(const fs::path& chemin) {
     return std::string(std::istreambuf_iterator<char>(fichier), {});
 }
 
-std::string dossier_reel;   // of the program, for the port
+std::string dossier_reel;  // of the program, for the port
 
 // Starts the program on real files, with that sheet.
 void demarre_sur_disque(const fs::path& dossier, const std::string& feuille) {
@@ -83,7 +83,7 @@ TEST_CASE("opened file: each character of the code page but the no-break blanks 
     CHECK(amene.perdus == 0);
     tous[0xA0] = ' ';
     tous[0x0D] = '\n';
-    tous.erase(0xAD, 1);   // the hyphen that isn't shown
+    tous.erase(0xAD, 1);  // the hyphen that isn't shown
     CHECK(amene.texte == tous);
 }
 
@@ -102,9 +102,13 @@ TEST_CASE("opened file: lost characters are counted, and the first are told with
 }
 
 TEST_CASE("opened file: only a mark, or UTF-8 with more than ASCII, is recognised") {
-    for (const char* oui : {"\xEF\xBB\xBF", "\xEF\xBB\xBF" "A=\xE9", "\xFF\xFE", "\xFE\xFF", "\u00E9", "A\n\u03C0"})
+    for (const char* oui : {"\xEF\xBB\xBF",
+                            "\xEF\xBB\xBF"
+                            "A=\xE9",
+                            "\xFF\xFE", "\xFE\xFF", "\u00E9", "A\n\u03C0"})
         CHECK(est_unicode(oui));
-    for (const char* non : {"", "A=3\r\n", "\xE9", "\u00E9\xE9", "\xEF\xBB", "\xC1\x80", "\xED\xA0\x80", "a\xFF\xFE"})
+    for (const char* non :
+         {"", "A=3\r\n", "\xE9", "\u00E9\xE9", "\xEF\xBB", "\xC1\x80", "\xED\xA0\x80", "a\xFF\xFE"})
         CHECK_FALSE(est_unicode(non));
 }
 
@@ -129,7 +133,9 @@ TEST_CASE("opened file: a real file stays as it is until it is saved") {
     REQUIRE(mkdtemp(modele.data()) != nullptr);
     const fs::path dossier = modele;
     fs::create_directory(dossier / "programme");
-    const std::string octets = "\xEF\xBB\xBF" "2\u03C0\n\u2264 \u00E9\n";
+    const std::string octets =
+        "\xEF\xBB\xBF"
+        "2\u03C0\n\u2264 \u00E9\n";
     std::ofstream(dossier / "feuille.VXT", std::ios::binary) << octets;
     demarre_sur_disque(dossier, "feuille.VXT");
     CHECK(memoire.texte == cp("2PI\r\n? é"));

@@ -1,5 +1,6 @@
-// Undo and redo: what is kept stays within its bound, the last change is kept whatever its size, random
-// changes go back and forth to the byte, and the two keys are taken with exactly their modifiers.
+// Undo and redo: what is kept stays within its bound, the last change is kept whatever its size,
+// random changes go back and forth to the byte, and the two keys are taken with exactly their
+// modifiers.
 #include "editing/undo.hpp"
 
 #include <doctest/doctest.h>
@@ -12,9 +13,9 @@
 #include "documents/open_documents.hpp"
 #include "helpers.hpp"
 #include "one_sheet.hpp"
+#include "sheet/sheet.hpp"
 #include "shell/events.hpp"
 #include "shell/menu_table.hpp"
-#include "sheet/sheet.hpp"
 
 namespace {
 
@@ -40,7 +41,8 @@ std::size_t octets_gardes() {
     return n;
 }
 
-// As many lines as a sheet can have; the first and the last change with `n` when they are calculated.
+// As many lines as a sheet can have; the first and the last change with `n` when they are
+// calculated.
 std::string grande_feuille(int n) {
     std::string texte = "A=" + std::to_string(n);
     for (int ligne = 2; ligne < 32'767; ++ligne) texte += "\r\n! ligne";

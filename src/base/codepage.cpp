@@ -19,23 +19,23 @@ std::string_view sans_blancs(std::string_view texte) {
     return texte;
 }
 
-namespace {
-
-// Adds one character (below 10000 hexadecimal, as all of the code page are) in UTF-8.
 void ajoute_utf8(std::string& sortie, char32_t c) {
     if (c < 0x80) {
         sortie += static_cast<char>(c);
     } else if (c < 0x800) {
         sortie += static_cast<char>(0xC0 | (c >> 6));
         sortie += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
+    } else if (c < 0x10000) {
         sortie += static_cast<char>(0xE0 | (c >> 12));
+        sortie += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        sortie += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        sortie += static_cast<char>(0xF0 | (c >> 18));
+        sortie += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
         sortie += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         sortie += static_cast<char>(0x80 | (c & 0x3F));
     }
 }
-
-}  // namespace
 
 std::string vers_utf8(std::string_view texte) {
     std::string sortie;

@@ -99,6 +99,9 @@ void range_capitales(std::string& cible, std::string_view texte);
 // The text without its blanks (code 32 alone) at both ends.
 std::string_view sans_blancs(std::string_view texte);
 
+// Adds one character, given by its Unicode value, in UTF-8.
+void ajoute_utf8(std::string& sortie, char32_t c);
+
 // Windows-1252 to UTF-8. Every byte has a form.
 std::string vers_utf8(std::string_view texte);
 

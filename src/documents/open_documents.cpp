@@ -9,6 +9,7 @@
 #include "documents/paths.hpp"
 #include "documents/saving.hpp"
 #include "documents/working_copies.hpp"
+#include "editing/undo.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
@@ -44,6 +45,7 @@ void ajoute_document() {
 
 // The current document becomes the untitled sheet, as far as its copy and its text go.
 void vide_document() {
+    oublie_changements();
     documents.nom_copie(documents.document_courant) =
         reglages.dossier_travail + reglages.nom_sanstitre;
     port.texte.pose_texte({});
@@ -73,16 +75,19 @@ std::string demande_fichier() {
 // and decides what becomes of its failure.
 template <class Execute>
 void montre_fichier(const std::string& nom, Execute&& execute) {
+    oublie_changements();
     execute([&] {
         reglages.article_courant = reglages.article_vide;
         reglages.article_courant.nom = nom;
     });
     execute([&] { range_ini(nom); });
     execute([&] { rangenomcopie(nom); });
+    bool copiee = false;
     execute([&] {
         reussit(port.fichiers.copie(nom, documents.nom_copie(documents.document_courant)));
+        copiee = true;
     });
-    execute([] { LitNomCopie(); });
+    execute([&] { LitNomCopie(copiee); });
     execute([] { AfficheStatus(); });
 }
 
@@ -120,6 +125,7 @@ void ferme_seul() {
 // The last document gives way to the one before it. The status is drawn before the count falls, on
 // purpose: the closed file stays greyed in the menu until the next time.
 void ferme_dernier() {
+    ferme_changements(documents.document_courant);
     --documents.document_courant;
     TestRepertoire();
     --documents.nombre_document;
@@ -128,6 +134,7 @@ void ferme_dernier() {
 // Another document gives way to the next one, which comes up at the closed sheet's cursor, on
 // purpose: the closed row still stands at that place.
 void ferme_milieu() {
+    ferme_changements(documents.document_courant);
     for (int i = documents.document_courant + 1; i <= documents.nombre_document; ++i) {
         documents.nom_copie(i - 1) = documents.nom_copie(i);
         documents.document_modifie(i - 1) = documents.document_modifie(i);

@@ -17,6 +17,7 @@
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "engine/context.hpp"
 #include "engine/identifiers.hpp"
@@ -226,8 +227,12 @@ void choisit_feuille(Demarrage& pas) {
 void ouvre_feuille(Demarrage& pas) {
     pas([&] { ligne(1).nom = pas.nomfic; });
     pas([&] { rangenomcopie(pas.nomfic); });
-    pas([&] { reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1))); });
-    pas([] { LitNomCopie(); });
+    bool copiee = false;
+    pas([&] {
+        reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1)));
+        copiee = true;
+    });
+    pas([&] { LitNomCopie(copiee); });
 }
 
 // An untitled sheet pushes the list down by one row.
@@ -309,6 +314,7 @@ void demarre() noexcept {
     pas([] { feuille.formule_ligne.redimensionne(1); });
     pas([] { feuille.valeur_ligne.redimensionne(1); });
     pas([] { AfficheStatus(); });
+    oublie_changements();
 }
 
 void quitter() {

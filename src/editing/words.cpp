@@ -54,9 +54,6 @@ void va_a_colonne(std::size_t de, std::size_t vers) {
 
 void dit_nombre(std::size_t n) { dit(forme_blanc(static_cast<double>(n))); }
 
-// The line after a move: a cursor between the two characters of a line end is on the line below.
-void dit_ligne_sous_curseur() { dit(extraitLigne(port.texte.sel_start() + 1)); }
-
 // Column of the last character of the word on the left of column x, or 0.
 std::size_t fin_mot_gauche(std::size_t x, std::string_view ligne) {
     if (sur_mot(ligne, x)) surblancGauche(x, ligne);
@@ -95,6 +92,8 @@ void enleve(std::size_t longueur_ligne, std::size_t de, std::size_t vers) {
 }
 
 }  // namespace
+
+void dit_ligne_sous_curseur() { dit(extraitLigne(port.texte.sel_start() + 1)); }
 
 void batit_caracteres() {
     caracteres = Caracteres{};

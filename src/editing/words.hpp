@@ -13,6 +13,9 @@ extern Caracteres caracteres;
 
 void batit_caracteres();                     // the three tables, at start-up
 
+void dit_ligne_sous_curseur();               // after a move: a cursor between the two characters of a
+                                             // line end is on the line below
+
 void chaineGAUCHE();
 void chainedroite();
 void mnuEffaceMotItem();

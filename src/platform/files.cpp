@@ -4,6 +4,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,9 +12,11 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "base/codepage.hpp"
@@ -40,6 +43,7 @@ struct Descripteur {
     ~Descripteur() {
         if (fd >= 0) close(fd);
     }
+    Descripteur(Descripteur&& autre) noexcept : fd(std::exchange(autre.fd, -1)) {}
     Descripteur(const Descripteur&) = delete;
     Descripteur& operator=(const Descripteur&) = delete;
 };
@@ -98,6 +102,66 @@ int droits(const std::string& chemin, mode_t& mode) {
     return (ancien.st_mode & 0222) == 0 || access(chemin.c_str(), W_OK) != 0 ? kAccesFichier : 0;
 }
 
+// ---- The temporary file that a save writes beside its target
+
+// Programs that may save the same file at the same moment without one of them leaving a file behind.
+constexpr int kPlaces = 4;
+
+// Name of a temporary file, the same for every save of that target: what a save that was killed has
+// left, the next one finds. Its length doesn't depend on the target's, which may be the longest that
+// the system takes.
+std::string nom_temporaire(const std::string& cible, int place) {
+    const std::size_t barre = cible.rfind('/');
+    std::uint64_t marque = 0xCBF29CE484222325;
+    for (std::size_t i = barre == std::string::npos ? 0 : barre + 1; i < cible.size(); ++i)
+        marque = (marque ^ static_cast<unsigned char>(cible[i])) * 0x100000001B3;
+    std::string nom = dossier(cible) + "/.voxtab.";
+    for (int i = 0; i < 16; ++i, marque >>= 4) nom += "0123456789abcdef"[marque & 15];
+    return nom + static_cast<char>('0' + place);
+}
+
+// The file is this program's alone: nobody else can write what is going to be the target, and the name
+// still leads to what was opened, which another save may have moved to its target since.
+bool est_a_nous(int fd, const std::string& nom) {
+    struct stat ouvert {}, nomme {};
+    return fstat(fd, &ouvert) == 0 && lstat(nom.c_str(), &nomme) == 0 &&
+           ouvert.st_ino == nomme.st_ino && ouvert.st_dev == nomme.st_dev &&
+           S_ISREG(ouvert.st_mode) && ouvert.st_uid == geteuid() && ouvert.st_nlink == 1;
+}
+
+// Opens that file for this program alone, with the flags given; the lock goes with the descriptor, a
+// killed program's too. Without one where another program is at work with it.
+Descripteur prend_temporaire(const std::string& nom, int drapeaux) {
+    Descripteur fichier(open(nom.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | drapeaux, 0600));
+    const bool pris = fichier.fd >= 0 && flock(fichier.fd, LOCK_EX | LOCK_NB) == 0 &&
+                      est_a_nous(fichier.fd, nom);
+    return pris ? std::move(fichier) : Descripteur(-1);
+}
+
+// Removes what killed saves of the target have left in its other places.
+void balaie(const std::string& cible, const std::string& garde) {
+    for (int place = 0; place < kPlaces; ++place) {
+        const std::string nom = nom_temporaire(cible, place);
+        if (nom == garde) continue;
+        const Descripteur reste = prend_temporaire(nom, 0);
+        if (reste.fd >= 0) unlink(nom.c_str());
+    }
+}
+
+// An empty temporary file beside the target, its path in `nom`. Where every place is taken, or is not
+// to be had on this disk, it has a name of its own. Without a descriptor `errno` tells why.
+Descripteur ouvre_temporaire(const std::string& cible, std::string& nom) {
+    for (int place = 0; place < kPlaces; ++place) {
+        nom = nom_temporaire(cible, place);
+        Descripteur fichier = prend_temporaire(nom, O_CREAT);
+        if (fichier.fd < 0 || ftruncate(fichier.fd, 0) != 0) continue;
+        balaie(cible, nom);
+        return fichier;
+    }
+    nom = dossier(cible) + "/.voxtab.XXXXXX";
+    return Descripteur(mkostemp(nom.data(), O_CLOEXEC));
+}
+
 }  // namespace
 
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
@@ -127,9 +191,8 @@ ResultatFichier remplace_fichier(const std::string& chemin, const std::string& c
     const std::string cible = chemin_reel(chemin);
     mode_t mode = 0;
     if (const int refus = droits(cible, mode); refus != 0) return refus;
-    // A name of its own: one made longer could pass the limit that the file's name keeps.
-    std::string voisin = dossier(cible) + "/.voxtab.XXXXXX";
-    Descripteur fichier(mkostemp(voisin.data(), O_CLOEXEC));
+    std::string voisin;
+    const Descripteur fichier = ouvre_temporaire(cible, voisin);
     if (fichier.fd < 0) return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
     const bool ecrit = ecrit_tout(fichier.fd, contenu) && fchmod(fichier.fd, mode) == 0 &&
                        fsync(fichier.fd) == 0;

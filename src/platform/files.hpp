@@ -16,7 +16,8 @@ ResultatFichier verifie_ecriture(const std::string& chemin);
 
 // Writes the file whole: beside its place, flushed to the disk, then renamed over it, so that it is
 // the old one or the new one, never half of it. The new file keeps the rights of the old one, and a
-// link keeps pointing where it did.
+// link keeps pointing where it did. What a save that was killed has left beside the file goes with the
+// next one; two programs that save it at once each write their own file.
 ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu);
 
 // Puts the real files in the port. Lists are alphabetical, case ignored; a name that the code page

@@ -2,6 +2,7 @@
 // shown as the data has become. After the end of the program nothing happens any more.
 #include "shell/events.hpp"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "documents/saving.hpp"
 #include "documents/startup.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
@@ -52,14 +54,31 @@ void garde_focus() {
     if ((c == nullptr || !accessible(*c)) && accessible(fenetre.txt)) donne_focus(fenetre.txt);
 }
 
-// Runs an event. A failure that nothing has caught shows its number and ends it.
+// The window is brought up to date behind an event.
+void montre_fenetre() {
+    garde_focus();
+    port.fenetre.montre();
+}
+
+// Runs an event. A failure that nothing has caught shows its number and ends it. What the user has
+// typed before it and what the event changes can be taken back apart.
 template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
+    note_frappe();
     Tente(kCommande, std::forward<Action>(action));
     if (fenetre.fermee) return;
-    garde_focus();
-    port.fenetre.montre();
+    note_commande();
+    montre_fenetre();
+}
+
+// The same while the toolkit may be in the middle of a change of several parts, which is one for the
+// user: a character over a selection. Nothing is noted then; the press that began it has been.
+template <class Action>
+void frappe_en_cours(Action&& action) {
+    if (fenetre.fermee) return;
+    Tente(kCommande, std::forward<Action>(action));
+    montre_fenetre();
 }
 
 // True when the item can be chosen.
@@ -118,6 +137,21 @@ bool tient(const FrappeTouche& frappe, Avec avec) {
     return true;
 }
 
+// The keys that the text takes as they are pressed, so that they repeat while they are held down. The
+// modifiers must be those and no other: AltGr types characters.
+struct ToucheEnfoncee {
+    FrappeTouche frappe;
+    void (*action)();
+};
+constexpr std::array kTouchesEnfoncees = {
+    ToucheEnfoncee{{'Z', false, true, false}, annule},
+    ToucheEnfoncee{{'Z', true, true, false}, retablit},
+};
+
+bool meme_frappe(const FrappeTouche& a, const FrappeTouche& b) {
+    return a.touche == b.touche && a.maj == b.maj && a.ctrl == b.ctrl && a.alt == b.alt;
+}
+
 // A key of the text is released. In key-help mode one that has reached no command says so; the note
 // that a command has spoken holds for the next key that the table doesn't know.
 void touche_texte(const FrappeTouche& frappe) {
@@ -169,10 +203,33 @@ void evenement_clic(std::string_view nom) {
 }
 
 void evenement_caractere(std::string_view nom, int code) {
+    if (nom == "txt" && code != kToucheEchap) return frappe_en_cours([&] { caractere_texte(code); });
     evenement([&] {
         if (nom == "txt") caractere_texte(code);
         if (nom == "Liste") caractere_liste(code);
         if (unite_option(nom) != 0 && (code == kToucheEchap || code == kToucheEntree)) CmdAngle();
+    });
+}
+
+bool evenement_enfonce(std::string_view nom, const FrappeTouche& frappe) {
+    const auto* const ligne =
+        std::find_if(kTouchesEnfoncees.begin(), kTouchesEnfoncees.end(),
+                     [&](const ToucheEnfoncee& t) { return meme_frappe(t.frappe, frappe); });
+    if (nom != "txt" || ligne == kTouchesEnfoncees.end()) {
+        evenement_avant_changement();
+        return false;
+    }
+    evenement(ligne->action);
+    return true;
+}
+
+void evenement_avant_changement() {
+    if (!fenetre.fermee) note_frappe();
+}
+
+void evenement_texte_change() {
+    frappe_en_cours([] {
+        if (!aide.aide_touche) marque_modifie();
     });
 }
 

@@ -17,6 +17,10 @@ void evenement_menu(std::string_view nom, int index = 0);   // an item was chose
 void evenement_clic(std::string_view controle);       // a button or an option was clicked
 void evenement_caractere(std::string_view controle, int code);   // a key press: its character
 void evenement_touche(std::string_view controle, const FrappeTouche& frappe);   // a key release
+// A key press, before its character; true when a command took it, and it must do nothing else.
+bool evenement_enfonce(std::string_view controle, const FrappeTouche& frappe);
+void evenement_avant_changement();                    // the user is about to change the text
+void evenement_texte_change();                        // the user has changed it, by a key or without one
 
 // The item whose shortcut that is, or "": menus take their keys before the focused control.
 std::string_view item_du_raccourci(const FrappeTouche& frappe);

@@ -6,11 +6,15 @@
 
 Aide aide;
 
+bool annonce_mots(std::string_view mots) {
+    if (!aide.aide_touche || mots.empty()) return false;
+    dit(mots);
+    aide.aide_touche_traitee = true;
+    return true;
+}
+
 bool annonce_item(std::string_view nom) {
     if (!aide.aide_touche) return false;
     const LigneMenu* ligne = ligne_menu(nom);
-    if (ligne == nullptr || ligne->mots_aide.empty()) return false;
-    dit(ligne->mots_aide);
-    aide.aide_touche_traitee = true;
-    return true;
+    return ligne != nullptr && annonce_mots(ligne->mots_aide);
 }

@@ -5,6 +5,7 @@
 #include "documents/open_documents.hpp"
 #include "documents/settings.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "engine/context.hpp"
 #include "matrix/definition.hpp"
@@ -28,6 +29,7 @@ void reinitialise_tout() {
     documents = Documents{};
     dlg = Dlg{};
     recherche = Recherche{};
+    historique = Historique{};
     caracteres = Caracteres{};
     aide = Aide{};
     couleurs = Couleurs{};

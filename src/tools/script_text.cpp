@@ -128,6 +128,7 @@ bool peut_ecrire() {
 
 void frappe_texte(const Frappe& frappe) {
     const FrappeTouche& f = frappe.touche;
+    if (evenement_enfonce("txt", f)) return;
     if (frappe.caractere != 0) {
         evenement_caractere("txt", frappe.caractere);
         if (peut_ecrire()) ecrit_caractere(frappe.caractere);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/codepage.hpp"
+#include "base/typed_text.hpp"
 
 namespace {
 
@@ -51,17 +52,17 @@ std::optional<TexteFeuille> lit_feuille(std::string_view octets, Codage codage,
     std::string texte(octets);
     if (codage != Codage::windows_1252) {
         if (octets.starts_with(kMarque)) feuille_lue.codage = Codage::utf8_avec_marque;
-        RefusTexte ou{};
-        std::optional<std::string> converti = depuis_utf8(octets, &ou);
-        if (!converti) {
-            const auto debut = octets.begin();
-            const auto lignes = std::count(debut, debut + static_cast<std::ptrdiff_t>(ou.octet), '\n');
-            refus = {static_cast<std::size_t>(lignes) + 1, ou.caractere};
+        const bool marque = octets.starts_with(kMarque);
+        TexteAmene amene = amene_en_page(octets.substr(marque ? kMarque.size() : 0));
+        if (amene.ligne_fausse != 0 || amene.perdus != 0) {
+            refus = amene.ligne_fausse != 0
+                        ? RefusFeuille{amene.ligne_fausse, 0}
+                        : RefusFeuille{amene.premiers[0].ligne, amene.premiers[0].caractere};
             return std::nullopt;
         }
-        texte = std::move(*converti);
+        texte = std::move(amene.texte);
     }
-    feuille_lue.fins = premieres_fins(texte);
+    feuille_lue.fins = premieres_fins(octets);
     feuille_lue.texte = avec_cr_lf(texte);
     feuille_lue.fin_finale = feuille_lue.texte.ends_with("\r\n");
     if (feuille_lue.fin_finale) feuille_lue.texte.resize(feuille_lue.texte.size() - 2);

@@ -8,6 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/typed_text.hpp"
 #include "engine/context.hpp"
 #include "platform/files.hpp"
 #include "platform/memory.hpp"
@@ -49,14 +50,6 @@ bool est_dossier(const std::string& chemin) {
 // One French line for what a file refused.
 int refuse_fichier(const std::string& chemin, int numero) {
     return refuse(chemin + " : " + (est_dossier(chemin) ? "c'est un dossier" : mots_fichier(numero)));
-}
-
-// Code of a character as U+ and at least four hexadecimal digits.
-std::string code_unicode(char32_t caractere) {
-    std::string chiffres_hexa;
-    for (; caractere != 0 || chiffres_hexa.size() < 4; caractere /= 16)
-        chiffres_hexa.insert(chiffres_hexa.begin(), "0123456789ABCDEF"[caractere % 16]);
-    return "U+" + chiffres_hexa;
 }
 
 int refuse_texte(const std::string& nom, const RefusFeuille& refus) {

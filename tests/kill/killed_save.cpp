@@ -1,6 +1,7 @@
 // A process that saves a sheet again and again is killed at many random moments: the sheet, its
-// backup and its working copy must each be one whole version, and each kill leaves at most one
-// temporary file. Real files in a folder of its own.
+// backup and its working copy must each be one whole version, each kill leaves at most one
+// temporary file, and after the next save there is none. Then several processes save one file at
+// once. Real files in a folder of its own.
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,6 +18,7 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "documents/open_documents.hpp"
 #include "platform/files.hpp"
@@ -31,14 +33,14 @@ constexpr int kMorts = 210;
 constexpr int kVersions = 1'000'000;  // more than a process can save
 constexpr int kAttenteMaximale =
     25'000;                         // microseconds between the start of the saves and the kill
-constexpr int kDureeMaximale = 30;  // seconds; then the kills that were made count
+constexpr int kDureeMaximale = 60;  // seconds; then the kills that were made count
 constexpr int kMortsMinimum = 200;
 constexpr std::string_view kTemporaire = ".voxtab.";
 
 // What the kills left, and what went wrong.
 struct Bilan {
     int morts = 0;
-    int temporaires_feuille = 0;  // left in the sheet's folder, so far
+    int temporaires_feuille = 0;  // left in the sheet's folder by all kills
     int temporaires_copies = 0;   // left in the working folder
     int memes = 0;                // sheet and backup of the same version: killed between the two
     int suivies = 0;              // backup of the version before
@@ -72,8 +74,9 @@ int version_de(const fs::path& chemin) {
 
 std::string dossier_du_programme;
 
-// Saves one version after the other, from `premiere` on; the parent hears when it begins.
-[[noreturn]] void enregistre_sans_fin(const fs::path& dossier, int premiere, int tuyau) {
+// Saves the versions from `premiere` to `derniere`, one after the other; the parent hears when it
+// begins. Its exit status is 3 when all are saved.
+[[noreturn]] void enregistre(const fs::path& dossier, int premiere, int derniere, int tuyau) {
     programme_neuf();
     installe_fichiers_reels();
     dossier_du_programme = (dossier / "programme").string();
@@ -82,7 +85,7 @@ std::string dossier_du_programme;
     memoire.ligne_commande = (dossier / "feuille.VXT").string();
     evenement_chargement();
     if (write(tuyau, "!", 1) != 1) _exit(2);
-    for (int n = premiere; n < kVersions; ++n) {
+    for (int n = premiere; n <= derniere; ++n) {
         port.texte.pose_texte(version(n));
         marque_modifie();
         evenement_menu("mnuEnregistrerItem");
@@ -116,13 +119,27 @@ bool une_vie(const fs::path& dossier, int premiere, std::chrono::microseconds at
     if (enfant < 0) throw std::runtime_error("no child");
     if (enfant == 0) {
         close(tuyau[0]);
-        enregistre_sans_fin(dossier, premiere, tuyau[1]);
+        enregistre(dossier, premiere, kVersions, tuyau[1]);
     }
     close(tuyau[1]);
     const bool commencee = attend_debut(tuyau[0]);
     if (commencee) std::this_thread::sleep_for(attente);
     close(tuyau[0]);
     return tue(enfant) && commencee;
+}
+
+// A child that saves one version and ends by itself. False when it failed.
+bool enregistre_une_fois(const fs::path& dossier, int n) {
+    int tuyau[2];
+    if (pipe(tuyau) != 0) throw std::runtime_error("no pipe");
+    const pid_t enfant = fork();
+    if (enfant < 0) throw std::runtime_error("no child");
+    if (enfant == 0) enregistre(dossier, n, n, tuyau[1]);
+    close(tuyau[0]);
+    close(tuyau[1]);
+    int etat = 0;
+    waitpid(enfant, &etat, 0);
+    return WIFEXITED(etat) && WEXITSTATUS(etat) == 3;
 }
 
 int compte_temporaires(const fs::path& dossier) {
@@ -157,10 +174,18 @@ int verifie_fichiers(Bilan& bilan, const fs::path& dossier, int ancienne) {
 void verifie_temporaires(Bilan& bilan, const fs::path& dossier) {
     const int feuille = compte_temporaires(dossier);
     const int copies = compte_temporaires(dossier / "programme/travail");
-    const int neufs = feuille - bilan.temporaires_feuille + copies - bilan.temporaires_copies;
-    if (neufs < 0 || neufs > 1) faute(bilan, std::to_string(neufs) + " new temporary files");
-    bilan.temporaires_feuille = feuille;
-    bilan.temporaires_copies = copies;
+    if (feuille + copies > 1) faute(bilan, std::to_string(feuille + copies) + " temporary files");
+    bilan.temporaires_feuille += feuille;
+    bilan.temporaires_copies += copies;
+}
+
+// The next save leaves nothing of the one that was killed. Answers the version saved.
+int verifie_suivant(Bilan& bilan, const fs::path& dossier, int version_suivante) {
+    if (!enregistre_une_fois(dossier, version_suivante)) faute(bilan, "the next save has failed");
+    const int restes =
+        compte_temporaires(dossier) + compte_temporaires(dossier / "programme/travail");
+    if (restes != 0) faute(bilan, std::to_string(restes) + " temporary files after the next save");
+    return verifie_fichiers(bilan, dossier, version_suivante);
 }
 
 Bilan tue_souvent(const fs::path& dossier) {
@@ -175,12 +200,60 @@ Bilan tue_souvent(const fs::path& dossier) {
             faute(bilan, "the child that saves has failed");
         feuille = verifie_fichiers(bilan, dossier, feuille);
         verifie_temporaires(bilan, dossier);
+        feuille = verifie_suivant(bilan, dossier, feuille + 1);
         if (bilan.fautes > 0) break;
     }
     if (bilan.morts < kMortsMinimum && bilan.fautes == 0) faute(bilan, "too few kills in the time");
-    const bool au_milieu = bilan.temporaires_feuille > 0 && bilan.memes > 0 && bilan.suivies > 0;
+    const bool au_milieu = bilan.temporaires_feuille > 0 && bilan.temporaires_copies > 0 &&
+                           bilan.memes > 0 && bilan.suivies > 0;
     if (!au_milieu && bilan.fautes == 0) faute(bilan, "no kill was in the middle of a save");
     return bilan;
+}
+
+// ---- Several programs at once
+
+constexpr int kProgrammes = 6;  // more than have a place of their own beside the file
+constexpr int kEnregistrements = 150;
+
+// A whole file of one program: its letter, as often as its length says.
+bool entier(const std::string& contenu) {
+    return !contenu.empty() && contenu.size() >= 10'000 &&
+           contenu ==
+               std::string(10'000 + 1'000 * static_cast<std::size_t>(contenu[0] - 'a'), contenu[0]);
+}
+
+// Saves its own content again and again; status 0 when every save went well.
+[[noreturn]] void remplace_souvent(const std::string& chemin, int lettre) {
+    const std::string contenu(10'000 + 1'000 * static_cast<std::size_t>(lettre),
+                              static_cast<char>('a' + lettre));
+    for (int n = 0; n < kEnregistrements; ++n)
+        if (remplace_fichier(chemin, contenu) != 0) _exit(1);
+    _exit(0);
+}
+
+// They save one file at once: it is whole whenever it is read, and no save fails.
+void verifie_ensemble(Bilan& bilan, const fs::path& dossier) {
+    const fs::path seul = dossier / "ensemble";
+    fs::create_directory(seul);
+    const std::string chemin = (seul / "feuille.VXT").string();
+    if (remplace_fichier(chemin, std::string(10'000, 'a')) != 0) faute(bilan, "no first save");
+    std::vector<pid_t> enfants;
+    for (int lettre = 0; lettre < kProgrammes; ++lettre) {
+        const pid_t enfant = fork();
+        if (enfant < 0) throw std::runtime_error("no child");
+        if (enfant == 0) remplace_souvent(chemin, lettre);
+        enfants.push_back(enfant);
+    }
+    for (const pid_t enfant : enfants) {
+        int etat = 0;
+        while (waitpid(enfant, &etat, WNOHANG) == 0) {
+            std::string contenu;
+            if (lit_fichier(chemin, contenu) != 0 || !entier(contenu))
+                faute(bilan, "mixed contents");
+        }
+        if (!WIFEXITED(etat) || WEXITSTATUS(etat) != 0) faute(bilan, "a save beside others failed");
+    }
+    if (compte_temporaires(seul) != 0) faute(bilan, "saves at once have left a file");
 }
 
 // A regular end of the program takes what the kills left in the working folder.
@@ -209,13 +282,14 @@ int main() {
     try {
         bilan = tue_souvent(dossier);
         verifie_fin_reguliere(bilan, dossier);
+        verifie_ensemble(bilan, dossier);
     } catch (const std::exception& e) {
         faute(bilan, e.what());
     }
     fs::remove_all(dossier);
     std::cout << bilan.morts << " kills; backup one version behind " << bilan.suivies
               << " times, of the same version " << bilan.memes
-              << " times; temporary files left: " << bilan.temporaires_feuille
+              << " times; temporary files left until the next save: " << bilan.temporaires_feuille
               << " beside the sheet, " << bilan.temporaires_copies << " in the working folder\n";
     return bilan.fautes > 0 ? 1 : 0;
 }

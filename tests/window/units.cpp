@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "base/codepage.hpp"
+#include "base/typed_text.hpp"
 #include "shell/wx/pages.hpp"
 #include "shell/wx/positions.hpp"
-#include "shell/wx/typed_text.hpp"
 
 namespace {
 
@@ -52,9 +52,17 @@ TEST_CASE("every position of the sheet goes to the control and back") {
         for (std::size_t i = 0; i <= feuille.size(); ++i) {
             const bool dans_fin = i > 0 && i < feuille.size() && feuille[i - 1] == '\r';
             const std::size_t la = position_du_controle(feuille, i);
-            CHECK(position_de_la_feuille(feuille, la) == (dans_fin ? i - 1 : i));
+            CHECK(position_de_la_feuille(feuille, la) == (dans_fin ? i + 1 : i));
         }
     }
+}
+
+TEST_CASE("a cursor between the two characters of a line end is at the start of the line below") {
+    // The command that goes to a line number leaves it there.
+    CHECK(position_du_controle("A=3\r\n\r\nB=4", 4) == 4);
+    CHECK(position_du_controle("A=3\r\n\r\nB=4", 6) == 5);
+    CHECK(position_du_controle("A=3\r\nB", 3) == 3);
+    CHECK(position_du_controle("A=3\r\n", 4) == 4);
 }
 
 TEST_CASE("every position of the control goes to the sheet and back") {

@@ -13,7 +13,7 @@
 #include "shell/wx/ids.hpp"
 #include "shell/wx/keys.hpp"
 #include "shell/wx/text_view.hpp"
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 Cadre* cadre = nullptr;
 
@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kLargeurMini = 480;      // pixels of the window, so that menus and buttons keep their place
 constexpr int kHauteurMini = 320;
-constexpr int kCaractereColle = 22;   // what stands for a change of the text without a key of its own
 
 bool est_option(std::string_view nom) { return nom.starts_with("Option"); }
 
@@ -146,6 +145,7 @@ void Cadre::relie_txt() {
     });
     filtre_la_saisie(*txt_, {[this] { return zone_->en_ecriture(); },
                              [this](char32_t caractere) { refuse_caractere(caractere); },
+                             [] { evenement_avant_changement(); },
                              [this] { texte_change(); }});
 }
 
@@ -154,7 +154,7 @@ void Cadre::relie_txt() {
 void Cadre::texte_change() {
     const bool programme = zone_->en_ecriture();
     zone_->change();
-    if (!programme) evenement_caractere("txt", kCaractereColle);
+    if (!programme) evenement_texte_change();
 }
 
 void Cadre::refuse_caractere(char32_t caractere) {
@@ -176,6 +176,7 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         return;
     }
     const std::string_view nom = nom_de(FindFocus());
+    if (nom == "txt" && evenement_enfonce(nom, frappe)) return;
     const bool valide = frappe.touche == kToucheEchap || frappe.touche == kToucheEntree;
     if (valide && (nom == "Liste" || est_option(nom))) {
         evenement_caractere(nom, frappe.touche);

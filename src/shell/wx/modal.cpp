@@ -4,7 +4,7 @@
 #include "platform/platform.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/positions.hpp"
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 // Before the first sight of the window there is nothing to bring up to date.
 void ouvre_modal() {

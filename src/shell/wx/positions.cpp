@@ -1,6 +1,7 @@
 // Texts and positions between the sheet and the text control. Changes no state.
 #include "shell/wx/positions.hpp"
 
+#include <algorithm>
 #include <optional>
 
 #include "base/codepage.hpp"
@@ -56,10 +57,8 @@ std::string texte_de_la_feuille(std::string_view controle) {
 
 std::size_t position_du_controle(std::string_view feuille, std::size_t octet) {
     std::size_t caracteres = 0;
-    for (std::size_t i = 0; i < feuille.size(); ++caracteres) {
-        i += largeur(feuille, i);
-        if (i > octet) break;
-    }
+    const std::size_t fin = std::min(octet, feuille.size());
+    for (std::size_t i = 0; i < fin; i += largeur(feuille, i)) ++caracteres;
     return caracteres;
 }
 

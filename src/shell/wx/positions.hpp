@@ -16,7 +16,7 @@ std::string texte_du_controle(std::string_view feuille);
 std::string texte_de_la_feuille(std::string_view controle);
 
 // Position of a byte of the sheet in the control; one past the end is held at the end. Between CR and
-// LF it is the line's end.
+// LF it is the start of the line below: that is the line that the commands mean and say.
 std::size_t position_du_controle(std::string_view feuille, std::size_t octet);
 
 // Position in the sheet of a character of the control, held at the end.

@@ -18,6 +18,7 @@ void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_vie
 struct FiltreSaisie {
     std::function<bool()> programme;
     std::function<void(char32_t)> refus;
-    std::function<void()> change;
+    std::function<void()> avant;     // the user is about to change the text
+    std::function<void()> change;    // the text has changed
 };
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre);

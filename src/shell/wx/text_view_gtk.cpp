@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 namespace {
 
@@ -20,6 +20,10 @@ struct Libere {
     void operator()(char* texte) const { g_free(texte); }
 };
 using TexteGtk = std::unique_ptr<char, Libere>;
+
+struct LibereEvenement {
+    void operator()(GdkEvent* e) const { gdk_event_free(e); }
+};
 
 // An accent that comes alone joins the letter in front of it. True when it did.
 bool joint_accent(GtkTextBuffer* buffer, const GtkTextIter* place, char32_t accent) {
@@ -55,6 +59,18 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
     gtk_text_buffer_delete_mark(buffer, marque);
 }
 
+// True while a key press is handled: the window has told of it before.
+bool touche_en_cours() {
+    const std::unique_ptr<GdkEvent, LibereEvenement> e(gtk_get_current_event());
+    return e && e->type == GDK_KEY_PRESS;
+}
+
+// What the user changes without a key begins here: a paste, a drop, the menu of the mouse.
+void avant_changement(GtkTextBuffer*, gpointer donnees) {
+    const auto& filtre = *static_cast<const FiltreSaisie*>(donnees);
+    if (!filtre.programme() && !touche_en_cours()) filtre.avant();
+}
+
 void apres_changement(GtkTextBuffer*, gpointer donnees) {
     static_cast<const FiltreSaisie*>(donnees)->change();
 }
@@ -87,5 +103,6 @@ void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
         tampon(controle), "insert-text", G_CALLBACK(avant_insertion), donnees,
         [](gpointer d, GClosure*) { delete static_cast<FiltreSaisie*>(d); },
         static_cast<GConnectFlags>(0));
+    g_signal_connect(tampon(controle), "begin-user-action", G_CALLBACK(avant_changement), donnees);
     g_signal_connect(tampon(controle), "changed", G_CALLBACK(apres_changement), donnees);
 }

@@ -1,5 +1,5 @@
 // Characters that the sheet's code page lacks: what they become, or their refusal. Changes no state.
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 #include <algorithm>
 #include <array>
@@ -37,7 +37,7 @@ constexpr std::array kRemplacements = {
     Remplacement{U"\uFF0B", "+"},
     Remplacement{U"\u03C0\U0001D70B\u03A0", "PI"},
     Remplacement{U"\u221A", "SQRT"},
-    Remplacement{U"\u03BC", "\xC2\xB5"},
+    Remplacement{U"\u03BC", "µ"_fr},
     Remplacement{U"\u00A0\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u202F"
                  U"\u205F\u3000",
                  " "},
@@ -52,11 +52,10 @@ const Remplacement* remplacement(char32_t c) {
     return nullptr;
 }
 
-void ajoute(std::string& sortie, char32_t c) {
-    sortie += vers_utf8(std::string(1, static_cast<char>(code_de(c))));
-}
+void ajoute(std::string& sortie, char32_t c) { sortie += static_cast<char>(code_de(c)); }
 
-// Adds one character, with the accent that stands behind it. False when the sheet can't have it.
+// Adds one character in the code page, with the accent that stands behind it. False when the sheet
+// can't have it.
 bool ajoute_caractere(std::string& sortie, char32_t c, std::string_view& reste) {
     const CaractereLu suite = reste.empty() ? CaractereLu{0, 0} : lit_utf8(reste.substr(0, 4));
     if (const char32_t lettre = compose(c, suite.caractere); lettre != 0) {
@@ -72,6 +71,11 @@ bool ajoute_caractere(std::string& sortie, char32_t c, std::string_view& reste) 
         return false;
     }
     return true;
+}
+
+// True for a character that nothing changes, as nearly all are: it is ASCII, and so is the next one.
+bool simple(char32_t c, std::string_view reste) {
+    return c < 0x80 && c != '\r' && (reste.empty() || static_cast<unsigned char>(reste[0]) < 0x80);
 }
 
 }  // namespace
@@ -99,12 +103,39 @@ std::optional<std::string> texte_accepte(std::string_view utf8, char32_t& refuse
         refuse = lu.octets == 0 ? 0 : lu.caractere;
         if (lu.octets == 0 || !ajoute_caractere(sortie, lu.caractere, utf8)) return std::nullopt;
     }
-    return sortie;
+    return vers_utf8(sortie);
 }
 
-std::string mots_refus(char32_t caractere) {
+TexteAmene amene_en_page(std::string_view utf8) {
+    TexteAmene amene;
+    std::string& sortie = amene.texte;
+    sortie.reserve(utf8.size());
+    std::size_t ligne = 1;
+    while (!utf8.empty()) {
+        const std::size_t fait = sortie.size();
+        const CaractereLu lu = lit_utf8(utf8.substr(0, 4));
+        const char octet = utf8.front();
+        utf8.remove_prefix(std::max<std::size_t>(lu.octets, 1));
+        if (lu.octets == 0) {
+            if (amene.ligne_fausse == 0) amene.ligne_fausse = ligne;
+            sortie += octet;
+        } else if (lu.caractere == 0 || simple(lu.caractere, utf8)) {
+            sortie += octet;
+        } else if (!ajoute_caractere(sortie, lu.caractere, utf8)) {
+            sortie += '?';
+            if (amene.perdus++ < kPerdusCites) amene.premiers.push_back({ligne, lu.caractere});
+        }
+        const auto ajouts = sortie.begin() + static_cast<std::ptrdiff_t>(fait);
+        ligne += static_cast<std::size_t>(std::count(ajouts, sortie.end(), '\n'));
+    }
+    return amene;
+}
+
+std::string code_unicode(char32_t caractere) {
     std::string code;
     for (; caractere != 0 || code.size() < 4; caractere /= 16)
         code.insert(code.begin(), "0123456789ABCDEF"[caractere % 16]);
-    return "caractère refusé U+" + code;
+    return "U+" + code;
 }
+
+std::string mots_refus(char32_t caractere) { return "caractère refusé " + code_unicode(caractere); }

@@ -2,12 +2,12 @@
 // statement runs; one of shut-down goes up and leaves the program running.
 #include "documents/startup.hpp"
 
-#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/codepage.hpp"
+#include "base/maths.hpp"
 #include "base/number.hpp"
 #include "documents/dialog.hpp"
 #include "documents/failures.hpp"
@@ -300,7 +300,7 @@ void met_courant_en_tete() {
 void demarre() noexcept {
     Demarrage pas;
     pas([] { place_fenetre(); });
-    moteur.pi_valeur = 4 * std::atan(1.0);
+    moteur.pi_valeur = 4 * maths::atan(1.0);
     pas([] { moteur.generateur.seed(port.systeme.graine()); });
     prepare_dossiers(pas);
     lit_reglages(pas);

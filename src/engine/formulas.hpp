@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/maths.hpp"
 #include "engine/context.hpp"
 #include "engine/reader.hpp"
 
@@ -31,19 +32,19 @@ template <class Arithmetique>
 double arc_cosinus(double x, Arithmetique& calcul) {
     if (x == 0) return calcul.r_a(moteur.pi_valeur / 2);
     if (x == 1) return 0;
-    const double t = std::atan(std::sqrt(1 - calcul.carre(x)) / x);
+    const double t = maths::atan(std::sqrt(1 - calcul.carre(x)) / x);
     return calcul.r_a(t > 0 ? t : t + moteur.pi_valeur);
 }
 
 template <class Arithmetique>
 double arc_sinus(double x, Arithmetique& calcul) {
     if (std::fabs(x) == 1) return calcul.r_a(x * moteur.pi_valeur / 2);
-    return calcul.r_a(std::atan(x / std::sqrt(1 - calcul.carre(x))));
+    return calcul.r_a(maths::atan(x / std::sqrt(1 - calcul.carre(x))));
 }
 
 inline double racine_cubique(double x) {
     if (x == 0) return 0;
-    return x > 0 ? std::exp(std::log(x) / 3) : -std::exp(std::log(-x) / 3);
+    return x > 0 ? maths::exp(maths::log(x) / 3) : -maths::exp(maths::log(-x) / 3);
 }
 
 // Value of function `fonction` at x, inside its domain. SH, CH and TH convert their argument by the
@@ -52,33 +53,33 @@ inline double racine_cubique(double x) {
 template <class Arithmetique>
 double formule_de(int fonction, double x, Arithmetique& calcul) {
     switch (fonction) {
-        case kCos: return std::cos(calcul.a_r(x));
-        case kSin: return std::sin(calcul.a_r(x));
-        case kTan: return std::tan(calcul.a_r(x));
+        case kCos: return maths::cos(calcul.a_r(x));
+        case kSin: return maths::sin(calcul.a_r(x));
+        case kTan: return maths::tan(calcul.a_r(x));
         case kAcos: return arc_cosinus(x, calcul);
         case kAsin: return arc_sinus(x, calcul);
-        case kAtan: return calcul.r_a(std::atan(x));
+        case kAtan: return calcul.r_a(maths::atan(x));
         case kAbs: return std::fabs(x);
-        case kExp: return std::exp(x);
-        case kLn: return std::log(x);
-        case kLog: return std::log(x) / std::log(10.0);
+        case kExp: return maths::exp(x);
+        case kLn: return maths::log(x);
+        case kLog: return maths::log(x) / maths::log(10.0);
         case kSh: {
-            const double a = std::exp(calcul.a_r(x));
-            return (a - std::exp(calcul.a_r(-x))) / 2;
+            const double a = maths::exp(calcul.a_r(x));
+            return (a - maths::exp(calcul.a_r(-x))) / 2;
         }
         case kCh: {
-            const double a = std::exp(calcul.a_r(x));
-            return (a + std::exp(calcul.a_r(-x))) / 2;
+            const double a = maths::exp(calcul.a_r(x));
+            return (a + maths::exp(calcul.a_r(-x))) / 2;
         }
         case kTh: {
-            const double a = std::exp(calcul.a_r(x));
-            const double haut = a - std::exp(calcul.a_r(-x));
-            const double b = std::exp(calcul.a_r(x));
-            return haut / (b + std::exp(calcul.a_r(-x)));
+            const double a = maths::exp(calcul.a_r(x));
+            const double haut = a - maths::exp(calcul.a_r(-x));
+            const double b = maths::exp(calcul.a_r(x));
+            return haut / (b + maths::exp(calcul.a_r(-x)));
         }
-        case kAth: return (std::exp(x) - std::exp(-x)) / (std::exp(x) + std::exp(-x));
-        case kAsh: return (std::exp(x) - std::exp(-x)) / 2;
-        case kAch: return (std::exp(x) + std::exp(-x)) / 2;
+        case kAth: return (maths::exp(x) - maths::exp(-x)) / (maths::exp(x) + maths::exp(-x));
+        case kAsh: return (maths::exp(x) - maths::exp(-x)) / 2;
+        case kAch: return (maths::exp(x) + maths::exp(-x)) / 2;
         case kSqr: return calcul.carre(x);
         case kSqrt: return std::sqrt(x);
         default: return racine_cubique(x);

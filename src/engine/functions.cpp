@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "engine/formulas.hpp"
@@ -222,7 +223,7 @@ double conv_r_a(double x) noexcept {
 
 double logarithme(double x) {
     if (x <= 0) echoue(kHorsDomaine);
-    return std::log(x);
+    return maths::log(x);
 }
 
 double factoriel(std::int16_t n) noexcept {

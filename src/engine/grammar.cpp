@@ -9,6 +9,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "engine/functions.hpp"
@@ -174,7 +175,7 @@ void eleve(double& p, double e) {
         return;
     }
     const bool negatif = p < 0;
-    if (!Tente(kCompileExposant, [&] { range(p, std::exp(std::log(std::fabs(p)) * e), p, e); }))
+    if (!Tente(kCompileExposant, [&] { range(p, maths::exp(maths::log(std::fabs(p)) * e), p, e); }))
         p = 0;
     if (!negatif) return;
     if (!Tente(kCompileExposant, [&] {

@@ -7,6 +7,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "engine/functions.hpp"
@@ -38,11 +39,11 @@ void progression(int fonction, double& resultat) noexcept {
         Tente(kCompileF, [&] { range(resultat, (n - 1) * r + a, a, n, r); });
     } else if (fonction == kSuiteG) {
         Tente(kCompileF,
-              [&] { range(resultat, std::exp(logarithme(r) * (n - 1)) * a, a, n, r); });
+              [&] { range(resultat, maths::exp(logarithme(r) * (n - 1)) * a, a, n, r); });
     } else if (r == 1) {
         Tente(kCompileF, [&] { range(resultat, a * n, a, n); });
     } else {
-        Tente(kCompileF, [&] { range(e, std::exp(logarithme(r) * n), n, r); });
+        Tente(kCompileF, [&] { range(e, maths::exp(logarithme(r) * n), n, r); });
         Tente(kCompileF, [&] { range(resultat, (e - 1) * a / (r - 1), e, a, r); });
     }
 }

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "base/failure.hpp"
+#include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "engine/formulas.hpp"
@@ -241,7 +242,7 @@ bool simple(double x) { return std::fabs(x) <= DBL_MAX; }
 // p to the power e as the grammar does it; false when that needs a report.
 bool puissance_de(double& p, double e) {
     if (p == 0) return e != -1;
-    const double r = std::exp(std::log(std::fabs(p)) * e);
+    const double r = maths::exp(maths::log(std::fabs(p)) * e);
     if (p > 0) {
         p = r;
         return simple(r);

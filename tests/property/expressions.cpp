@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
+#include "base/maths.hpp"
 
 namespace {
 
@@ -27,7 +28,7 @@ std::string figures(int n) { return std::to_string(n); }
 
 double par_logarithme(double base, int exposant) {
     if (base == 0) return 0;
-    const double p = std::exp(std::log(std::fabs(base)) * exposant);
+    const double p = maths::exp(maths::log(std::fabs(base)) * exposant);
     return base < 0 && exposant % 2 != 0 ? -p : p;
 }
 
@@ -130,7 +131,7 @@ Formule Expressions::fonction_d_un_argument() {
         return {"SQR(" + x.texte + ")", true, x.valeur * x.valeur, 0};
     if (choix == 2 && x.valeur >= 0) return {"SQRT(" + x.texte + ")", true, std::sqrt(x.valeur), 0};
     if (choix == 3 && std::fabs(x.valeur) < 20)
-        return {"EXP(" + x.texte + ")", true, std::exp(x.valeur), 0};
+        return {"EXP(" + x.texte + ")", true, maths::exp(x.valeur), 0};
     return {"ABS(" + x.texte + ")", true, std::fabs(x.valeur), 0};
 }
 

@@ -105,9 +105,8 @@ bool laisse_des_traces(const std::string& texte) {
     return au_milieu(majuscule, "INC") || au_milieu(majuscule, "AIR");
 }
 
-Defaut verifie_soupe(Tirage& t, const std::string& texte) {
-    const Reglage reglage = tire_reglage(t);
-    const auto curseur = static_cast<std::size_t>(t.entre(0, static_cast<int>(texte.size())));
+Defaut verifie_soupe(const Soupe& soupe) {
+    const auto& [reglage, texte, curseur] = soupe;
     const Vue une = calcule_neuf(reglage, texte, curseur);
     Defaut d = verifie_curseur(une);
     if (d.empty()) d = verifie_message(texte, une, "");
@@ -127,15 +126,23 @@ Defaut verifie_soupe(Tirage& t, const std::string& texte) {
 
 }  // namespace
 
+Soupe tire_soupe(std::uint64_t graine) {
+    Tirage t(graine + 2'000'000);
+    Soupe soupe;
+    soupe.texte = tire_texte(t);
+    soupe.reglage = tire_reglage(t);
+    soupe.curseur = static_cast<std::size_t>(t.entre(0, static_cast<int>(soupe.texte.size())));
+    return soupe;
+}
+
 int essaie_soupes(int nombre) {
     int fautes = 0;
     for (int i = 1; i <= nombre && fautes < 3; ++i) {
-        Tirage t(static_cast<std::uint64_t>(i) + 2'000'000);
-        const std::string texte = tire_texte(t);
-        const Defaut defaut = verifie_soupe(t, texte);
+        const Soupe soupe = tire_soupe(static_cast<std::uint64_t>(i));
+        const Defaut defaut = verifie_soupe(soupe);
         if (defaut.empty()) continue;
         std::cout << "FAILED words, seed " << i << ": " << vers_utf8(defaut) << "\n--- sheet\n"
-                  << vers_utf8(texte) << "\n---\n";
+                  << vers_utf8(soupe.texte) << "\n---\n";
         ++fautes;
     }
     return fautes;

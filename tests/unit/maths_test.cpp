@@ -26,7 +26,7 @@ struct Valeur {
     const char* nom;
     Fonction fonction;
     double x;
-    double arrondie;   // correctly rounded, computed with 53 of many digits by MPFR
+    double arrondie;   // correctly rounded, by MPFR
 };
 
 // Plain values, very small and very large ones, subnormal ones, and those close to a zero or a pole.

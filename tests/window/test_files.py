@@ -5,7 +5,8 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (Failed, children, expect, role, run, same, showing, text_of, wait, walk)
+from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
+                   wait_same, walk)
 
 BINARY, PLACE = sys.argv[1:3]
 
@@ -18,49 +19,30 @@ def read(path):
     return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
 
 
-def chooser(p):
-    """The file dialog that is open and has the focus, or None."""
-    d = p.dialog()
-    return d if d is not None and role(d) == "file chooser" and p.focused(d) is not None else None
-
-
-def name_line(p):
+def name_line(p, dialog):
     """The line for a name that has the focus in the file dialog, or None."""
-    d = chooser(p)
-    f = p.focused(d) if d is not None else None
+    f = p.focused(dialog)
     return f if f is not None and role(f) == "text" else None
+
+
+def accepts(dialog):
+    """The dialog has read the folder: until then it lets an Enter go by."""
+    return any(n.get_name() in ("Open", "Save") and has(n, Atspi.StateType.SENSITIVE)
+               for n in walk(dialog) if role(n) == "push button")
 
 
 def name_file(p, path):
     """Gives a path to the file dialog that is open or about to open."""
-    dialog = wait(lambda: chooser(p), "the file dialog")
-    if dialog.get_name() == "Ouvrir" and name_line(p) is None:
+    dialog = p.wait_dialog("file chooser")
+    if dialog.get_name() == "Ouvrir" and name_line(p, dialog) is None:
         p.type("/")                      # brings the line for a name
-    wait(lambda: name_line(p), "the line for the name")
+    wait(lambda: name_line(p, dialog), "the line for the name")
     p.key("Ctrl+A")
     p.type(str(path))
-    wait(lambda: (line := name_line(p)) and text_of(line) == str(path), "the name in its line")
-    # While it looks for names that begin so, the dialog lets an Enter go by.
-    for _ in range(5):
-        p.key("Entrée")
-        try:
-            return wait(lambda: not showing(dialog), "the end of the dialog", 1.0)
-        except Failed:
-            pass
-    raise Failed("the file dialog does not close")
-
-
-def words_of(dialog):
-    return [text_of(n) for n in walk(dialog) if role(n) == "label" and text_of(n)]
-
-
-def box(p, words):
-    """The box that says these words."""
-    return wait(lambda: (d := p.dialog()) and words in words_of(d) and d, f"a box that says {words!r}")
-
-
-def buttons(dialog):
-    return [n.get_name() for n in walk(dialog) if role(n) == "push button"]
+    wait_same(lambda: text_of(name_line(p, dialog)), str(path), "the name in its line")
+    wait(lambda: accepts(dialog), "the button that accepts the name")
+    p.key("Entrée")
+    wait(lambda: gone(dialog), "the end of the file dialog")
 
 
 def save_as(p):
@@ -84,10 +66,10 @@ def replaces_only_when_told(p):
     p.type("A=3")
     p.key("Ctrl+Maj+S")
     name_file(p, p.folder / "ancien.VXT")
-    d = box(p, "ancien.VXT existe déjà, le remplacer ?")
-    same(sorted(buttons(d)), ["Non", "Oui"], "buttons")
+    d = p.wait_box("ancien.VXT existe déjà, le remplacer ?")
+    same(sorted(buttons_of(d)), ["Non", "Oui"], "buttons")
     p.key("Alt+N")
-    wait(lambda: chooser(p), "the dialog again")
+    p.wait_dialog("file chooser")
     p.key("Échap")
     p.wait_no_dialog()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
@@ -101,9 +83,7 @@ def open_and_recent(p):
     p.type("Z=1")                        # an empty sheet would give way
     p.key("Ctrl+O")
     name_file(p, p.folder / "absent.VXT")
-    box(p, "absent.VXT : ce fichier n'existe pas")
-    p.key("Entrée")
-    wait(lambda: p.dialog() is None or role(p.dialog()) != "alert", "the end of the box")
+    p.close_box("absent.VXT : ce fichier n'existe pas")
     name_file(p, p.folder / "un.VXT")
     p.wait_sheet("A=1\né=2")
     p.wait_no_dialog()
@@ -113,7 +93,7 @@ def open_and_recent(p):
     p.wait_sheet("Z=1")
     p.key("F6")
     p.wait_sheet("A=1\né=2")
-    items = [n.get_name() for n in children(p.find("menu", "Fichier"))]
+    items = [n.get_name() for n in children(p.menu_named("Fichier"))]
     same(items[1], f"2 {p.folder}/un.VXT", "second item of the File menu")
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
@@ -132,16 +112,16 @@ def quit_asks(p):
     p.start()
     p.type("A=3")
     p.key("Alt+Q")
-    d = box(p, "enregistrer sur SANSTITRE.VXT ?")
+    d = p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     same(d.get_name(), "VOXTAB", "title of the box")
-    same(sorted(buttons(d)), ["Annuler", "Non", "Oui"], "buttons")
+    same(sorted(buttons_of(d)), ["Annuler", "Non", "Oui"], "buttons")
     p.key("Échap")
     p.wait_no_dialog()
     same(p.sheet(), "A=3", "sheet")
     p.key("F5")
     wait(lambda: p.panel(1) == "Entier Degré", "panel 1")
     p.key("Alt+Q")
-    box(p, "enregistrer sur SANSTITRE.VXT ?")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     p.key("Alt+N")
     same(p.wait_end(), 0, "exit status")
     same((p.folder / "VOXTAB.INI").stat().st_size, 22 * 267, "size of the settings file")
@@ -155,7 +135,7 @@ def quit_saves(p):
     write(p.folder / "x.VXT", "")
     p.type("A=3")
     p.key("Alt+Q")
-    box(p, "enregistrer sur SANSTITRE.VXT ?")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     p.key("Alt+O")
     name_file(p, p.folder / "neuf.VXT")
     same(p.wait_end(), 0, "exit status")

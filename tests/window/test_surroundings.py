@@ -3,9 +3,8 @@ import os
 import shutil
 import subprocess
 import sys
-import time
 
-from pilot import (LIMIT, PAUSE, Atspi, expect, run, same, wait, wait_same, words_of)
+from pilot import Atspi, expect, run, same, wait, wait_same
 
 BINARY, PLACE = sys.argv[1:3]
 
@@ -18,13 +17,14 @@ def mounted(folder, options):
 
 def fill(folder):
     """Leaves no room for another byte on the disk of a folder."""
-    with open(folder / "bouchon", "wb") as plug:
-        try:
-            while True:
-                plug.write(b"x" * 1024)
-                plug.flush()
-        except OSError:
+    plug = os.open(folder / "bouchon", os.O_WRONLY | os.O_CREAT)
+    try:
+        while os.write(plug, b"x" * 1024):
             pass
+    except OSError:
+        pass
+    finally:
+        os.close(plug)
     return folder / "bouchon"
 
 
@@ -82,58 +82,105 @@ def read_only_program_folder(p):
     wait_same(lambda: p.panel(1), "Entier Degré", "panel 1 at the next start")
 
 
-def explore(p):
+def full_disk(p):
+    """A save that finds no room is told; file and text stay, and the save goes when there is room."""
     disk = mounted(p.folder / "disque", "size=64k")
     sheet = disk / "essai.VXT"
     sheet.write_bytes(b"A=1\r\n")
     p.start(sheet)
-    fill(disk)
+    plug = fill(disk)
     p.type("B=2¶")
     p.key("Ctrl+S")
-    for _ in range(5):
-        time.sleep(1.5)
-        d = p.dialog()
-        print("full:", d and words_of(d), repr(p.message()))
-        if d: p.key("Entrée")
-    print(sheet.read_bytes(), os.listdir(disk), p.sheet())
-    (disk / "bouchon").unlink()
-    p.key("Ctrl+S"); time.sleep(1)
-    d = p.dialog()
-    print("free:", d and words_of(d), repr(p.message()), sheet.read_bytes(), os.listdir(disk))
+    p.close_box("61 61")
+    p.wait_text()
+    same((sheet.read_bytes(), p.sheet()), (b"A=1\r\n", "B=2\nA=1"), "file and text")
+    same(sorted(f.name for f in disk.iterdir()), ["bouchon", "essai.VXT"], "files of the full disk")
+    plug.unlink()
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same(sheet.read_bytes(), b"B=2\r\nA=1\r\n", "file")
+    same((disk / "essai.bak").read_bytes(), b"A=1\r\n", "backup")
 
 
-def explore2(p):
-    (p.folder / "dossier.VXT").mkdir()
-    p.launch(p.folder / "dossier.VXT")
-    for _ in range(5):
-        time.sleep(1)
-        d = p.dialog()
-        print("folder:", d and words_of(d), p.window() and repr(p.message()), p.window() and p.title())
-        if d: p.key("Entrée")
+def full_disk_of_the_program(p):
+    """No room for a working copy: it is told, and the sheet stays where it is."""
+    folder = mounted(p.folder / "plein", "size=64m")
+    shutil.copy(p.binary, folder / "voxtab")
+    shutil.copytree(p.folder / "data", folder / "data")
+    p.binary = folder / "voxtab"
+    p.start()
+    p.type("A=3")
+    plug = fill(folder)
+    p.key("Alt+F1")                    # would put the sheet aside and show the list of functions
+    p.close_box("61 61")
+    p.wait_text()
+    same((p.sheet(), p.title()), ("A=3", "VOXTAB SANSTITRE.VXT"), "text and title")
+    p.key("Échap")
+    p.wait_sheet("A=3")
+    plug.unlink()
+    p.key("Alt+F1")
+    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    p.key("Échap")
+    p.wait_sheet("A=3")
 
 
-def explore3(p):
-    sheet=p.folder / "x.VXT"
+def a_folder_with_the_name_of_the_sheet(p):
+    """A folder stands where the sheet was: it is told, and nothing is lost."""
+    sheet = p.folder / "essai.VXT"
     sheet.write_bytes(b"A=1\r\n")
     p.start(sheet)
-    sheet.unlink(); sheet.mkdir()
-    p.type("Z=1¶")
+    sheet.unlink()
+    sheet.mkdir()
+    p.type("B=2¶")
     p.key("Ctrl+S")
-    for _ in range(5):
-        time.sleep(1)
-        d = p.dialog()
-        print("folder:", d and words_of(d), repr(p.message()), p.title())
-        if d: p.key("Entrée")
-    print(os.listdir(p.folder), os.listdir(sheet))
+    p.close_box("75 75")
+    p.wait_text()
+    same((p.sheet(), p.title(), list(sheet.iterdir())), ("B=2\nA=1", f"VOXTAB {sheet}", []),
+         "text, title and folder")
+    sheet.rmdir()
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same(sheet.read_bytes(), b"B=2\r\nA=1\r\n", "file")
 
-def big(p):
+
+def a_folder_on_the_command_line(p):
+    """It is no sheet: the program begins with an empty one."""
+    (p.folder / "dossier.VXT").mkdir()
+    p.start(p.folder / "dossier.VXT")
+    same((p.title(), p.sheet(), p.dialog()), ("VOXTAB SANSTITRE.VXT", "", None), "title, sheet and box")
+
+
+def missing_printer(p):
+    """It is told in words, once."""
+    p.start()
+    p.type("A=3")
+    p.key("Ctrl+P")
+    p.close_box("l'impression n'a pas pu se faire : y a-t-il une imprimante ?")
+    p.wait_text()
+    same(p.dialog(), None, "a second box")
+    p.menu("F", "Choix de l'imprimante")
+    wait_same(lambda: (d := p.wait_dialog()).get_name(), "Choix de l'imprimante", "the printer dialog")
+    p.key("Échap")
+    p.wait_text()
+    same(p.sheet(), "A=3", "sheet")
+
+
+def forty_megabytes(p):
+    """A sheet of 40 MB opens, is calculated and saved, not a byte of it lost."""
     sheet = p.folder / "grand.VXT"
-    line = b"! " + b"x" * 1276 + b"\r\n"
-    sheet.write_bytes(line * 32000 + b"A=3\r\n")
-    t=time.monotonic()
-    p.start(sheet); print("open", time.monotonic()-t); t=time.monotonic()
-    print(p.title(), Atspi.Text.get_character_count(p.text())); p.key("Ctrl+Fin"); print("end", time.monotonic()-t); t=time.monotonic()
-    p.key("Alt+C");print("calc", time.monotonic()-t, repr(p.message()[:20]), p.dialog() and words_of(p.dialog())); t=time.monotonic()
-    p.key("Ctrl+S");print("save", time.monotonic()-t, sheet.stat().st_size, p.message()[:20]); t=time.monotonic()
+    before = (b"! " + b"x" * 1276 + b"\r\n") * 32000 + b"A=3\r\n"
+    sheet.write_bytes(before)
+    p.start(sheet)
+    same(Atspi.Text.get_character_count(p.text()), len(before) - 2 - 32000, "characters in the text")
+    p.key("Ctrl+Fin")
+    p.key("Alt+C")
+    p.wait_message("A=3 = 3")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    expect(sheet.read_bytes() == before[:-2] + b" = 3\r\n", "the file isn't what it should be")
+    expect((p.folder / "grand.bak").read_bytes() == before, "the backup isn't what it should be")
 
-run([no_display,no_accessibility_bus,read_only_program_folder,explore,explore2,explore3,big], BINARY, PLACE)
+
+run([no_display, no_accessibility_bus, read_only_program_folder, full_disk, full_disk_of_the_program,
+     a_folder_with_the_name_of_the_sheet, a_folder_on_the_command_line, missing_printer,
+     forty_megabytes], BINARY, PLACE)

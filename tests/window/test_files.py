@@ -100,6 +100,58 @@ def open_and_recent(p):
     same(p.panel(2), "feuille 1", "panel 2")
 
 
+def recent_by_menu(p):
+    """A sheet of the last run stands in the File menu and opens from there."""
+    write(p.folder / "un.VXT", "A=1")
+    write(p.folder / "deux.VXT", "B=2")
+    p.start(p.folder / "un.VXT")
+    p.wait_sheet("A=1")
+    p.key("Alt+Q")
+    same(p.wait_end(), 0, "exit status")
+    p.start(p.folder / "deux.VXT")
+    p.wait_sheet("B=2")
+    items = [n.get_name() for n in children(p.menu_named("Fichier"))]
+    caption = next((i for i in items if i.endswith("un.VXT")), None)
+    expect(caption is not None, f"un.VXT isn't in the File menu: {items}")
+    p.menu("F", caption)
+    p.wait_sheet("A=1")
+    p.wait_text()
+    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
+
+
+def quit_saves_a_known_sheet(p):
+    """Yes writes a sheet that has a file into it, without another question."""
+    write(p.folder / "un.VXT", "A=1")
+    p.start(p.folder / "un.VXT")
+    p.type("B=2¶")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur un.VXT ?")
+    p.key("Alt+O")
+    same(p.wait_end(), 0, "exit status")
+    same((read(p.folder / "un.VXT"), read(p.folder / "un.bak")), ("B=2\nA=1\n", "A=1"),
+         "file and backup")
+
+
+def close_asks(p):
+    """Closing a changed sheet asks too; Cancel keeps it, No throws the change away."""
+    write(p.folder / "un.VXT", "A=1")
+    p.start(p.folder / "un.VXT")
+    p.type("B=2¶")
+    p.key("Ctrl+F4")
+    box = p.wait_box("enregistrer sur un.VXT ?")
+    same(sorted(buttons_of(box)), ["Annuler", "Non", "Oui"], "buttons")
+    p.key("Échap")
+    p.wait_text()
+    same(p.sheet(), "B=2\nA=1", "sheet")
+    p.key("Ctrl+F4")
+    p.wait_box("enregistrer sur un.VXT ?")
+    p.key("Alt+N")
+    p.wait_text()
+    p.wait_sheet("")
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    same(read(p.folder / "un.VXT"), "A=1", "file")
+
+
 def command_line(p):
     write(p.folder / "donnée.VXT", "A=5")
     p.start("donnée.VXT")
@@ -171,5 +223,6 @@ def installed_for_everybody(p):
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, command_line, quit_asks, quit_saves,
+run([save_as, replaces_only_when_told, open_and_recent, recent_by_menu, command_line, quit_asks, quit_saves,
+     quit_saves_a_known_sheet, close_asks,
      close_box, installed_for_everybody], BINARY, PLACE)

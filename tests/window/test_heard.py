@@ -14,6 +14,7 @@ BINARY, PLACE, LIST_MENUS = sys.argv[1:4]
 KEY_NAMES = ("left alt", "left control", "left shift", "right alt", "return", "escape", "tab", "space",
              "delete", "backspace", "up", "down", "left", "right", "page up", "page down", "home", "end")
 failures = []
+last_said = []
 record = []
 commands = 0
 
@@ -28,56 +29,65 @@ def is_key(words):
     return words in KEY_NAMES or len(words) == 1 or words in [f"F{n}" for n in range(1, 13)]
 
 
-def note(key, heard):
+def said_of(heard):
+    """What was spoken but for the names of keys."""
+    return [words.strip() for words in heard.speech if words.strip() and not is_key(words)]
+
+
+def begin(reader):
+    """Before a key: nothing of what the last one made the reader say may come again."""
+    late = [words for words in said_of(reader.heard()) if words in last_said]
+    check(not late, f"heard once more, later: {late}")
+
+
+def note(p, reader, key, heard):
     """Writes down what a key made the reader say; nothing but names of keys may come twice."""
     global commands
     commands += 1
-    said = [words for words in heard.speech if not is_key(words)]
+    p.answered()
+    said = said_of(heard) + said_of(reader.heard())
     line = f"{key}: {said} | {heard.braille[-1:]}"
     record.append(line)
     print(line, flush=True)
-    plain = [words.strip().rstrip(".") for words in said if words.strip()]
-    check(len(plain) == len(set(plain)), f"{key}: something is heard twice in {heard.speech}")
+    last_said[:] = said
+    plain = [words.rstrip(".") for words in said]
+    check(len(plain) == len(set(plain)), f"{key}: something is heard twice in {said}")
+    return plain
 
 
 def hear(p, reader, key, *words):
     """Presses a key; the words are spoken, in this order and nothing else, and shown in braille."""
-    reader.heard()
+    begin(reader)
     p.key(key)
-    p.answered()
-    heard = reader.heard()
-    said = [spoken for spoken in heard.speech if not is_key(spoken)]
-    check([w.strip().rstrip(".") for w in said] == [w.strip() for w in words],
-          f"{key}: expected {list(words)}, heard {heard.speech}")
+    heard = reader.wait_for(lambda h: all(h.count(w) for w in words), f"{key}: {words}")
     for w in words:
         check(any(w in line for line in heard.braille), f"{key}: {w!r} isn't in braille {heard.braille}")
-    note(key, heard)
+    said = note(p, reader, key, heard)
+    check(said == [w.strip() for w in words], f"{key}: expected {list(words)}, heard {said}")
     return heard
 
 
 def hear_back(p, reader, key, line, *words):
     """Presses a key that leads back to the text: its line is read once, and so are the words."""
-    reader.heard()
+    begin(reader)
     p.key(key)
     p.wait_text()
-    heard = reader.wait_for(lambda h: h.count("Feuille text"), "the text")
-    for w in (line, *words):
-        check(heard.count(w) == 1, f"{key}: {w!r} is heard {heard.count(w)} times in {heard.speech}")
+    wanted = ("Feuille text", line, *words)
+    heard = reader.wait_for(lambda h: all(h.count(w) for w in wanted), f"{key}: {wanted}")
+    check(any(line in b for b in heard.braille), f"{key}: {line!r} isn't in braille {heard.braille}")
+    said = note(p, reader, key, heard)
+    for w in wanted:
+        check(said.count(w) == 1, f"{key}: {w!r} is heard {said.count(w)} times in {said}")
 
-    note(key, heard)
-    return heard
 
-
-def hear_box(p, reader, key, *words):
-    """Presses a key that opens a box: its words are read once."""
-    reader.heard()
+def hear_box(p, reader, key, words):
+    """Presses a key that opens a box or a view: its words are read once."""
+    begin(reader)
     p.key(key)
-    p.wait_dialog()
-    heard = reader.wait_for(lambda h: all(any(w in said for said in h.speech) for w in words), f"{words}")
-    for w in words:
-        times = sum(w in said for said in heard.speech)
-        check(times == 1, f"{key}: {w!r} is heard {times} times in {heard.speech}")
-    note(key, heard)
+    heard = reader.wait_for(lambda h: any(words in said for said in h.speech), f"{key}: {words}")
+    said = note(p, reader, key, heard)
+    times = sum(words in one for one in said)
+    check(times == 1, f"{key}: {words!r} is heard {times} times in {said}")
 
 
 def calculation(p, reader):
@@ -103,32 +113,29 @@ def calculation(p, reader):
 def dialogs(p, reader):
     """A box is read; back in the text its line is read once, and a message once."""
     hear_box(p, reader, "Ctrl+F5", "Nombre de décimal text")
+    p.wait_dialog()
     hear_back(p, reader, "Échap", "C=B+1 = 7")
     hear_box(p, reader, "F3", "Recherche text")
+    p.wait_dialog()
     p.type("ZZ")
     hear_back(p, reader, "Entrée", "C=B+1 = 7", "introuvable")
     p.type("X")
+    p.wait_sheet("A=3 = 3\nB=A*2 = 6\nC=B+1 = 7X")
     hear_box(p, reader, "Alt+Q", "enregistrer sur SANSTITRE.VXT ?")
+    p.wait_dialog()
     hear_back(p, reader, "Échap", "C=B+1 = 7X")
     p.key("Arrière")
+    p.wait_sheet("A=3 = 3\nB=A*2 = 6\nC=B+1 = 7")
 
 
 def views(p, reader):
-    hear_box_or_view(p, reader, "F8", "degré")
+    hear_box(p, reader, "F8", "degré")
     hear_back(p, reader, "Échap", "C=B+1 = 7")
-    hear(p, reader, "Alt+F1", p_first_function(p))
+    hear(p, reader, "Alt+F1", first_function(p))
     hear(p, reader, "Échap", "C=B+1 = 7")
 
 
-def hear_box_or_view(p, reader, key, words):
-    reader.heard()
-    p.key(key)
-    heard = reader.wait_for(lambda h: h.count(words), words)
-    check(heard.count(words) == 1, f"{key}: {heard.speech}")
-    note(key, heard)
-
-
-def p_first_function(p):
+def first_function(p):
     """The first line of the list of functions that lies beside the program."""
     return (p.folder / "data" / "fonction.txt").read_text(encoding="utf-8").splitlines()[0].strip()
 

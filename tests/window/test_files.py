@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
+from pilot import (FUNCTIONS, Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
                    wait_same, walk)
 
 BINARY, PLACE = sys.argv[1:3]
@@ -211,7 +211,7 @@ def installed_for_everybody(p):
     p.binary = system / "bin" / "voxtab"
     p.start()
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    p.wait_sheet(FUNCTIONS)
     p.key("Échap")
     p.wait_sheet("")
     p.key("Alt+F4")

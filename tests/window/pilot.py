@@ -29,10 +29,6 @@ HARMLESS = ("dconf-WARNING", "atk-bridge", "AT-SPI", "GVFS", "Unable to load", "
             "'GTK_IS_TREE_VIEW (tree_view)' failed", "'GTK_IS_TREE_SELECTION (selection)' failed")
 BOXES = ("dialog", "alert", "file chooser", "font chooser", "color chooser")
 
-DATA = pathlib.Path(__file__).resolve().parent.parent.parent / "data"
-FUNCTIONS = (DATA / "fonction.txt").read_text(encoding="utf-8").removesuffix("\n")
-GUIDE = (DATA / "aide.txt").read_text(encoding="utf-8").removesuffix("\n")
-
 Atspi.set_timeout(int(LIMIT * 1000), int(LIMIT * 1000))
 
 

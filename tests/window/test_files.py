@@ -5,8 +5,9 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (FUNCTIONS, Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
+from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
                    wait_same, walk)
+from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
 

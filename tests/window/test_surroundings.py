@@ -4,7 +4,8 @@ import shutil
 import subprocess
 import sys
 
-from pilot import FUNCTIONS, Atspi, expect, run, same, wait, wait_same
+from pilot import Atspi, expect, run, same, wait, wait_same
+from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
 

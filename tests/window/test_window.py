@@ -3,7 +3,8 @@ import re
 import subprocess
 import sys
 
-from pilot import (FUNCTIONS, GUIDE, Atspi, children, expect, has, role, run, same, showing, wait, wait_same, walk)
+from pilot import (Atspi, children, expect, has, role, run, same, showing, wait, wait_same, walk)
+from texts import FUNCTIONS, GUIDE
 
 BINARY, PLACE, LIST_MENUS = sys.argv[1:4]
 

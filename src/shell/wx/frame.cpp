@@ -92,6 +92,7 @@ void Cadre::cree_controles() {
     message_ = new wxStaticText(ligne_message_, ids::kLblMessage, "", wxDefaultPosition,
                                 wxDefaultSize, wxST_NO_AUTORESIZE);
     ajoute(f.LblMessage, message_);
+    prepare_ligne(*message_);
     nomme(*ligne_message_, "Message");
     nomme(*txt_, "Feuille");
     nomme(*liste_, "Couleurs");
@@ -164,6 +165,10 @@ void Cadre::refuse_caractere(char32_t caractere) {
 
 // A key before anything else takes it: a menu's shortcut runs its item, whatever has the focus.
 void Cadre::touche_avant(wxKeyEvent& e) {
+    if (menu_ouvert()) {
+        e.Skip();
+        return;
+    }
     const FrappeTouche frappe = frappe_de(e);
     enfoncees_.insert(frappe.touche);
     if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {

@@ -5,7 +5,6 @@
 
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
-#include <wx/utils.h>
 
 #include <algorithm>
 #include <array>
@@ -14,7 +13,9 @@
 
 #include "base/codepage.hpp"
 #include "platform/files.hpp"
+#include "platform/system_path.hpp"
 #include "shell/wx/positions.hpp"
+#include "shell/wx/surroundings.hpp"
 
 namespace {
 
@@ -23,7 +24,7 @@ namespace fs = std::filesystem;
 constexpr std::array kTextes = {"aide.txt", "fonction.txt"};
 
 fs::path dossier_executable() {
-    return fs::path(wxStandardPaths::Get().GetExecutablePath().utf8_string()).parent_path();
+    return chemin_du_systeme(wxStandardPaths::Get().GetExecutablePath().utf8_string()).parent_path();
 }
 
 // Where the texts come from, in the order in which they are looked for.
@@ -37,17 +38,10 @@ bool est_dossier(const fs::path& chemin) {
     return fs::is_directory(chemin, erreur);
 }
 
-// The folder of the user's data: $XDG_DATA_HOME/voxtab, or ~/.local/share/voxtab.
-fs::path dossier_utilisateur() {
-    wxString base;
-    if (!wxGetEnv("XDG_DATA_HOME", &base) || base.empty())
-        base = wxGetHomeDir() + "/.local/share";
-    return fs::path(base.utf8_string()) / "voxtab";
-}
-
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(sources()[1]) && wxFileName::IsDirWritable(wxString::FromUTF8(dossier.string()));
+    return !est_dossier(sources()[1]) && 
+           wxFileName::IsDirWritable(wxString::FromUTF8(chemin_en_utf8(dossier)));
 }
 
 // Puts the text in the folder when it isn't there.
@@ -56,8 +50,8 @@ void seme(const fs::path& dossier, const char* nom) {
     if (fs::exists(dossier / nom, erreur)) return;
     for (const fs::path& source : sources()) {
         std::string utf8;
-        if (lit_fichier((source / nom).string(), utf8) != 0) continue;
-        if (remplace_fichier((dossier / nom).string(), texte_de_la_feuille(utf8)) == 0) return;
+        if (lit_fichier(chemin_en_utf8(source / nom), utf8) != 0) continue;
+        if (remplace_fichier(chemin_en_utf8(dossier / nom), texte_de_la_feuille(utf8)) == 0) return;
     }
 }
 
@@ -66,10 +60,10 @@ void seme(const fs::path& dossier, const char* nom) {
 std::string prepare_dossier_programme() {
     fs::path dossier = dossier_executable();
     if (!peut_garder_chez_lui(dossier)) {
-        dossier = dossier_utilisateur();
+        dossier = chemin_du_systeme(dossier_de_l_utilisateur());
         std::error_code erreur;
         fs::create_directories(dossier, erreur);
     }
     for (const char* nom : kTextes) seme(dossier, nom);
-    return dossier.string();
+    return chemin_en_utf8(dossier);
 }

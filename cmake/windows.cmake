@@ -2,6 +2,7 @@
 # the deepest formula, and the libraries of headers without the rest of the build machine's headers.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
 add_link_options(-static -Wl,--stack,536870912)   # platform/stack.hpp: kPileVoulue
+add_link_options($<$<CONFIG:Release>:-s>)
 
 set(headers ${CMAKE_BINARY_DIR}/headers)
 foreach(library nlohmann CLI doctest)
@@ -19,3 +20,6 @@ endfunction()
 library_of_headers(nlohmann_json::nlohmann_json nlohmann)
 library_of_headers(CLI11::CLI11 CLI)
 library_of_headers(doctest::doctest doctest)
+
+# The tests run where they are built, under Wine.
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)

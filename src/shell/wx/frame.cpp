@@ -12,6 +12,7 @@
 #include "shell/wx/appearance.hpp"
 #include "shell/wx/ids.hpp"
 #include "shell/wx/keys.hpp"
+#include "shell/wx/look.hpp"
 #include "shell/wx/text_view.hpp"
 #include "shell/wx/typed_text.hpp"
 
@@ -51,6 +52,7 @@ const Controle* bouton_de(const FrappeTouche& f) {
 }  // namespace
 
 Cadre::Cadre() : wxFrame(nullptr, wxID_ANY, vers_wx(fenetre.titre)) {
+    habille(*this);
     SetMinSize(wxSize(kLargeurMini, kHauteurMini));
     SetMenuBar(menus_.barre());
     cree_controles();
@@ -171,6 +173,7 @@ void Cadre::touche_avant(wxKeyEvent& e) {
     }
     const FrappeTouche frappe = frappe_de(e);
     enfoncees_.insert(frappe.touche);
+    alt_pris_ = frappe.alt && frappe.touche != kToucheAlt;
     if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
         evenement_menu(item);
         return;
@@ -185,15 +188,18 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         evenement_caractere(nom, frappe.touche);
         return;
     }
-    if (nom != "txt" || !touche_reservee(frappe)) e.Skip();
+    if (nom == "txt" && touche_reservee(frappe)) return;
+    alt_pris_ = false;
+    e.Skip();
 }
 
-// The release of a combination whose press went to a box or a dialog is not the window's.
+// The release of a combination whose press went to a box or a dialog is not the window's. Alt that
+// served a combination must not open the menus when it comes up first.
 void Cadre::touche_relachee(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     const bool a_nous = enfoncees_.erase(frappe.touche) != 0;
     if (a_nous || (!frappe.alt && !frappe.ctrl)) evenement_touche("txt", frappe);
-    e.Skip();
+    if (frappe.touche != kToucheAlt || !std::exchange(alt_pris_, false)) e.Skip();
 }
 
 void Cadre::choix_menu(wxCommandEvent& e) {

@@ -159,6 +159,10 @@ class Program:
             if line:
                 subprocess.run(["xdotool", "type", "--delay", "8", line], check=True)
 
+    def clip(self, text):
+        """Another program puts a text in the clipboard."""
+        same(self.probe.ask("clip", json.dumps(text)), True, "the clipboard")
+
     def choose(self, menu, steps):
         """Opens a menu by its letter and takes the item that many steps below the first."""
         self.key("Alt+" + menu)
@@ -199,10 +203,6 @@ class Program:
         heard = [self.listener.next(f"the message {words!r}") for words in expected]
         same([event["name"] for event in heard], list(expected), "heard")
         same({event["id"] for event in heard}, {MESSAGE}, "the control that speaks")
-
-    def hear_nothing_more(self, told):
-        """Nothing was told until now but what was heard: the next message is the next event."""
-        same([e["name"] for e in list(self.listener.lines.queue)], [], f"heard after {told}")
 
     def kill(self):
         if self.process is not None and self.process.poll() is None:

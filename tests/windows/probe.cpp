@@ -5,6 +5,7 @@
 #include <initguid.h>
 #include <oleacc.h>
 
+#include <cstring>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -156,6 +157,19 @@ json message_answer(int id, UINT message) {
     return static_cast<long>(result);
 }
 
+// Puts a text in the clipboard, as another program would.
+bool clip(const std::string& utf8) {
+    const std::wstring text = vers_utf16(utf8);
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    if (memory == nullptr || OpenClipboard(nullptr) == 0) return false;
+    std::memcpy(GlobalLock(memory), text.c_str(), bytes);
+    GlobalUnlock(memory);
+    EmptyClipboard();
+    const bool set = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    return CloseClipboard() != 0 && set;
+}
+
 const std::map<std::string, std::function<json(int)>> commands = {
     {"title", [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
     {"text", [](int id) { return json(text_of(control(id))); }},
@@ -185,6 +199,7 @@ int main(int argc, char** argv) {
         const auto command = commands.find(name);
         json answer = {{"error", "no such command"}};
         if (command != commands.end()) answer = command->second(id);
+        if (name == "clip") answer = clip(json::parse(line.substr(name.size())).get<std::string>());
         std::cout << answer.dump(-1, ' ', false, json::error_handler_t::replace) << std::endl;
     }
     return 0;

@@ -3,7 +3,6 @@
 // them.
 #include "shell/wx/program_folder.hpp"
 
-#include <wx/filename.h>
 #include <wx/stdpaths.h>
 
 #include <algorithm>
@@ -40,8 +39,7 @@ bool est_dossier(const fs::path& chemin) {
 
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(sources()[1]) && 
-           wxFileName::IsDirWritable(wxString::FromUTF8(chemin_en_utf8(dossier)));
+    return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / "VOXTAB.INI")) == 0;
 }
 
 // Puts the text in the folder when it isn't there.

@@ -18,7 +18,7 @@ TXT, LIST, MESSAGE = 1010, 1011, 1012
 DEGREE, RADIAN, GRADE, ANGLE, CALCULATOR, REPLACE, QUIT = 1003, 1004, 1005, 1006, 1007, 1008, 1009
 READ_ONLY, SELECTED = 0x0800, 1     # ES_READONLY, BST_CHECKED
 
-KEYS = {"Ctrl": "Control_L", "Maj": "Shift_L", "Alt": "Alt_L", "AltGr": "ISO_Level3_Shift",
+KEYS = {"Ctrl": "Control_L", "Maj": "Shift_L", "Alt": "Alt_L", "AltGr": "108",   # the key itself, whatever it is called
         "Entrée": "Return", "Échap": "Escape", "Gauche": "Left", "Droite": "Right", "Haut": "Up",
         "Bas": "Down", "Début": "Home", "Fin": "End", "Suppr": "Delete", "Arrière": "BackSpace",
         "Espace": "space"}

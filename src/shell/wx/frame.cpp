@@ -120,6 +120,8 @@ void Cadre::relie_evenements() {
     Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& e) {
         const std::string_view nom = nom_de(e.GetWindow());
         if (!au_travail_ && !nom.empty()) fenetre.focus = nom;
+        // An option that an arrow key leads to is the chosen one.
+        if (!au_travail_ && est_option(nom)) evenement_clic(nom);
         e.Skip();
     });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& e) {
@@ -179,12 +181,15 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         return;
     }
     if (const Controle* bouton = bouton_de(frappe)) {
+        enfoncees_.erase(kToucheAlt);   // it has served, and its release is no key of its own
         evenement_clic(bouton->nom);
         return;
     }
     const std::string_view nom = nom_de(FindFocus());
-    const bool valide = frappe.touche == kToucheEchap || frappe.touche == kToucheEntree;
-    if (valide && (nom == "Liste" || est_option(nom))) {
+    const bool echap = frappe.touche == kToucheEchap;
+    const bool valide = echap || frappe.touche == kToucheEntree;
+    // A window that takes Escape for a dialog's would keep it from the text.
+    if ((echap && nom == "txt") || (valide && (nom == "Liste" || est_option(nom)))) {
         evenement_caractere(nom, frappe.touche);
         return;
     }
@@ -198,7 +203,8 @@ void Cadre::touche_avant(wxKeyEvent& e) {
 void Cadre::touche_relachee(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     const bool a_nous = enfoncees_.erase(frappe.touche) != 0;
-    if (a_nous || (!frappe.alt && !frappe.ctrl)) evenement_touche("txt", frappe);
+    const bool seule = !frappe.alt && !frappe.ctrl && frappe.touche != kToucheAlt;
+    if (a_nous || seule) evenement_touche("txt", frappe);
     if (frappe.touche != kToucheAlt || !std::exchange(alt_pris_, false)) e.Skip();
 }
 

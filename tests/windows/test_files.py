@@ -83,13 +83,13 @@ def open_and_recent(p):
     p.wait_sheet("Z=1")
     p.key("F6")
     p.wait_sheet("A=1\né=2")
-    p.choose("F", 0)                      # the first of the recent files
-    p.wait_sheet("Z=1")
-    p.key("F6")
-    p.wait_sheet("A=1\né=2")
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
     wait(lambda: p.panels()[1] == "feuille 1", "panel 2")
+    p.key("F7")                           # draws the menu again, with the closed file to be chosen
+    p.wait_message("Flottant")
+    p.choose("F", 1)
+    p.wait_sheet("A=1\né=2")
 
 
 def quit_asks(p):

@@ -22,10 +22,22 @@ std::string dossier_des_fichiers;         // Windows-1252, set once by installe_
 std::string commande;                     // ... the command line too
 wxStopWatch dernier_regard;               // time since the last look at the Escape key
 
-// A path that the code page can't write may have a short name that it can.
+// The path in the code page. A folder or file whose name can't be written there may have a short name
+// that can.
 std::string en_page(const std::string& utf8) {
     if (auto page = depuis_utf8(utf8)) return *page;
-    return depuis_utf8(wxFileName(wxString::FromUTF8(utf8)).GetShortPath().utf8_string()).value_or("");
+    const wxUniChar separateur = wxFileName::GetPathSeparator();
+    wxString reel;
+    std::string sortie;
+    for (const wxString& nom : wxSplit(wxString::FromUTF8(utf8), separateur, 0)) {
+        reel += (reel.empty() ? wxString() : wxString(separateur)) + nom;
+        auto page = depuis_utf8(nom.utf8_string());
+        if (!page)
+            page = depuis_utf8(wxFileName(reel).GetShortPath().AfterLast(separateur).utf8_string());
+        if (!page) return "";
+        sortie += (sortie.empty() ? "" : std::string(1, port.systeme.separateur)) + *page;
+    }
+    return sortie;
 }
 
 // Escape gives up a long sum.
@@ -38,6 +50,7 @@ bool interrompu() {
 }  // namespace
 
 void installe_systeme(const std::vector<std::string>& arguments) {
+    port.systeme.separateur = static_cast<char>(wxFileName::GetPathSeparator());
     commande = en_page(ligne_de_commande(arguments));
     dossier_des_fichiers = en_page(prepare_dossier_programme());
     port.systeme.graine = [] {
@@ -47,7 +60,6 @@ void installe_systeme(const std::vector<std::string>& arguments) {
     port.systeme.dossier_programme = [] { return dossier_des_fichiers; };
     port.systeme.dossier_courant = [] { return en_page(wxGetCwd().utf8_string()); };
     port.systeme.ligne_commande = [] { return commande; };
-    port.systeme.separateur = static_cast<char>(wxFileName::GetPathSeparator());
     port.systeme.interrompu = interrompu;
     port.systeme.limite_pile = limite_pile();
 }

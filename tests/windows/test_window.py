@@ -276,6 +276,21 @@ def large_sheet(p):
     same(p.selection()[0], sum(len(line) + 2 for line in seen) - 2, "cursor")
 
 
+def deep_formulas(p):
+    """Brackets nested as deep as a formula is long, and a function that calls itself without end."""
+    deep = "(" * 16382 + "1" + ")" * 16382
+    (p.folder / "profonde.VXT").write_bytes((deep + "\r\nDEFFON=FON(X-1)\r\nA=5").encode())
+    p.start("profonde.VXT")
+    wait(lambda: p.sheet().endswith("A=5"), "the sheet")
+    p.key("Alt+C")
+    p.wait_box("28 28sur fon")
+    p.key("Entrée")
+    p.wait_no_box()
+    wait(lambda: p.sheet().endswith("A=5 = 5"), "the result")
+    same(p.sheet().split("\n")[0][-8:], ")))) = 1", "the end of the deep formula")
+
+
 run([start, calculation, repeated_message, messages_together, alt_released_first, number_modes, decimals,
      angle_view, colour_view, functions_and_guide, key_help, search_and_replace,
-     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet], BUILD, PLACE)
+     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
+     deep_formulas], BUILD, PLACE)

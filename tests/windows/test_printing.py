@@ -11,11 +11,10 @@ BUILD, PLACE = sys.argv[1:3]
 
 def pages(printed):
     """The lines of each page, without blanks at their ends."""
-    done = subprocess.run(["gs", "-q", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=txtwrite",
-                           "-sOutputFile=%stdout%", str(printed)], capture_output=True, check=False)
-    text = done.stdout.decode("utf-8")
-    return [[line.strip() for line in page.split("\n") if line.strip()]
-            for page in text.split("\f")] if done.returncode == 0 else None
+    subprocess.run(["gs", "-q", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=txtwrite",
+                    f"-sOutputFile={printed.parent}/page-%03d.txt", str(printed)], check=True)
+    texts = [page.read_text(encoding="utf-8") for page in sorted(printed.parent.glob("page-*.txt"))]
+    return [[line.strip() for line in text.split("\n") if line.strip()] for text in texts]
 
 
 def print_sheet(p, *arguments, text=None):
@@ -24,7 +23,6 @@ def print_sheet(p, *arguments, text=None):
     p.start(f"--imprime-vers={printed.name}", *arguments, text=text)
     p.key("Ctrl+P")
     wait(lambda: printed.exists() and b"%%EOF" in printed.read_bytes()[-200:], "the printed file")
-    print(pages(printed))
     return pages(printed)
 
 

@@ -1,5 +1,6 @@
 // Arguments and streams on Windows: the arguments come in UTF-16, the streams must not change line
-// ends, and the terminal is told that they are UTF-8. Changes the terminal's code page until the end.
+// ends, and the terminal is told that they are UTF-8. Changes the terminal's code page until the
+// end.
 #include "platform/console.hpp"
 
 #include <fcntl.h>
@@ -30,13 +31,14 @@ struct LibereListe {
     void operator()(wchar_t** liste) const { LocalFree(liste); }
 };
 
-}  // namespace
+}   // namespace
 
 std::vector<std::string> prepare_console(int, char**) {
     for (std::FILE* flux : {stdin, stdout}) _setmode(_fileno(flux), _O_BINARY);
     prend_page();
     int nombre = 0;
-    const std::unique_ptr<wchar_t*, LibereListe> liste(CommandLineToArgvW(GetCommandLineW(), &nombre));
+    const std::unique_ptr<wchar_t*, LibereListe> liste(
+        CommandLineToArgvW(GetCommandLineW(), &nombre));
     std::vector<std::string> arguments;
     for (int i = 1; liste != nullptr && i < nombre; ++i)
         arguments.push_back(depuis_utf16(liste.get()[i]));

@@ -1,5 +1,5 @@
-// The order in which the files and folders of a folder are listed, the same on every system. Holds no
-// state.
+// The order in which the files and folders of a folder are listed, the same on every system. Holds
+// no state.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// Real files on Windows, read, replaced and listed through the calls that take any name of any length.
-// Changes no state of the core but the port's file slots.
+// Real files on Windows, read, replaced and listed through the calls that take any name of any
+// length. Changes no state of the core but the port's file slots.
 #include "platform/files.hpp"
 
 #include <windows.h>
@@ -22,7 +22,7 @@ constexpr DWORD kPartage = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 constexpr std::size_t kCheminCourt = 240;   // characters that every call of the system takes
 constexpr int kEssais = 5;                  // of a replacement that a virus scanner holds up
 constexpr DWORD kAttente = 20;              // milliseconds between two of them
-constexpr DWORD kQuotaDepasse = 1295;        // the system's number for a user's share of the disk
+constexpr DWORD kQuotaDepasse = 1295;       // the system's number for a user's share of the disk
 constexpr DWORD kBloc = 1 << 16;            // bytes read or written by one call
 
 int numero_erreur(DWORD erreur) {
@@ -61,7 +61,8 @@ std::wstring chemin_large(const std::string& utf8) {
     const std::wstring donne = vers_utf16(utf8);
     if (donne.size() < kCheminCourt || donne.starts_with(L"\\\\?\\")) return donne;
     std::wstring entier(GetFullPathNameW(donne.c_str(), 0, nullptr, nullptr), L'\0');
-    entier.resize(GetFullPathNameW(donne.c_str(), static_cast<DWORD>(entier.size()), entier.data(), nullptr));
+    entier.resize(
+        GetFullPathNameW(donne.c_str(), static_cast<DWORD>(entier.size()), entier.data(), nullptr));
     if (entier.starts_with(L"\\\\")) return L"\\\\?\\UNC" + entier.substr(1);
     return L"\\\\?\\" + entier;
 }
@@ -81,7 +82,8 @@ std::wstring chemin_reel(const std::wstring& chemin) {
     const DWORD attributs = GetFileAttributesW(chemin.c_str());
     if (attributs == INVALID_FILE_ATTRIBUTES || (attributs & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return chemin;
-    const Poignee fichier(CreateFileW(chemin.c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
+    const Poignee fichier(
+        CreateFileW(chemin.c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!fichier.ouverte()) return chemin;
     std::wstring reel(GetFinalPathNameByHandleW(fichier.h, nullptr, 0, 0), L'\0');
     const DWORD taille =
@@ -91,8 +93,8 @@ std::wstring chemin_reel(const std::wstring& chemin) {
     return reel;
 }
 
-// Attributes for the new file: those of the old one, or the usual ones. A file that may not be written
-// is refused as a direct write would be.
+// Attributes for the new file: those of the old one, or the usual ones. A file that may not be
+// written is refused as a direct write would be.
 int attributs_voulus(const std::wstring& chemin, DWORD& attributs) {
     attributs = GetFileAttributesW(chemin.c_str());
     if (attributs == INVALID_FILE_ATTRIBUTES) {
@@ -106,15 +108,16 @@ int attributs_voulus(const std::wstring& chemin, DWORD& attributs) {
     return refuse ? kAccesFichier : 0;
 }
 
-// Makes a new file in that folder, under a name of its own that is put in `nom`. A name made longer from
-// the file's could pass the limit that the file's name keeps.
+// Makes a new file in that folder, under a name of its own that is put in `nom`. A name made longer
+// from the file's could pass the limit that the file's name keeps.
 HANDLE cree_voisin(const std::wstring& dossier_cible, DWORD attributs, std::wstring& nom) {
     std::random_device hasard;
     for (int essai = 0;; ++essai) {
         nom = dossier_cible + L".voxtab." + std::to_wstring(hasard());
         const HANDLE h = CreateFileW(nom.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                      attributs, nullptr);
-        if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS || essai == kEssais) return h;
+        if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS || essai == kEssais)
+            return h;
     }
 }
 
@@ -129,10 +132,12 @@ bool ecrit_tout(HANDLE fichier, const std::string& contenu) {
     return true;
 }
 
-// Renames over what may stand there. Another program that looks into the file just then is waited for.
+// Renames over what may stand there. Another program that looks into the file just then is waited
+// for.
 bool renomme(const std::wstring& de, const std::wstring& vers) {
     for (int essai = 1;; ++essai) {
-        if (MoveFileExW(de.c_str(), vers.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+        if (MoveFileExW(de.c_str(), vers.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
             return true;
         const DWORD erreur = GetLastError();
         const bool tenu = erreur == ERROR_SHARING_VIOLATION || erreur == ERROR_ACCESS_DENIED;
@@ -141,7 +146,7 @@ bool renomme(const std::wstring& de, const std::wstring& vers) {
     }
 }
 
-}  // namespace
+}   // namespace
 
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
@@ -218,9 +223,10 @@ bool meme_fichier(const std::wstring& a, const std::wstring& b) {
     std::array<BY_HANDLE_FILE_INFORMATION, 2> fiches{};
     const std::array<const std::wstring*, 2> chemins = {&a, &b};
     for (std::size_t i = 0; i < 2; ++i) {
-        const Poignee fichier(CreateFileW(chemins[i]->c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0,
-                                          nullptr));
-        if (!fichier.ouverte() || GetFileInformationByHandle(fichier.h, &fiches[i]) == 0) return false;
+        const Poignee fichier(
+            CreateFileW(chemins[i]->c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
+        if (!fichier.ouverte() || GetFileInformationByHandle(fichier.h, &fiches[i]) == 0)
+            return false;
     }
     return fiches[0].dwVolumeSerialNumber == fiches[1].dwVolumeSerialNumber &&
            fiches[0].nFileIndexHigh == fiches[1].nFileIndexHigh &&
@@ -235,7 +241,8 @@ int deplace(Chemin source, Chemin destination) {
     if (est_dossier(attributs) || meme_fichier(de, vers)) return kAccesFichier;
     if (renomme(de, vers)) return 0;
     const DWORD erreur = GetLastError();
-    return erreur == ERROR_NOT_SAME_DEVICE ? deplace_loin(source, destination) : numero_erreur(erreur);
+    return erreur == ERROR_NOT_SAME_DEVICE ? deplace_loin(source, destination)
+                                           : numero_erreur(erreur);
 }
 
 int efface(Chemin chemin) { return DeleteFileW(reel(chemin).c_str()) != 0 ? 0 : derniere_erreur(); }
@@ -273,7 +280,7 @@ int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
     return liste(dossier_lu, noms, true);
 }
 
-}  // namespace
+}   // namespace
 
 void installe_fichiers_reels() {
     port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,

@@ -5,7 +5,8 @@
 #include "platform/stack.hpp"
 
 namespace {
-constexpr ULONG_PTR kReserve = 256ul << 10;   // boxes, messages, the system's libraries below the engine
+constexpr ULONG_PTR kReserve = 256ul
+                               << 10;   // boxes, messages, the system's libraries below the engine
 }
 
 // The size stands in the program's file; nothing is left to do when it runs.

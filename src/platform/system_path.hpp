@@ -1,5 +1,5 @@
-// Paths between the program, which has them in UTF-8, and the standard library, which takes those of the
-// system. Holds no state.
+// Paths between the program, which has them in UTF-8, and the standard library, which takes those
+// of the system. Holds no state.
 #pragma once
 
 #include <filesystem>

@@ -13,7 +13,8 @@ std::wstring vers_utf16(std::string_view utf8) {
 
 std::string depuis_utf16(std::wstring_view utf16) {
     const int signes = static_cast<int>(utf16.size());
-    const int taille = WideCharToMultiByte(CP_UTF8, 0, utf16.data(), signes, nullptr, 0, nullptr, nullptr);
+    const int taille =
+        WideCharToMultiByte(CP_UTF8, 0, utf16.data(), signes, nullptr, 0, nullptr, nullptr);
     std::string sortie(static_cast<std::size_t>(taille), '\0');
     WideCharToMultiByte(CP_UTF8, 0, utf16.data(), signes, sortie.data(), taille, nullptr, nullptr);
     return sortie;

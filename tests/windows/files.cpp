@@ -52,7 +52,7 @@ std::vector<std::string> names(const Folder& folder) {
 
 const wchar_t* wide(const fs::path& path) { return path.c_str(); }
 
-}  // namespace
+}   // namespace
 
 TEST_CASE("a file is written, read and replaced, and nothing is left beside it") {
     const Folder folder;
@@ -94,8 +94,8 @@ TEST_CASE("a file that another program keeps for itself stays as it is") {
     const Folder folder;
     const std::string path = folder("x.VXT");
     REQUIRE(port.fichiers.remplace(path, "ancien") == 0);
-    const HANDLE kept = CreateFileW(wide(folder.place / "x.VXT"), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE kept = CreateFileW(wide(folder.place / "x.VXT"), GENERIC_READ, FILE_SHARE_READ,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
     REQUIRE(kept != INVALID_HANDLE_VALUE);
     CHECK(port.fichiers.remplace(path, "neuf") == kAccesFichier);
     CHECK(names(folder).size() == 1);

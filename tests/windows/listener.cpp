@@ -1,5 +1,5 @@
-// Listens as a screen reader does: one JSON line for every event of a live region, with the identifier
-// of the control and its accessible name at that moment.
+// Listens as a screen reader does: one JSON line for every event of a live region, with the
+// identifier of the control and its accessible name at that moment.
 #include <windows.h>
 
 #include <initguid.h>
@@ -21,8 +21,8 @@ void CALLBACK heard(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, 
     IAccessible* what = nullptr;
     VARIANT part{};
     std::string name;
-    if (SUCCEEDED(AccessibleObjectFromEvent(window, static_cast<DWORD>(object), static_cast<DWORD>(child),
-                                            &what, &part))) {
+    if (SUCCEEDED(AccessibleObjectFromEvent(window, static_cast<DWORD>(object),
+                                            static_cast<DWORD>(child), &what, &part))) {
         BSTR words = nullptr;
         what->get_accName(part, &words);
         if (words != nullptr) name = depuis_utf16(words);
@@ -32,13 +32,13 @@ void CALLBACK heard(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, 
     std::cout << nlohmann::json{{"id", GetDlgCtrlID(window)}, {"name", name}}.dump() << std::endl;
 }
 
-}  // namespace
+}   // namespace
 
 int main(int argc, char** argv) {
     prepare_console(argc, argv);
     CoInitialize(nullptr);
-    if (SetWinEventHook(kLiveRegionChanged, kLiveRegionChanged, nullptr, heard, 0, 0, WINEVENT_OUTOFCONTEXT) ==
-        nullptr)
+    if (SetWinEventHook(kLiveRegionChanged, kLiveRegionChanged, nullptr, heard, 0, 0,
+                        WINEVENT_OUTOFCONTEXT) == nullptr)
         return 1;
     std::cout << "{\"ready\": true}" << std::endl;
     MSG message;

@@ -90,10 +90,17 @@ class Program:
         self.probe, self.listener = helpers
         self.process = None
 
-    def start(self, *arguments, text=None):
+    def launch(self, *arguments):
         self.process = subprocess.Popen(["wine", str(self.folder / "VOXTAB.EXE"), *arguments],
                                         cwd=self.folder, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
+
+    def start(self, *arguments, text=None):
+        self.launch(*arguments)
+        return self.ready(text)
+
+    def ready(self, text=None):
+        """Waits until the user could type, and types a first text."""
         wait(self.title, "the window")
         wait(lambda: self.focus() == TXT, "the focus in the text")
         if text is not None:

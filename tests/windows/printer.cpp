@@ -1,5 +1,5 @@
-// Installs a printer in a Wine that has none: PostScript, described by the file given, and the default
-// one from then on.   printer DESCRIPTION.PPD
+// Installs a printer in a Wine that has none: PostScript, described by the file given, and the
+// default one from then on.   printer DESCRIPTION.PPD
 #include <windows.h>
 
 #include <winspool.h>
@@ -42,11 +42,12 @@ bool add_printer(std::wstring name) {
     return SetDefaultPrinterW(name.c_str()) != 0;
 }
 
-}  // namespace
+}   // namespace
 
 int main(int argc, char** argv) {
     const auto arguments = prepare_console(argc, argv);
-    if (arguments.size() == 1 && add_driver(L"Essai", vers_utf16(arguments.front())) && add_printer(L"Essai"))
+    if (arguments.size() == 1 && add_driver(L"Essai", vers_utf16(arguments.front())) &&
+        add_printer(L"Essai"))
         return 0;
     std::cerr << "printer: error " << GetLastError() << '\n';
     return 1;

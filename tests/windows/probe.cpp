@@ -1,5 +1,6 @@
-// Looks at the running program from outside, through window messages and its accessible objects. Reads
-// one command a line, answers one JSON line: what the Python side asks while it drives the keys.
+// Looks at the running program from outside, through window messages and its accessible objects.
+// Reads one command a line, answers one JSON line: what the Python side asks while it drives the
+// keys.
 #include <windows.h>
 
 #include <initguid.h>
@@ -26,11 +27,12 @@ constexpr UINT kLimit = 5000;   // milliseconds that the program has for an answ
 
 std::string text_of(HWND window) {
     DWORD_PTR length = 0;
-    if (SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, kLimit, &length) == 0) return "";
+    if (SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, kLimit, &length) == 0)
+        return "";
     std::wstring text(length + 1, L'\0');
     DWORD_PTR read = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL,
-                        kLimit, &read);
+    SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                        SMTO_NORMAL, kLimit, &read);
     text.resize(read);
     return depuis_utf16(text);
 }
@@ -47,26 +49,30 @@ BOOL CALLBACK visit(HWND window, LPARAM data) {
     return TRUE;
 }
 void each_top(Visit v) { EnumWindows(visit, reinterpret_cast<LPARAM>(&v)); }
-void each_child(HWND parent, Visit v) { EnumChildWindows(parent, visit, reinterpret_cast<LPARAM>(&v)); }
+void each_child(HWND parent, Visit v) {
+    EnumChildWindows(parent, visit, reinterpret_cast<LPARAM>(&v));
+}
 
 HWND main_window() {
     HWND found = nullptr;
     each_top([&](HWND w) {
-        if (GetWindow(w, GW_OWNER) == nullptr && IsWindowVisible(w) && text_of(w).starts_with("VOXTAB") &&
-            class_of(w).starts_with("wxWindow"))
+        if (GetWindow(w, GW_OWNER) == nullptr && IsWindowVisible(w) &&
+            text_of(w).starts_with("VOXTAB") && class_of(w).starts_with("wxWindow"))
             found = w;
     });
     return found;
 }
 
-// The box or dialog over the window, or nullptr.
+// The box or dialog over the window, or the one that comes before the window; or nullptr.
 HWND box() {
     const HWND main = main_window();
     HWND found = nullptr;
     each_top([&](HWND w) {
-        if (found == nullptr && w != main && IsWindowVisible(w) && GetWindow(w, GW_OWNER) == main) found = w;
+        const bool before = main == nullptr && class_of(w) == "#32770";
+        const bool over = main != nullptr && w != main && GetWindow(w, GW_OWNER) == main;
+        if (found == nullptr && IsWindowVisible(w) && (before || over)) found = w;
     });
-    return main == nullptr ? nullptr : found;
+    return found;
 }
 
 HWND control(int id) {
@@ -128,7 +134,8 @@ json box_answer() {
 json selection(int id) {
     DWORD from = 0;
     DWORD to = 0;
-    SendMessageW(control(id), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    SendMessageW(control(id), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
+                 reinterpret_cast<LPARAM>(&to));
     return {from, to};
 }
 
@@ -137,7 +144,8 @@ json list_of(int id) {
     json lines = json::array();
     const auto count = SendMessageW(w, LB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
-        const auto length = static_cast<std::size_t>(SendMessageW(w, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0));
+        const auto length =
+            static_cast<std::size_t>(SendMessageW(w, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0));
         std::wstring line(length + 1, L'\0');
         SendMessageW(w, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(line.data()));
         line.resize(length);
@@ -153,7 +161,8 @@ json state_answer(int id) {
 
 json message_answer(int id, UINT message) {
     DWORD_PTR result = 0;
-    if (SendMessageTimeoutW(control(id), message, 0, 0, SMTO_NORMAL, kLimit, &result) == 0) return nullptr;
+    if (SendMessageTimeoutW(control(id), message, 0, 0, SMTO_NORMAL, kLimit, &result) == 0)
+        return nullptr;
     return static_cast<long>(result);
 }
 
@@ -171,7 +180,8 @@ bool clip(const std::string& utf8) {
 }
 
 const std::map<std::string, std::function<json(int)>> commands = {
-    {"title", [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
+    {"title",
+     [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
     {"text", [](int id) { return json(text_of(control(id))); }},
     {"name", [](int id) { return json(accessible_name(control(id))); }},
     {"state", state_answer},
@@ -185,7 +195,7 @@ const std::map<std::string, std::function<json(int)>> commands = {
     {"close", [](int) { return json(PostMessageW(main_window(), WM_CLOSE, 0, 0) != 0); }},
 };
 
-}  // namespace
+}   // namespace
 
 int main(int argc, char** argv) {
     prepare_console(argc, argv);

@@ -220,6 +220,23 @@ def folder_with_accents(p):
         p.folder = whole
 
 
+def reader_scripts(p):
+    """At the first start after an installation the reader's files go where the user says."""
+    home = next(DRIVE_C.glob("users/*/AppData/Roaming"))
+    scripts = home / "Freedom Scientific" / "JAWS" / "2024" / "settings" / "fra"
+    scripts.mkdir(parents=True)
+    for name in ("voxtab.jcf", "voxtab.jdf", "verjaws.ini"):
+        (p.folder / name).write_bytes(name.encode())
+    p.launch()
+    p.wait_box("Chemin des scripts de jaws")
+    proposed = [c["text"] for c in p.box()["children"] if c["class"] == "Edit"][0]
+    same(proposed.lower(), "c:\\" + str(scripts.relative_to(DRIVE_C)).replace("/", "\\").lower(), "folder")
+    p.key("Entrée")
+    p.ready()
+    same(sorted(f.name for f in scripts.iterdir()), ["voxtab.jcf", "voxtab.jdf"], "files of the reader")
+    expect(not (p.folder / "verjaws.ini").exists(), "the marker is still there")
+
+
 def long_path(p):
     """A sheet whose path is longer than 260 characters."""
     folder = p.folder / "/".join(["un dossier au nom assez long pour qu'on s'y perde"] * 6)
@@ -233,4 +250,5 @@ def long_path(p):
 
 
 run([save_as, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
-     last_sheet, folder_that_cannot_be_written, folder_with_accents, long_path], BUILD, PLACE)
+     last_sheet, folder_that_cannot_be_written, folder_with_accents,
+     reader_scripts, long_path], BUILD, PLACE)

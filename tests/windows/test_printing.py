@@ -43,6 +43,15 @@ def a_sheet(p):
     same(print_sheet(p, text="A=3¶B=A+2"), [["A=3", "B=A+2"]], "pages")
 
 
+def the_printer_dialog(p):
+    """It opens, and Cancel leaves the printer as it is."""
+    p.start(text="A=3")
+    p.choose("F", 9)
+    wait(lambda: (box := p.box()) and any("Essai" in c["text"] for c in box["children"]), "the dialog")
+    p.key("Échap")
+    p.wait_no_box()
+
+
 def a_long_sheet(p):
     """Every line is printed once, in order, over as many pages as it takes."""
     (p.folder / "longue.VXT").write_bytes("".join(f"ligne {i}\r\n" for i in range(1, 301)).encode())
@@ -52,4 +61,4 @@ def a_long_sheet(p):
     same([line for page in seen for line in page], [f"ligne {i}" for i in range(1, 301)], "lines")
 
 
-run([no_printer, a_sheet, a_long_sheet], BUILD, PLACE)
+run([no_printer, a_sheet, the_printer_dialog, a_long_sheet], BUILD, PLACE)

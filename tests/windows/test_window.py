@@ -276,6 +276,23 @@ def large_sheet(p):
     same(p.selection()[0], sum(len(line) + 2 for line in seen) - 2, "cursor")
 
 
+def fonts(p):
+    """The font of the screen: told, asked about, and left as it is on Cancel."""
+    p.start(text="A=3")
+    p.choose("O", 10)
+    p.wait_box("police Courier Taille 15")
+    p.key("Entrée")
+    p.wait_box("Voulez vous modifier la police de l'écran")
+    p.key("Alt+O")
+    wait(lambda: (box := p.box()) and any(c["class"] == "ComboBox" for c in box["children"]),
+         "the font dialog")
+    p.key("Échap")
+    p.wait_box("Vous n'avez sélectionné aucune police.")
+    p.key("Entrée")
+    p.wait_no_box()
+    same(p.sheet(), "A=3", "sheet")
+
+
 def deep_formulas(p):
     """Brackets nested as deep as a formula is long, and a function that calls itself without end."""
     deep = "(" * 16382 + "1" + ")" * 16382
@@ -293,4 +310,4 @@ def deep_formulas(p):
 run([start, calculation, repeated_message, messages_together, alt_released_first, number_modes, decimals,
      angle_view, colour_view, functions_and_guide, key_help, search_and_replace,
      bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
-     deep_formulas], BUILD, PLACE)
+     fonts, deep_formulas], BUILD, PLACE)

@@ -1,7 +1,7 @@
-// Messages to the screen reader on Windows: the message line is a live region, and one event for each
-// message tells the reader to say what stands there. A reader asks for the words when it gets to the
-// event, and keeps only the last of several that wait: so messages that come together go out one after
-// the other, with a moment for each.
+// Messages to the screen reader on Windows: the message line is a live region, and one event for
+// each message tells the reader to say what stands there. A reader asks for the words when it gets
+// to the event, and keeps only the last of several that wait: so messages that come together go out
+// one after the other, with a moment for each.
 #include "shell/wx/announce.hpp"
 
 #include <windows.h>
@@ -19,12 +19,13 @@ namespace {
 constexpr DWORD kRegionChangee = 0x8019;   // EVENT_OBJECT_LIVEREGIONCHANGED
 constexpr GUID kReglageRegion = {
     0xC12BCD8E, 0x2A8E, 0x4950, {0x8A, 0xE7, 0x36, 0x25, 0x11, 0x1D, 0x58, 0xEB}};   // LiveSetting
-constexpr LONG kPoli = 1;                  // said behind what is being said
+constexpr LONG kPoli = 1;   // said behind what is being said
 
-constexpr UINT kMoment = 100;              // milliseconds between two messages that come together
+constexpr UINT kMoment = 100;   // milliseconds between two messages that come together
 constexpr UINT_PTR kMinuterie = 1;
 
-// Messages that wait for their moment, in UTF-8, and where they are shown. The timer ends with the line.
+// Messages that wait for their moment, in UTF-8, and where they are shown. The timer ends with the
+// line.
 std::deque<std::string> attente;
 wxStaticText* ligne_des_messages = nullptr;
 
@@ -48,7 +49,8 @@ struct Proprietes {
         v.vt = VT_I4;
         v.lVal = valeur;
         if (services != nullptr)
-            services->SetHwndProp(poignee(w), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, propriete, v);
+            services->SetHwndProp(poignee(w), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                                  propriete, v);
     }
     void pose(const wxWindow& w, const GUID& propriete, const std::string& utf8) const {
         if (services != nullptr)
@@ -70,7 +72,7 @@ void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
     if (attente.empty()) KillTimer(fenetre, minuterie);
 }
 
-}  // namespace
+}   // namespace
 
 // Nothing said clings to a control here.
 void prepare_annonce(wxWindow&) {}

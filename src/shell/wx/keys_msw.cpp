@@ -1,5 +1,5 @@
-// The keys of Windows, by their virtual codes: what a key means by itself, whatever it types. AltGr is
-// Ctrl and Alt there already.
+// The keys of Windows, by their virtual codes: what a key means by itself, whatever it types. AltGr
+// is Ctrl and Alt there already.
 #include "shell/wx/keys.hpp"
 
 #include <windows.h>
@@ -15,14 +15,22 @@ struct Cle {
     int touche;
 };
 constexpr std::array kCles = {
-    Cle{VK_ESCAPE, kToucheEchap},       Cle{VK_RETURN, kToucheEntree},
-    Cle{VK_LEFT, kToucheGauche},        Cle{VK_RIGHT, kToucheDroite},
-    Cle{VK_UP, kToucheHautFleche},      Cle{VK_DOWN, kToucheBas},
-    Cle{VK_HOME, kToucheDebut},         Cle{VK_END, kToucheFin},
-    Cle{VK_PRIOR, kTouchePagePrecedente}, Cle{VK_NEXT, kTouchePageSuivante},
-    Cle{VK_INSERT, kToucheInser},       Cle{VK_DELETE, kToucheSuppr},
-    Cle{VK_BACK, kToucheArriere},       Cle{VK_TAB, kToucheTab},
-    Cle{VK_SHIFT, kToucheMaj},          Cle{VK_CONTROL, kToucheCtrl},
+    Cle{VK_ESCAPE, kToucheEchap},
+    Cle{VK_RETURN, kToucheEntree},
+    Cle{VK_LEFT, kToucheGauche},
+    Cle{VK_RIGHT, kToucheDroite},
+    Cle{VK_UP, kToucheHautFleche},
+    Cle{VK_DOWN, kToucheBas},
+    Cle{VK_HOME, kToucheDebut},
+    Cle{VK_END, kToucheFin},
+    Cle{VK_PRIOR, kTouchePagePrecedente},
+    Cle{VK_NEXT, kTouchePageSuivante},
+    Cle{VK_INSERT, kToucheInser},
+    Cle{VK_DELETE, kToucheSuppr},
+    Cle{VK_BACK, kToucheArriere},
+    Cle{VK_TAB, kToucheTab},
+    Cle{VK_SHIFT, kToucheMaj},
+    Cle{VK_CONTROL, kToucheCtrl},
     Cle{VK_MENU, kToucheAlt},
 };
 
@@ -36,7 +44,7 @@ int touche_du_code(int code) {
 
 bool enfoncee(int code) { return GetKeyState(code) < 0; }
 
-}  // namespace
+}   // namespace
 
 FrappeTouche frappe_de(const wxKeyEvent& evenement) {
     return {touche_du_code(static_cast<int>(evenement.GetRawKeyCode())), enfoncee(VK_SHIFT),

@@ -1,5 +1,5 @@
-// The look of the window on Windows: the program's icon, and the background of a dialog, on which the
-// controls and their words can be seen.
+// The look of the window on Windows: the program's icon, and the background of a dialog, on which
+// the controls and their words can be seen.
 #include "shell/wx/look.hpp"
 
 #include <wx/icon.h>

@@ -1,5 +1,6 @@
-// Printing on Windows: lines of the chosen font one below the other, from the left edge, for the margin
-// stands in the text. Sizes are those of a screen of 96 dots to the inch, scaled to the printer's.
+// Printing on Windows: lines of the chosen font one below the other, from the left edge, for the
+// margin stands in the text. Sizes are those of a screen of 96 dots to the inch, scaled to the
+// printer's.
 #include "shell/wx/printing.hpp"
 
 #include <wx/dcprint.h>
@@ -48,7 +49,8 @@ bool tire(const std::string& texte, const wxFont& police) {
     if (!dc.IsOk() || !dc.StartDoc(vers_wx(fenetre.titre))) return false;
     prend_echelle(dc, police);
     const int place = dc.DeviceToLogicalYRel(dc.GetSize().y) - 2 * kMargeHaut;
-    const auto lignes = static_cast<std::size_t>(std::max(1, place / std::max(1, dc.GetCharHeight())));
+    const auto lignes =
+        static_cast<std::size_t>(std::max(1, place / std::max(1, dc.GetCharHeight())));
     for (const Page& page : pages_de(texte, lignes)) {
         dc.StartPage();
         dessine(dc, page);
@@ -67,7 +69,7 @@ int imprime(const std::string& texte, const std::string& police, double taille) 
     return kImprimante;
 }
 
-}  // namespace
+}   // namespace
 
 bool choisit_imprimante(wxWindow* parent) {
     wxPrintDialogData donnees(reglages_imprimante);

@@ -12,8 +12,8 @@ void choisit_langue();
 // A sentence for the user while there is no window: in the terminal, where there is one.
 void dit_sans_fenetre(std::string_view utf8);
 
-// What follows the program's name, with the sheet by its whole path. `arguments` is the same cut into
-// its words, without the options.
+// What follows the program's name, with the sheet by its whole path. `arguments` is the same cut
+// into its words, without the options.
 std::string ligne_de_commande(const std::vector<std::string>& arguments);
 
 // Folder of the user's own data of this program, which may not be there yet.

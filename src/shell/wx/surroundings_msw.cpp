@@ -22,12 +22,13 @@ std::wstring_view sans_premier_mot(std::wstring_view ligne) {
     return suite == std::wstring_view::npos ? std::wstring_view() : ligne.substr(suite);
 }
 
-// "C:x" leads into the folder of the moment of that disk for Windows, and to its root for the program.
+// "C:x" leads into the folder of the moment of that disk for Windows, and to its root for the
+// program.
 bool sans_dossier(const std::string& nom) {
     return nom.size() > 2 && nom[1] == ':' && nom[2] != '\\' && nom[2] != '/';
 }
 
-}  // namespace
+}   // namespace
 
 // Windows gives its dialogs the user's language by itself.
 void choisit_langue() {}
@@ -42,14 +43,15 @@ void dit_sans_fenetre(std::string_view utf8) {
     MessageBoxW(nullptr, vers_utf16(utf8).c_str(), L"VOXTAB", MB_OK);
 }
 
-// The line as it was given, for a path may hold blanks without standing in quotes. Only a file that is
-// there gets its whole path, so that it keeps its name for the next start, elsewhere.
+// The line as it was given, for a path may hold blanks without standing in quotes. Only a file that
+// is there gets its whole path, so that it keeps its name for the next start, elsewhere.
 std::string ligne_de_commande(const std::vector<std::string>&) {
     std::wstring_view ligne = sans_premier_mot(GetCommandLineW());
     while (ligne.starts_with(L"--")) ligne = sans_premier_mot(ligne);
     const std::string commande = depuis_utf16(ligne);
     std::string nom = commande.substr(0, commande.find_last_not_of(" \t") + 1);
-    if (nom.size() > 2 && nom.front() == '"' && nom.back() == '"') nom = nom.substr(1, nom.size() - 2);
+    if (nom.size() > 2 && nom.front() == '"' && nom.back() == '"')
+        nom = nom.substr(1, nom.size() - 2);
     wxFileName chemin(wxString::FromUTF8(nom));
     if (sans_dossier(nom) || !chemin.FileExists()) return commande;
     chemin.MakeAbsolute();

@@ -1,7 +1,7 @@
-// The edit control of Windows: its text without a limit, its selection, one change of a part of it, and
-// the filter of what comes in. The control counts a line end as two and keeps it as CR LF; here it is
-// one, and LF. As no line is ever wrapped, a line of the control is a line of the text, and the number
-// of the line tells both counts apart.
+// The edit control of Windows: its text without a limit, its selection, one change of a part of it,
+// and the filter of what comes in. The control counts a line end as two and keeps it as CR LF; here
+// it is one, and LF. As no line is ever wrapped, a line of the control is a line of the text, and
+// the number of the line tells both counts apart.
 #include "shell/wx/text_view.hpp"
 
 #include <windows.h>
@@ -20,7 +20,8 @@ namespace {
 HWND poignee(const wxTextCtrl& controle) { return static_cast<HWND>(controle.GetHandle()); }
 
 long demande(const wxTextCtrl& controle, UINT message, long valeur) {
-    return static_cast<long>(SendMessageW(poignee(controle), message, static_cast<WPARAM>(valeur), 0));
+    return static_cast<long>(
+        SendMessageW(poignee(controle), message, static_cast<WPARAM>(valeur), 0));
 }
 
 // Start of a line with line ends as one.
@@ -126,7 +127,7 @@ void colle(Saisie& s) {
     if (lu) insere(s.controle, s.filtre, texte.GetText().utf8_string());
 }
 
-}  // namespace
+}   // namespace
 
 std::string texte_de_la_vue(const wxTextCtrl& controle) {
     std::wstring texte = texte_large(controle);
@@ -135,7 +136,8 @@ std::string texte_de_la_vue(const wxTextCtrl& controle) {
 }
 
 void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_view utf8) {
-    SendMessageW(poignee(controle), EM_SETSEL, static_cast<WPARAM>(compte_du_controle(controle, de)),
+    SendMessageW(poignee(controle), EM_SETSEL,
+                 static_cast<WPARAM>(compte_du_controle(controle, de)),
                  compte_du_controle(controle, a));
     remplace_selection(controle, utf8);
 }
@@ -150,7 +152,8 @@ void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a) {
 }
 
 void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) {
-    SendMessageW(poignee(controle), EM_SETSEL, static_cast<WPARAM>(compte_du_controle(controle, de)),
+    SendMessageW(poignee(controle), EM_SETSEL,
+                 static_cast<WPARAM>(compte_du_controle(controle, de)),
                  compte_du_controle(controle, a));
 }
 

@@ -31,7 +31,7 @@ struct LibereListe {
     void operator()(wchar_t** liste) const { LocalFree(liste); }
 };
 
-}   // namespace
+}  // namespace
 
 std::vector<std::string> prepare_console(int, char**) {
     for (std::FILE* flux : {stdin, stdout}) _setmode(_fileno(flux), _O_BINARY);

@@ -146,7 +146,7 @@ bool renomme(const std::wstring& de, const std::wstring& vers) {
     }
 }
 
-}   // namespace
+}  // namespace
 
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
@@ -280,7 +280,7 @@ int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
     return liste(dossier_lu, noms, true);
 }
 
-}   // namespace
+}  // namespace
 
 void installe_fichiers_reels() {
     port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,

@@ -52,7 +52,7 @@ std::vector<std::string> names(const Folder& folder) {
 
 const wchar_t* wide(const fs::path& path) { return path.c_str(); }
 
-}   // namespace
+}  // namespace
 
 TEST_CASE("a file is written, read and replaced, and nothing is left beside it") {
     const Folder folder;

@@ -32,7 +32,7 @@ void CALLBACK heard(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, 
     std::cout << nlohmann::json{{"id", GetDlgCtrlID(window)}, {"name", name}}.dump() << std::endl;
 }
 
-}   // namespace
+}  // namespace
 
 int main(int argc, char** argv) {
     prepare_console(argc, argv);

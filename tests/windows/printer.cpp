@@ -42,7 +42,7 @@ bool add_printer(std::wstring name) {
     return SetDefaultPrinterW(name.c_str()) != 0;
 }
 
-}   // namespace
+}  // namespace
 
 int main(int argc, char** argv) {
     const auto arguments = prepare_console(argc, argv);

@@ -195,7 +195,7 @@ const std::map<std::string, std::function<json(int)>> commands = {
     {"close", [](int) { return json(PostMessageW(main_window(), WM_CLOSE, 0, 0) != 0); }},
 };
 
-}   // namespace
+}  // namespace
 
 int main(int argc, char** argv) {
     prepare_console(argc, argv);

@@ -177,8 +177,11 @@ def last_sheet(p):
     wait(lambda: p.selection()[0] == 5, "the cursor in line 2 again")
 
 
-def folder_that_cannot_be_written(p):
-    """The program keeps its files in the user's folder then."""
+def keeps_files_elsewhere(p):
+    """A start in a folder that can't be written: the program's files are in the user's folder then."""
+    home = next(DRIVE_C.glob("users/*/AppData/Roaming")) / "voxtab"
+    shutil.rmtree(home, ignore_errors=True)
+    before = sorted(f.name for f in p.folder.iterdir())
     p.folder.chmod(0o555)
     try:
         p.start()
@@ -190,11 +193,20 @@ def folder_that_cannot_be_written(p):
         p.wait_end()
     finally:
         p.folder.chmod(0o755)
-    same(sorted(f.name for f in p.folder.iterdir()), ["VOXTAB.EXE", "data"], "files beside the program")
-    homes = list(DRIVE_C.glob("users/*/AppData/Roaming/voxtab"))
-    same(len(homes), 1, "folders of the user")
-    same(sorted(f.name for f in homes[0].iterdir()),
-         ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"], "files of the user")
+    same(sorted(f.name for f in p.folder.iterdir()), before, "files beside the program")
+    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
+         "files of the user")
+    return read(home / "fonction.txt")
+
+
+def folder_that_cannot_be_written(p):
+    """The texts come from the program's data, or from beside it, where they are sheets already."""
+    functions = keeps_files_elsewhere(p)
+    for name in ("aide.txt", "fonction.txt"):
+        text = (p.folder / "data" / name).read_text(encoding="utf-8")
+        (p.folder / name).write_bytes(text.replace("\n", "\r\n").encode("cp1252"))
+    shutil.rmtree(p.folder / "data")
+    same(keeps_files_elsewhere(p), functions, "list of functions")
 
 
 def folder_with_accents(p):

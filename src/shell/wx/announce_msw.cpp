@@ -72,7 +72,7 @@ void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
     if (attente.empty()) KillTimer(fenetre, minuterie);
 }
 
-}   // namespace
+}  // namespace
 
 // Nothing said clings to a control here.
 void prepare_annonce(wxWindow&) {}

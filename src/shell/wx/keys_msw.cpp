@@ -44,7 +44,7 @@ int touche_du_code(int code) {
 
 bool enfoncee(int code) { return GetKeyState(code) < 0; }
 
-}   // namespace
+}  // namespace
 
 FrappeTouche frappe_de(const wxKeyEvent& evenement) {
     return {touche_du_code(static_cast<int>(evenement.GetRawKeyCode())), enfoncee(VK_SHIFT),

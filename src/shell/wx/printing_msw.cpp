@@ -69,7 +69,7 @@ int imprime(const std::string& texte, const std::string& police, double taille) 
     return kImprimante;
 }
 
-}   // namespace
+}  // namespace
 
 bool choisit_imprimante(wxWindow* parent) {
     wxPrintDialogData donnees(reglages_imprimante);

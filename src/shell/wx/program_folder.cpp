@@ -42,15 +42,19 @@ bool peut_garder_chez_lui(const fs::path& dossier) {
     return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / "VOXTAB.INI")) == 0;
 }
 
-// Puts the text in the folder when it isn't there.
+// Puts the text in the folder when it isn't there. One that lies beside the program has been written as
+// the sheet has it.
 void seme(const fs::path& dossier, const char* nom) {
     std::error_code erreur;
     if (fs::exists(dossier / nom, erreur)) return;
+    const std::string place = chemin_en_utf8(dossier / nom);
+    std::string octets;
     for (const fs::path& source : sources()) {
-        std::string utf8;
-        if (lit_fichier(chemin_en_utf8(source / nom), utf8) != 0) continue;
-        if (remplace_fichier(chemin_en_utf8(dossier / nom), texte_de_la_feuille(utf8)) == 0) return;
+        if (lit_fichier(chemin_en_utf8(source / nom), octets) != 0) continue;
+        if (remplace_fichier(place, texte_de_la_feuille(octets)) == 0) return;
     }
+    if (lit_fichier(chemin_en_utf8(dossier_executable() / nom), octets) == 0)
+        remplace_fichier(place, octets);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ std::string chemin_entier(const std::string& utf8) {
     return chemin.GetFullPath().utf8_string();
 }
 
-}   // namespace
+}  // namespace
 
 // Names of files are UTF-8 whatever the locale says.
 void choisit_langue() {

@@ -28,7 +28,7 @@ bool sans_dossier(const std::string& nom) {
     return nom.size() > 2 && nom[1] == ':' && nom[2] != '\\' && nom[2] != '/';
 }
 
-}   // namespace
+}  // namespace
 
 // Windows gives its dialogs the user's language by itself.
 void choisit_langue() {}

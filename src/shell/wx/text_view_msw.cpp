@@ -127,7 +127,7 @@ void colle(Saisie& s) {
     if (lu) insere(s.controle, s.filtre, texte.GetText().utf8_string());
 }
 
-}   // namespace
+}  // namespace
 
 std::string texte_de_la_vue(const wxTextCtrl& controle) {
     std::wstring texte = texte_large(controle);

@@ -1,6 +1,5 @@
 // The calculation in a terminal: a sheet from a file or standard input, the calculated sheet to
 // standard output or back into the file. Messages and boxes go to standard error, one a line.
-#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <string>
@@ -10,10 +9,12 @@
 #include "base/failure.hpp"
 #include "base/typed_text.hpp"
 #include "engine/context.hpp"
+#include "platform/console.hpp"
 #include "platform/files.hpp"
 #include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
+#include "platform/system_path.hpp"
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
 #include "sheet/sheet.hpp"
@@ -44,7 +45,7 @@ std::string mots_fichier(int numero) {
 
 bool est_dossier(const std::string& chemin) {
     std::error_code erreur;
-    return std::filesystem::is_directory(chemin, erreur);
+    return std::filesystem::is_directory(chemin_du_systeme(chemin), erreur);
 }
 
 // One French line for what a file refused.
@@ -82,7 +83,7 @@ Codage codage_entree(const OptionsCalcul& options, const std::string& octets, bo
 
 // Path of the backup: the sheet's name with the extension "bak".
 std::string chemin_sauvegarde(const std::string& chemin) {
-    return std::filesystem::path(chemin).replace_extension(".bak").string();
+    return chemin_en_utf8(chemin_du_systeme(chemin).replace_extension(".bak"));
 }
 
 // Writes the sheet back, its former content kept in the backup.
@@ -140,7 +141,7 @@ int calcule(const OptionsCalcul& options) {
 int main(int argc, char** argv) {
     agrandit_pile(argv);
     std::ios::sync_with_stdio(false);
-    const LectureOptions lecture = lis_options(std::vector<std::string>(argv + 1, argv + argc));
+    const LectureOptions lecture = lis_options(prepare_console(argc, argv));
     if (lecture.statut) {
         std::cout << lecture.sortie;
         return *lecture.statut == kReussite ? kReussite : refuse(lecture.erreur);

@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "platform/utf16_windows.hpp"
-#include "shell/wx/typed_text.hpp"
+#include "base/typed_text.hpp"
 
 namespace {
 

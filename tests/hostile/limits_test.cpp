@@ -150,8 +150,18 @@ TEST_CASE("limits: a function that calls itself gives one box and the sheet goes
     const Lignes lues = calcule({"DEFFON=FON(X)+1", "A=FON(1)", "B=2"});
     CHECK(boites() == Textes{"28 28sur fon", "28 28sur fon"});
     CHECK(lues.size() == 3);
-    CHECK(lues[1].starts_with("A=FON(1) = "));
+    CHECK(lues[1] == "A=FON(1) = 10000");
     CHECK(lues[2] == "B=2 = 2");
+}
+
+TEST_CASE("limits: a function that calls itself twice ends as well") {
+    // One box for each call that no other call is around: two in each definition, one below it.
+    const Lignes lues =
+        calcule({"DEFFON=FON(FON(X-1))", "FON(0)", "DEFFON=FON(X)+FON(1)", "FON(0)", "2"});
+    CHECK(boites() == Textes(6, "28 28sur fon"));
+    REQUIRE(lues.size() == 5);
+    CHECK(lues[1] == "FON(0) = 0");
+    CHECK(lues[4] == "2 = 2");
 }
 
 TEST_CASE("limits: a determinant of order 40 is refused for want of memory") {

@@ -198,10 +198,32 @@ TEST_CASE("limits: a power without end is given up with one box") {
     CHECK(lues[6] == "C=2");
 }
 
-TEST_CASE("limits: a power that comes back to itself ends at once, however large") {
-    const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=100000000000001", "MB=MA^X"});
+TEST_CASE("limits: a power of a million is calculated") {
+    const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=1000001", "MB=MA^X"});
     CHECK(boites().empty());
     CHECK(lues.back() == "MB=MA^X =0,1;1,0 =2,2");
+}
+
+TEST_CASE("limits: a power that has become infinite ends") {
+    const Lignes lues = calcule({"DEFMA", "2,1", "1,2", "FIN", "X=1000000", "MB=MA^X"});
+    CHECK(boites() == Textes(4, "6 6sur MultiplicationMatrice"));
+}
+
+TEST_CASE("limits: matches without number on one line say no more than a day of speech") {
+    std::string ligne, remplacee;
+    for (int i = 0; i < 60000; ++i) ligne += "a ", remplacee += "bb ";
+    programme_neuf();
+    pose_feuille(ligne);
+    memoire.reponses = {"a", "bb"};
+    execute_commande("mnumodifTexteItem");
+    CHECK(memoire.texte == remplacee);
+    std::size_t octets = 0;
+    for (const std::string& message : memoire.messages) octets += message.size();
+    CHECK(octets < std::size_t{8} << 20);
+    REQUIRE(memoire.messages.size() > 3);
+    CHECK(memoire.messages[0] == "bb" + ligne.substr(1, ligne.size() - 2));
+    CHECK(memoire.messages.end()[-2] == remplacee.substr(0, remplacee.size() - 1));
+    CHECK(memoire.messages.back() == "60000 remplacement");
 }
 
 TEST_CASE("limits: an area without end stops when the user gives up") {

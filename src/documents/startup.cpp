@@ -142,15 +142,10 @@ void applique_options(Demarrage& pas) {
         EtatItem* item = etat_item("mnuDerniereFeuilleItem");
         if (item) item->coche = ligne(kLigneAngle).champ2 == 1;
     });
+    pas([] { pose_libelle_matrice(ligne(kLigneAffichage).champ1 == 1); });
     pas([] {
-        pose_libelle("mnuColonneMatrice", ligne(kLigneAffichage).champ1 == 1
-                                              ? "affichage matrice ligne/colonne : en colonne"_fr
-                                              : "affichage matrice ligne/colonne : en ligne"_fr);
-    });
-    pas([] {
-        pose_libelle("mnuLigneStat", ligne(kLigneAffichage).champ2 == 1
-                                         ? "Résultat statistique restreint/complet : restreint"_fr
-                                         : "résultat statistique restreint/complet : complet"_fr);
+        pose_libelle_stat(ligne(kLigneAffichage).champ2 == 1,
+                          "résultat statistique restreint/complet : complet"_fr);
     });
 }
 

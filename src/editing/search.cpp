@@ -38,10 +38,6 @@ void demande_remplacement() {
     recherche.chaine_remplacement = reponse;
 }
 
-void bips(int nombre) {
-    for (int i = 0; i < nombre; ++i) port.boites.bip();
-}
-
 void dit_ligne_du_curseur() { dit(extraitLigne(port.texte.sel_start())); }
 
 // Position (from 1) of the last match in front of `limite`, or 0. Like a chain of forward searches

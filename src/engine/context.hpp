@@ -61,5 +61,10 @@ extern Modes modes;
 // Number of a letter: 1 for "A" to 26 for "Z"; other characters give other numbers.
 inline int rang_lettre(char c) { return static_cast<unsigned char>(c) - 'A' + 1; }
 
+// The variable of a letter, A to Z.
+inline double& variable(char lettre) {
+    return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
+}
+
 // Puts the context and the modes back to their initial values and seeds the random generator.
 void reinitialise_moteur();

@@ -27,7 +27,6 @@ constexpr std::size_t kReserveAppel = 1u << 20;
 
 // The flag stays as it was: only the box tells of a failure here.
 constexpr Procedure kMotsFon{"sur fon"_fr, false};
-constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 // What a call keeps of the formula around it. The error flag and text are not kept: the inner
 // evaluation starts by clearing them.

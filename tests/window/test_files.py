@@ -211,7 +211,7 @@ def installed_for_everybody(p):
     p.binary = system / "bin" / "voxtab"
     p.start()
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
     p.key("Échap")
     p.wait_sheet("")
     p.key("Alt+F4")

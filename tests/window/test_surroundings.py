@@ -71,7 +71,7 @@ def read_only_program_folder(p):
     p.wait_sheet("A=3 = 3")
     same(p.dialog(), None, "box")
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
     p.key("Échap")
     p.wait_sheet("A=3 = 3")
     p.key("Alt+Q")
@@ -119,7 +119,7 @@ def full_disk_of_the_program(p):
     p.wait_sheet("A=3")
     plug.unlink()
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
     p.key("Échap")
     p.wait_sheet("A=3")
 

@@ -193,7 +193,7 @@ def angle_view(p):
 def functions_guide_and_about(p):
     p.start()
     p.type("A=3")
-    for open_it, first, lines in ((lambda: p.key("Alt+F1"), "PI ", 41),
+    for open_it, first, lines in ((lambda: p.key("Alt+F1"), "+ (a+b)", 52),
                                   (lambda: p.menu("question", "Guide"), "VOXTAB, calculatrice", 20),
                                   (lambda: p.menu("question", "A propos"), "VOXTAB Version 2.02", 4)):
         open_it()

@@ -194,7 +194,7 @@ def functions_guide_and_about(p):
     p.start()
     p.type("A=3")
     for open_it, first, lines in ((lambda: p.key("Alt+F1"), "+ (a+b)", 52),
-                                  (lambda: p.menu("question", "Guide"), "VOXTAB, calculatrice", 20),
+                                  (lambda: p.menu("question", "Guide"), "GUIDE DE VOXTAB", 20),
                                   (lambda: p.menu("question", "A propos"), "VOXTAB Version 2.02", 4)):
         open_it()
         wait(lambda f=first: p.sheet().startswith(f), f"a text that begins with {first!r}")

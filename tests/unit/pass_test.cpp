@@ -37,7 +37,7 @@ TEST_CASE("pass: the results of a pass are written anew in the mode of the momen
     re_valeur();
     CHECK(feuille.resultat_ligne(1) == " = 1.50E3");
     CHECK(feuille.resultat_ligne(5).starts_with(" =2"));
-    CHECK(feuille.resultat_ligne(6) == " = 1.50E0");
+    CHECK(feuille.resultat_ligne(6) == " = 1.5E00");
     CHECK(memoire.texte.starts_with("A=1500 = 1500\r\n"));
 }
 

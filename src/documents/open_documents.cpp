@@ -236,9 +236,8 @@ void mnuNouveauItem() {
 
 void mnuOuvrirItem() {
     if (annonce_item("mnuOuvrirItem") || complet()) return;
-    Essaie(ouvre_fichier, [](int numero) {
-        if (numero != kAnnulation) signale_defaillance(kCommande, numero);
-    });
+    // Whatever fails passes without a word, on purpose.
+    EssaieEnSilence(ouvre_fichier);
 }
 
 void mnuOuvrirSousMenuItem(int Index) {

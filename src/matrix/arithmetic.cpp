@@ -2,8 +2,10 @@
 #include "matrix/arithmetic.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -90,31 +92,81 @@ bool produit_fini(TableMatrice& produit) {
     }
 }
 
-// Most products of elements that one power may cost, which is a second or so: an exponent such as 10^300
-// would hold the user for ever. A small exponent may cost more, if the matrix is that large.
-constexpr double kCoutMaximal = 5e8;
-constexpr double kPetitExposant = 100;
-
-// Multiplies the accumulator once by the starting matrix. `suivant` is room for the product.
-void multiplie_une_fois(TableMatrice& suivant) {
-    if (produit_fini(suivant))
-        matrices.matrice_travail.echange(suivant);
-    else
-        MultiplicationMatrice();
+// The same elements bit for bit; which undefined value it is makes no difference.
+bool identiques(const TableMatrice& a, const TableMatrice& b) {
+    const std::size_t n =
+        static_cast<std::size_t>(a.lignes()) * static_cast<std::size_t>(a.colonnes());
+    const double* x = a.elements();
+    const double* y = b.elements();
+    for (std::size_t i = 0; i < n; ++i)
+        if (std::bit_cast<std::uint64_t>(x[i]) != std::bit_cast<std::uint64_t>(y[i]) &&
+            !(std::isnan(x[i]) && std::isnan(y[i])))
+            return false;
+    return true;
 }
 
-// Multiplies the accumulator by the starting matrix until the power is reached, or refuses to.
+// The multiplications of one power: how far they are, and the accumulator as it was at a power of
+// two of them, by which a cycle is seen.
+struct Multiplications {
+    double total = 0;        // to be done
+    double faites = 0;       // done; stays exact, since the work ends long before 2^53
+    double cout = 0;         // products of elements so far
+    TableMatrice suivant;    // room for the next product
+    TableMatrice temoin;     // accumulator at the last power of two of multiplications
+    double temoin_a = 0;     // how many had been done then
+    bool cycle_vu = false;   // the rest of the work is less than one cycle
+};
+
+// Most products of elements that one power may cost, which is a second or two; a small exponent may
+// cost more, if the matrix is that large.
+constexpr double kCoutMaximal = 2e9;
+constexpr double kPetitExposant = 100;
+
+// Multiplies the accumulator once. Refuses, with failure 6, to go beyond the greatest cost: an
+// exponent such as 10^300 would hold the user for ever.
+void multiplie_une_fois(Multiplications& m) {
+    TableMatrice& travail = matrices.matrice_travail;
+    const double n = travail.lignes();
+    const double cout = std::max(n * n * n, 8.0);
+    if (m.cout + cout > kCoutMaximal && m.faites >= kPetitExposant) echoue(kDepassement);
+    m.cout += cout;
+    m.faites += 1;
+    if (produit_fini(m.suivant)) {
+        travail.echange(m.suivant);
+    } else {
+        m.cout += 16 * cout;
+        MultiplicationMatrice();
+    }
+}
+
+// Looks for a cycle. As each product follows from the one before alone, an accumulator that comes
+// back bit for bit (a fixed point is a cycle of one) comes back for ever: whole cycles are left
+// out. A failed product needs no other end: its infinite elements become a cycle, which shows no
+// box, within a few multiplications.
+void cherche_cycle(Multiplications& m) {
+    const double ecart = m.faites - m.temoin_a;
+    if (identiques(matrices.matrice_travail, m.temoin)) {
+        double reste = std::fmod(m.total, ecart) - std::fmod(m.faites, ecart);
+        if (reste < 0) reste += ecart;
+        m.total = m.faites + reste;
+        m.cycle_vu = true;
+    } else if (ecart >= m.temoin_a) {
+        m.temoin = matrices.matrice_travail;
+        m.temoin_a = m.faites;
+    }
+}
+
+// Multiplies the accumulator by the starting matrix until the power is reached.
 void multiplie(double total) noexcept {
     const int n = matrices.matrice_travail.lignes();
-    TableMatrice suivant;
-    if (!Tente(kPuissance, [&] {
-            const double cout = std::max(1.0 * n * n * n, 8.0);
-            if (total > kPetitExposant && total * cout > kCoutMaximal) echoue(kDepassement);
-            suivant = TableMatrice(n, n);
-        }))
-        return;
-    for (double faites = 0; faites < total; ++faites)
-        if (!Tente(kPuissance, [&] { multiplie_une_fois(suivant); })) return;
+    Multiplications m;
+    m.total = total;
+    if (!Tente(kPuissance, [&] { m.suivant = TableMatrice(n, n); })) return;
+    if (!Tente(kPuissance, [&] { m.temoin = matrices.matrice_travail; })) return;
+    while (m.faites < m.total) {
+        if (!Tente(kPuissance, [&] { multiplie_une_fois(m); })) return;
+        if (!m.cycle_vu && !Tente(kPuissance, [&] { cherche_cycle(m); })) return;
+    }
 }
 
 }  // namespace

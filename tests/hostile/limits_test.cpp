@@ -198,6 +198,12 @@ TEST_CASE("limits: a power without end is given up with one box") {
     CHECK(lues[6] == "C=2");
 }
 
+TEST_CASE("limits: a power that comes back to itself ends at once, however large") {
+    const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=100000000000001", "MB=MA^X"});
+    CHECK(boites().empty());
+    CHECK(lues.back() == "MB=MA^X =0,1;1,0 =2,2");
+}
+
 TEST_CASE("limits: a power of a million is calculated") {
     const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=1000001", "MB=MA^X"});
     CHECK(boites().empty());

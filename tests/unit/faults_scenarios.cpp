@@ -86,7 +86,7 @@ void ajoute_ouvertures(std::vector<Scenario>& tous) {
                     puis(kUn, {kFichierB, "tape \"X\""}),
                     {kRepondB, kOuvre},
                     {"XA=1", "B=1"},
-                    {kArret, kArret, {{kLecture}}}});
+                    {kSilence, kSilence, {{kLecture}}}});
     // The same; a copy that can't be written passes in silence too, and the sheet is left.
     tous.push_back({"open a recent file",
                     puis(deux(), {"choisit mnuQuitterItem", "redémarre", "tape \"U=1\""}),

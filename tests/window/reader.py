@@ -2,6 +2,7 @@
 on the braille line. Run as a program, this file is Orca itself with a log that is written line by
 line, so that what was said can be read at once."""
 import builtins
+import os
 import pathlib
 import re
 import subprocess
@@ -10,21 +11,28 @@ import time
 
 ORCA = "/usr/bin/orca"
 SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)'\s*\{")
+MARK = "### the reader is at rest "
 BRAILLE = re.compile(r"BRAILLE LINE:  '(.*)'")
-QUIET = 0.35    # seconds without a word: what an event makes the reader say has been said
+LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 
 
 class Reader:
     """One run of Orca."""
 
     def __init__(self, place):
-        self.log = pathlib.Path(place) / "orca.log"
+        place = pathlib.Path(place)
+        self.log = place / "orca.log"
         self.read = 0
-        output = pathlib.Path(place) / "orca.out"
+        self.marks = 0
+        self.pipe = place / "orca.marks"
+        os.mkfifo(self.pipe)
+        output = place / "orca.out"
         with open(output, "w", encoding="utf-8") as out:
-            self.process = subprocess.Popen([sys.executable, __file__, str(self.log)],
+            self.process = subprocess.Popen([sys.executable, __file__, str(self.log), str(self.pipe)],
                                             stdout=out, stderr=out)
-        if "Screen reader on." not in self.hear(lambda h: h.speech, 30).speech:
+        self.to_marks = open(self.pipe, "w", encoding="utf-8")
+        self.settle()
+        if "Screen reader on." not in self.heard().speech:
             raise RuntimeError("Orca says nothing: " + output.read_text(encoding="utf-8")[-2000:])
 
     def lines(self):
@@ -32,33 +40,41 @@ class Reader:
             return []
         return self.log.read_text(encoding="utf-8", errors="replace").splitlines()
 
-    def forget(self):
-        """What was heard until now is of no interest."""
-        self.settle()
-        self.read = len(self.lines())
-
-    def settle(self, limit=10.0):
-        """Waits until the reader's log stays as it is."""
-        end = time.monotonic() + limit
-        size, since = -1, time.monotonic()
+    def settle(self):
+        """Waits until the reader has nothing left to do: it writes a mark when all that had reached it
+        is said. The result is the number of lines up to the mark."""
+        self.marks += 1
+        self.to_marks.write(f"{self.marks}\n")
+        self.to_marks.flush()
+        mark = MARK + str(self.marks)
+        end = time.monotonic() + LIMIT
         while time.monotonic() < end:
-            now = self.log.stat().st_size if self.log.exists() else 0
-            if now != size:
-                size, since = now, time.monotonic()
-            elif time.monotonic() - since > QUIET:
-                return
+            lines = self.lines()
+            if mark in lines:
+                return lines.index(mark)
+            if self.process.poll() is not None:
+                raise RuntimeError("Orca has ended")
             time.sleep(0.02)
+        raise RuntimeError(f"Orca has not come to rest within {LIMIT} s")
 
-    def hear(self, enough, limit=10.0):
-        """What is heard from now on, as soon as `enough` says so, and all that comes with it."""
-        end = time.monotonic() + limit
-        while time.monotonic() < end and not enough(Heard(self.lines()[self.read:])):
-            time.sleep(0.02)
-        self.settle()
-        lines = self.lines()
-        heard = Heard(lines[self.read:])
-        self.read = len(lines)
+    def heard(self):
+        """What has been heard since the last time, when all of it is said."""
+        last = self.settle()
+        heard = Heard(self.lines()[self.read:last])
+        self.read = last
         return heard
+
+    def wait_for(self, enough, what):
+        """Waits until `enough` is true of what has been heard since the last time; returns all of it."""
+        end = time.monotonic() + LIMIT
+        while time.monotonic() < end:
+            last = self.settle()
+            heard = Heard(self.lines()[self.read:last])
+            if enough(heard):
+                self.read = last
+                return heard
+            time.sleep(0.02)
+        raise RuntimeError(f"{what} was not heard; heard: {heard.speech}")
 
     def end(self):
         if self.process.poll() is None:
@@ -78,16 +94,34 @@ class Heard:
         return sum(1 for said in self.speech if said.rstrip(".") == words.strip().rstrip("."))
 
 
-def run_orca(log):
+def answer_marks(pipe, write):
+    """Each line that comes through the pipe is answered by a mark in the log, once nothing of more
+    urgency is waiting: events that have arrived and what they make the reader say come first."""
+    from gi.repository import GLib
+
+    def asked(source, _condition):
+        for number in os.read(source, 4096).decode().split():
+            GLib.idle_add(lambda n=number: write(f"{MARK}{n}\n") and False, priority=GLib.PRIORITY_LOW)
+        return True
+
+    GLib.io_add_watch(os.open(pipe, os.O_RDWR | os.O_NONBLOCK), GLib.PRIORITY_LOW, GLib.IO_IN, asked)
+
+
+def run_orca(log, pipe):
     """Runs Orca in this process."""
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi
+    # Under load the program answers late: the reader waits rather than passing over what it asked for.
+    Atspi.set_timeout(int(LIMIT * 1000), int(LIMIT * 1000))
     plain_open = builtins.open
+    stream = plain_open(log, "w", buffering=1, encoding="utf-8", errors="replace")
 
-    def open_by_line(file, *arguments, **named):
-        if file == log:
-            return plain_open(file, "w", buffering=1, encoding="utf-8", errors="replace")
-        return plain_open(file, *arguments, **named)
+    def open_log(file, *arguments, **named):
+        return stream if file == log else plain_open(file, *arguments, **named)
 
-    builtins.open = open_by_line
+    builtins.open = open_log
+    answer_marks(pipe, stream.write)
     sys.argv = [ORCA, "--debug-file=" + log, "--enable", "speech", "--enable", "braille"]
     orca = {"__name__": "orca_program", "__file__": ORCA}
     exec(compile(plain_open(ORCA, encoding="utf-8").read(), ORCA, "exec"), orca)
@@ -97,4 +131,4 @@ def run_orca(log):
 
 
 if __name__ == "__main__":
-    run_orca(sys.argv[1])
+    run_orca(*sys.argv[1:3])

@@ -5,7 +5,8 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (Failed, children, expect, role, run, same, showing, text_of, wait, walk)
+from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
+                   wait_same, walk)
 
 BINARY, PLACE = sys.argv[1:3]
 
@@ -18,49 +19,30 @@ def read(path):
     return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
 
 
-def chooser(p):
-    """The file dialog that is open and has the focus, or None."""
-    d = p.dialog()
-    return d if d is not None and role(d) == "file chooser" and p.focused(d) is not None else None
-
-
-def name_line(p):
+def name_line(p, dialog):
     """The line for a name that has the focus in the file dialog, or None."""
-    d = chooser(p)
-    f = p.focused(d) if d is not None else None
+    f = p.focused(dialog)
     return f if f is not None and role(f) == "text" else None
+
+
+def accepts(dialog):
+    """The dialog has read the folder: until then it lets an Enter go by."""
+    return any(n.get_name() in ("Open", "Save") and has(n, Atspi.StateType.SENSITIVE)
+               for n in walk(dialog) if role(n) == "push button")
 
 
 def name_file(p, path):
     """Gives a path to the file dialog that is open or about to open."""
-    dialog = wait(lambda: chooser(p), "the file dialog")
-    if dialog.get_name() == "Ouvrir" and name_line(p) is None:
+    dialog = p.wait_dialog("file chooser")
+    if dialog.get_name() == "Ouvrir" and name_line(p, dialog) is None:
         p.type("/")                      # brings the line for a name
-    wait(lambda: name_line(p), "the line for the name")
+    wait(lambda: name_line(p, dialog), "the line for the name")
     p.key("Ctrl+A")
     p.type(str(path))
-    wait(lambda: (line := name_line(p)) and text_of(line) == str(path), "the name in its line")
-    # While it looks for names that begin so, the dialog lets an Enter go by.
-    for _ in range(5):
-        p.key("Entrée")
-        try:
-            return wait(lambda: not showing(dialog), "the end of the dialog", 1.0)
-        except Failed:
-            pass
-    raise Failed("the file dialog does not close")
-
-
-def words_of(dialog):
-    return [text_of(n) for n in walk(dialog) if role(n) == "label" and text_of(n)]
-
-
-def box(p, words):
-    """The box that says these words."""
-    return wait(lambda: (d := p.dialog()) and words in words_of(d) and d, f"a box that says {words!r}")
-
-
-def buttons(dialog):
-    return [n.get_name() for n in walk(dialog) if role(n) == "push button"]
+    wait_same(lambda: text_of(name_line(p, dialog)), str(path), "the name in its line")
+    wait(lambda: accepts(dialog), "the button that accepts the name")
+    p.key("Entrée")
+    wait(lambda: gone(dialog), "the end of the file dialog")
 
 
 def save_as(p):
@@ -84,10 +66,10 @@ def replaces_only_when_told(p):
     p.type("A=3")
     p.key("Ctrl+Maj+S")
     name_file(p, p.folder / "ancien.VXT")
-    d = box(p, "ancien.VXT existe déjà, le remplacer ?")
-    same(sorted(buttons(d)), ["Non", "Oui"], "buttons")
+    d = p.wait_box("ancien.VXT existe déjà, le remplacer ?")
+    same(sorted(buttons_of(d)), ["Non", "Oui"], "buttons")
     p.key("Alt+N")
-    wait(lambda: chooser(p), "the dialog again")
+    p.wait_dialog("file chooser")
     p.key("Échap")
     p.wait_no_dialog()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
@@ -101,9 +83,7 @@ def open_and_recent(p):
     p.type("Z=1")                        # an empty sheet would give way
     p.key("Ctrl+O")
     name_file(p, p.folder / "absent.VXT")
-    box(p, "absent.VXT : ce fichier n'existe pas")
-    p.key("Entrée")
-    wait(lambda: p.dialog() is None or role(p.dialog()) != "alert", "the end of the box")
+    p.close_box("absent.VXT : ce fichier n'existe pas")
     name_file(p, p.folder / "un.VXT")
     p.wait_sheet("A=1\né=2")
     p.wait_no_dialog()
@@ -113,11 +93,62 @@ def open_and_recent(p):
     p.wait_sheet("Z=1")
     p.key("F6")
     p.wait_sheet("A=1\né=2")
-    items = [n.get_name() for n in children(p.find("menu", "Fichier"))]
+    items = [n.get_name() for n in children(p.menu_named("Fichier"))]
     same(items[1], f"2 {p.folder}/un.VXT", "second item of the File menu")
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
     same(p.panel(2), "feuille 1", "panel 2")
+
+
+def recent_by_menu(p):
+    """A sheet of the last run stands in the File menu and opens from there."""
+    write(p.folder / "un.VXT", "A=1")
+    p.start(p.folder / "un.VXT")
+    p.wait_sheet("A=1")
+    p.key("Alt+Q")
+    same(p.wait_end(), 0, "exit status")
+    p.start()
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    items = [n.get_name() for n in children(p.menu_named("Fichier"))]
+    caption = next((i for i in items if i.endswith("un.VXT")), None)
+    expect(caption is not None, f"un.VXT isn't in the File menu: {items}")
+    p.menu("F", caption)
+    p.wait_sheet("A=1")
+    p.wait_text()
+    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
+
+
+def quit_saves_a_known_sheet(p):
+    """Yes writes a sheet that has a file into it, without another question."""
+    write(p.folder / "un.VXT", "A=1")
+    p.start(p.folder / "un.VXT")
+    p.type("B=2¶")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur un.VXT ?")
+    p.key("Alt+O")
+    same(p.wait_end(), 0, "exit status")
+    same((read(p.folder / "un.VXT"), read(p.folder / "un.bak")), ("B=2\nA=1\n", "A=1"),
+         "file and backup")
+
+
+def close_asks(p):
+    """Closing a changed sheet asks too; Cancel keeps it, No throws the change away."""
+    write(p.folder / "un.VXT", "A=1")
+    p.start(p.folder / "un.VXT")
+    p.type("B=2¶")
+    p.key("Ctrl+F4")
+    box = p.wait_box("enregistrer sur un.VXT ?")
+    same(sorted(buttons_of(box)), ["Annuler", "Non", "Oui"], "buttons")
+    p.key("Échap")
+    p.wait_text()
+    same(p.sheet(), "B=2\nA=1", "sheet")
+    p.key("Ctrl+F4")
+    p.wait_box("enregistrer sur un.VXT ?")
+    p.key("Alt+N")
+    p.wait_text()
+    p.wait_sheet("")
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    same(read(p.folder / "un.VXT"), "A=1", "file")
 
 
 def command_line(p):
@@ -132,16 +163,16 @@ def quit_asks(p):
     p.start()
     p.type("A=3")
     p.key("Alt+Q")
-    d = box(p, "enregistrer sur SANSTITRE.VXT ?")
+    d = p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     same(d.get_name(), "VOXTAB", "title of the box")
-    same(sorted(buttons(d)), ["Annuler", "Non", "Oui"], "buttons")
+    same(sorted(buttons_of(d)), ["Annuler", "Non", "Oui"], "buttons")
     p.key("Échap")
     p.wait_no_dialog()
     same(p.sheet(), "A=3", "sheet")
     p.key("F5")
     wait(lambda: p.panel(1) == "Entier Degré", "panel 1")
     p.key("Alt+Q")
-    box(p, "enregistrer sur SANSTITRE.VXT ?")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     p.key("Alt+N")
     same(p.wait_end(), 0, "exit status")
     same((p.folder / "VOXTAB.INI").stat().st_size, 22 * 267, "size of the settings file")
@@ -155,7 +186,7 @@ def quit_saves(p):
     write(p.folder / "x.VXT", "")
     p.type("A=3")
     p.key("Alt+Q")
-    box(p, "enregistrer sur SANSTITRE.VXT ?")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     p.key("Alt+O")
     name_file(p, p.folder / "neuf.VXT")
     same(p.wait_end(), 0, "exit status")
@@ -191,5 +222,6 @@ def installed_for_everybody(p):
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, command_line, quit_asks, quit_saves,
-     close_box, installed_for_everybody], BINARY, PLACE)
+run([save_as, replaces_only_when_told, open_and_recent, recent_by_menu, command_line, quit_asks,
+     quit_saves, quit_saves_a_known_sheet, close_asks, close_box, installed_for_everybody],
+    BINARY, PLACE)

@@ -1,10 +1,12 @@
 """Printing: the text of the pages, read back from the PDF file that stands in for the printer."""
+import re
 import subprocess
 import sys
 
-from pilot import Failed, run, same, wait
+from pilot import Failed, expect, run, same, wait
 
 BINARY, PLACE = sys.argv[1:3]
+EDGE = 18    # points at the left of a page that a printer leaves free
 
 
 def pages(pdf):
@@ -15,9 +17,11 @@ def pages(pdf):
             for page in text.split("\f")[:-1]]
 
 
-def font_sizes(pdf):
-    """The fonts of the file, as its own table names them."""
-    return subprocess.run(["pdffonts", str(pdf)], check=True, capture_output=True, text=True).stdout
+def left_edges(pdf):
+    """Where each word begins, in points from the left edge of the page, by word."""
+    boxes = subprocess.run(["pdftotext", "-bbox", str(pdf), "-"], check=True, capture_output=True,
+                           text=True).stdout
+    return {word: float(x) for x, word in re.findall(r'<word xMin="([\d.]+)"[^>]*>([^<]*)</word>', boxes)}
 
 
 def printed(p, pdf):
@@ -35,12 +39,45 @@ def printed(p, pdf):
 def a_sheet(p):
     pdf = p.folder / "essai.pdf"
     p.start(f"--imprime-vers={pdf}")
-    p.type("A=3¶été 2²")
+    p.type("A=3¶! été 2²")
     p.key("Alt+C")
-    wait(lambda: "=" in p.message() or p.message(), "the result")
-    lines = p.sheet().split("\n")
+    p.wait_message("! été 2²")
     same([[line.strip() for line in page] for page in printed(p, pdf)],
-         [[line.strip() for line in lines]], "pages")
+         [["A=3 = 3", "! été 2²"]], "pages")
+
+
+def the_margin(p):
+    """Every line begins behind five blanks: five blanks of the sheet's own begin as far again."""
+    pdf = p.folder / "marge.pdf"
+    sheet = p.folder / "marge.VXT"
+    sheet.write_bytes(b"premier\r\n     second\r\n")
+    p.start(f"--imprime-vers={pdf}", sheet)
+    printed(p, pdf)
+    edges = left_edges(pdf)
+    blanks = edges["second"] - edges["premier"]
+    expect(blanks > 10 and abs(edges["premier"] - blanks - EDGE) < 1, f"left edges: {edges}")
+
+
+def form_feeds(p):
+    """A form feed ends its page, and the one behind the sheet makes no page more."""
+    pdf = p.folder / "pages.pdf"
+    sheet = p.folder / "pages.VXT"
+    sheet.write_bytes(b"un\x0cdeux\r\ntrois\r\n")
+    p.start(f"--imprime-vers={pdf}", sheet)
+    same([[line.strip() for line in page] for page in printed(p, pdf)], [["un"], ["deux", "trois"]],
+         "pages")
+
+
+def not_in_key_help(p):
+    pdf = p.folder / "aide.pdf"
+    p.start(f"--imprime-vers={pdf}")
+    p.type("A=3")
+    p.key("F1")
+    p.key("Ctrl+P")
+    p.wait_message("imprimer un fichier")
+    p.key("F1")
+    p.wait_sheet("A=3")
+    expect(not pdf.exists(), "it was printed")
 
 
 def a_long_sheet(p):
@@ -56,4 +93,4 @@ def a_long_sheet(p):
     same([line.strip() for page in seen for line in page], [f"ligne {i}" for i in range(1, 301)], "lines")
 
 
-run([a_sheet, a_long_sheet], BINARY, PLACE)
+run([a_sheet, the_margin, form_feeds, a_long_sheet, not_in_key_help], BINARY, PLACE)

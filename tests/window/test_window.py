@@ -1,26 +1,21 @@
-"""The window: what it shows at its start, its menus, its views, its keys."""
-import os
+"""The window: what it shows at its start, its menus, its views, its number modes, its key help."""
 import re
 import subprocess
 import sys
 
-from pilot import (Atspi, children, expect, has, role, run, same, showing, text_of, wait, walk)
+from pilot import (Atspi, children, expect, has, role, run, same, showing, wait, wait_same, walk)
 
 BINARY, PLACE, LIST_MENUS = sys.argv[1:4]
 
 
-def buttons(p):
-    """The buttons that can be seen, from left to right."""
-    return [n.get_name() for n in walk(p.window()) if role(n) == "push button" and showing(n)]
+def menu_table():
+    """Rows of the menu table: menu, name, caption, shortcut, words of the key help."""
+    rows = subprocess.run([LIST_MENUS], check=True, capture_output=True, text=True).stdout
+    return [row.split("\t") for row in rows.splitlines()]
 
 
 def radios(p):
     return {n.get_name(): n for n in walk(p.window()) if role(n) == "radio button" and showing(n)}
-
-
-def lines_of_list(p):
-    table = p.find("table", "Couleurs")
-    return [n.get_name() for n in walk(table) if role(n) == "table cell"]
 
 
 def start(p):
@@ -31,11 +26,12 @@ def start(p):
     same(p.panel(2), "feuille 1", "panel 2")
     expect(re.fullmatch(r"\d\d:\d\d", p.panel(3)), f"panel 3 is {p.panel(3)!r}")
     expect(re.fullmatch(r"\d\d/\d\d/\d{4}", p.panel(4)), f"panel 4 is {p.panel(4)!r}")
-    same(buttons(p), ["Modif. texte", "Quitter"], "buttons")
-    same(p.focused().get_name(), "Feuille", "focus")
+    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    same(p.focus_name(), "Feuille", "focus")
     expect(has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
     expect(showing(p.text()), "the sheet can't be seen")
     same(p.message(), "", "message")
+    same(p.dialog(), None, "box")
 
 
 def binding(item):
@@ -49,14 +45,13 @@ def binding(item):
 def menus(p):
     """Every menu, caption and shortcut, from the accessibility tree, against the table."""
     p.start()
-    rows = subprocess.run([LIST_MENUS], check=True, capture_output=True, text=True).stdout
-    table = [row.split("\t")[:4] for row in rows.splitlines()]
-    bar = p.find("menu bar")
+    table = [row[:4] for row in menu_table()]
+    expect(len(table) >= 47, f"only {len(table)} items in the table")
     names = list(dict.fromkeys(row[0].replace("&", "") for row in table))
-    same([menu.get_name() for menu in children(bar)], names, "menus")
+    same([menu.get_name() for menu in children(p.menu_bar())], names, "menus")
     state = {"mnuColonneMatrice": "affichage matrice ligne/colonne : en ligne",
              "mnuLigneStat": "résultat statistique restreint/complet : complet"}
-    for menu in children(bar):
+    for menu in children(p.menu_bar()):
         items = [item for item in children(menu) if role(item) != "separator"]
         if menu.get_name() == "Fichier":
             same(items[0].get_name(), "1 SANSTITRE.VXT", "first item of the File menu")
@@ -65,6 +60,30 @@ def menus(p):
         same([item.get_name() for item in items],
              [state.get(row[1], row[2].replace("&", "")) for row in wanted], "captions")
         same([binding(item) for item in items], [row[3] for row in wanted], "shortcuts")
+        marks = [row[1] for item, row in zip(items, wanted) if role(item) == "check menu item"]
+        same(marks, ["mnuDerniereFeuilleItem"] if menu.get_name() == "Options" else [], "check items")
+
+
+def every_menu_by_keyboard(p):
+    """F10 and the arrows lead through every menu and every item; Escape leads back to the text."""
+    p.start()
+    p.key("F10")
+    seen = []
+    for menu in children(p.menu_bar()):
+        wait(lambda m=menu: has(m, Atspi.StateType.SELECTED), f"the menu {menu.get_name()}")
+        if not seen:
+            p.key("Bas")      # opens the first one; the arrow to the right then opens the next
+        seen.append(menu.get_name())
+        names = [n.get_name() for n in children(menu) if role(n) != "separator" and
+                 has(n, Atspi.StateType.SENSITIVE)]
+        for name in names:
+            wait_same(lambda m=menu: p.chosen(m), name, "item")
+            p.key("Bas")
+        p.key("Droite")
+    same(len(seen), 6, "menus")
+    p.key("Échap")
+    p.key("Échap")
+    p.wait_text()
 
 
 def calculation(p):
@@ -84,38 +103,62 @@ def calculation(p):
     p.wait_sheet("A=3 = 3\nB=A*2 = 6\nZ= 9")
 
 
+def an_error_in_a_line(p):
+    """The error's words stand behind the line and in the message line; the rest is left as it is."""
+    p.start()
+    p.type("A=3¶B=A/0¶C=4")
+    p.key("Alt+C")
+    p.wait_message("B=A/0 = division par 0")
+    lines = p.sheet().split("\n")
+    same(lines, ["A=3 = 3", "B=A/0 = division par 0", "C=4"], "lines")
+
+
 def number_modes(p):
     p.start()
     p.type("10/4")
-    p.key("F5")
-    p.wait_sheet("10/4 = 2")
-    same(p.panel(1), "Entier Degré", "panel 1")
-    p.key("Ctrl+F7")
-    wait(lambda: p.panel(1) == "Puissance 10 Degré", "panel 1")
-    p.key("Maj+F7")
-    wait(lambda: p.panel(1) == "Hexadécimal Degré", "panel 1")
-    p.key("F7")
-    p.wait_sheet("10/4 = 2.5")
-    same(p.panel(1), "Flottant Degré", "panel 1")
+    for key, result, panel in (("F5", "10/4 = 2", "Entier Degré"),
+                               ("Ctrl+F7", "10/4 = 2.5E00", "Puissance 10 Degré"),
+                               ("Maj+F7", "10/4 = 2", "Hexadécimal Degré"),
+                               ("F7", "10/4 = 2.5", "Flottant Degré")):
+        p.key(key)
+        p.wait_sheet(result)
+        wait_same(lambda: p.panel(1), panel, "panel 1")
 
 
 def decimals(p):
     p.start()
     p.type("1/3")
     p.key("Ctrl+F5")
-    box = p.wait_dialog()
-    entry = wait(lambda: p.focused(box), "the focus in the box")
-    same((entry.get_name(), text_of(entry)), ("Nombre de décimal", "2"), "entry box")
-    p.type("101")
-    p.key("Entrée")
-    wait(lambda: any(role(n) == "label" and text_of(n) == "nombre de décimal maximum est de 100"
-                     for n in walk(p.app)), "the box of the limit")
-    p.key("Entrée")
-    entry = wait(lambda: (d := p.dialog()) and p.focused(d), "the entry box again")
-    p.type("4")
-    p.key("Entrée")
-    p.wait_no_dialog()
+    p.entry("Nombre de décimal", "2", "101")
+    p.close_box("nombre de décimal maximum est de 100")
+    p.entry("Nombre de décimal", "2", "4")
+    p.wait_text()
     p.wait_sheet("1/3 = 0.3333")
+    p.key("Ctrl+F5")
+    p.wait_entry("Nombre de décimal", "4")
+    p.key("Échap")
+    p.wait_text()
+    p.wait_sheet("1/3 = 0.3333")
+
+
+def layouts(p):
+    """The two items that tell their state in their caption, and the one with a check mark."""
+    p.start()
+    for caption, message in (("affichage matrice ligne/colonne : en ligne", "en colonne"),
+                             ("affichage matrice ligne/colonne : en colonne", "en ligne"),
+                             ("résultat statistique restreint/complet : complet", "affichage restreint"),
+                             ("Résultat statistique restreint/complet : restreint", "affichage complet")):
+        p.menu("O", caption)
+        p.wait_text()
+        p.wait_message(message)
+    names = [n.get_name() for menu in children(p.menu_bar()) for n in children(menu)]
+    expect("Résultat statistique restreint/complet : complet" in names, f"captions: {names}")
+    mark = next(n for menu in children(p.menu_bar()) for n in children(menu)
+                if role(n) == "check menu item")
+    expect(not has(mark, Atspi.StateType.CHECKED), "the item has its mark already")
+    p.menu("O", "Affichage dernière feuille au lancement")
+    p.wait_text()
+    wait(lambda: has(mark, Atspi.StateType.CHECKED), "the mark")
 
 
 def angle_view(p):
@@ -126,7 +169,7 @@ def angle_view(p):
     same(list(options), ["degré", "Radian", "grade"], "options")
     wait(lambda: has(options["degré"], Atspi.StateType.FOCUSED), "the focus in the option")
     expect(has(options["degré"], Atspi.StateType.CHECKED), "degré isn't chosen")
-    same(buttons(p), ["Retour à la feuille", "Quitter"], "buttons")
+    same(p.buttons(), ["Retour à la feuille", "Quitter"], "buttons")
     expect(not showing(p.text()), "the sheet can be seen")
     p.key("Bas")
     p.key("Bas")
@@ -134,115 +177,91 @@ def angle_view(p):
     p.key("Entrée")
     p.wait_sheet("SIN(100) = 1")
     same(p.panel(1), "Flottant Grade", "panel 1")
-    wait(lambda: p.focused().get_name() == "Feuille", "the focus back in the text")
-    same(buttons(p), ["Modif. texte", "Quitter"], "buttons")
+    p.wait_text()
+    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    p.key("F8")                       # and left by its button, reached with Tab
+    wait(lambda: has(radios(p)["grade"], Atspi.StateType.FOCUSED), "the focus in the option")
+    p.key("Haut")
+    wait(lambda: has(radios(p)["Radian"], Atspi.StateType.CHECKED), "the option Radian")
+    p.key("Tab")
+    wait_same(p.focus_name, "Retour à la feuille", "focus")
+    p.key("Espace")
+    p.wait_text()
+    same(p.panel(1), "Flottant Radian", "panel 1")
 
 
-def colour_view(p):
-    p.start()
-    p.key("Alt+O")
-    for _ in range(9):
-        p.key("Bas")
-    p.key("Entrée")
-    wait(lambda: showing(p.find("table", "Couleurs")), "the list")
-    lines = lines_of_list(p)
-    same((len(lines), lines[0], lines[16]),
-         (17, "Choisissez une couleur des caractères", "Blanc pur"), "list")
-    same(buttons(p), ["OK", "Annuler"], "buttons")
-    for _ in range(7):
-        p.key("Bas")
-    p.key("Entrée")
-    wait(lambda: lines_of_list(p)[0] == "Choisissez une couleur d'arrière plan", "the second list")
-    p.key("Échap")
-    wait(lambda: showing(p.text()), "the sheet")
-    wait(lambda: p.focused().get_name() == "Feuille", "the focus back in the text")
-    same(buttons(p), ["Modif. texte", "Quitter"], "buttons")
-
-
-def functions_and_guide(p):
+def functions_guide_and_about(p):
     p.start()
     p.type("A=3")
-    p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
-    same(len(p.sheet().split("\n")), 41, "number of functions")
-    expect(not has(p.text(), Atspi.StateType.EDITABLE), "the list can be written")
-    same(buttons(p), ["Calculatrice", "Quitter"], "buttons")
-    p.key("X")
-    p.key("Échap")
-    p.wait_sheet("A=3")
-    expect(has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
-    p.wait_message("A=3")
-    p.key("Alt+question")
-    p.key("G")
-    wait(lambda: p.sheet().startswith("VOXTAB, calculatrice"), "the guide")
-    p.key("Échap")
-    p.wait_sheet("A=3")
+    for open_it, first, lines in ((lambda: p.key("Alt+F1"), "PI ", 41),
+                                  (lambda: p.menu("question", "Guide"), "VOXTAB, calculatrice", 20),
+                                  (lambda: p.menu("question", "A propos"), "VOXTAB Version 2.02", 4)):
+        open_it()
+        wait(lambda f=first: p.sheet().startswith(f), f"a text that begins with {first!r}")
+        p.wait_text()
+        count = len(p.sheet().split("\n"))
+        expect(count == lines or (lines == 20 and count > 20), f"{count} lines from {first!r} on")
+        wait(lambda f=first: p.message().startswith(f.strip()), "the first line in the message line")
+        expect(not has(p.text(), Atspi.StateType.EDITABLE), "the text can be written")
+        same(p.buttons(), ["Calculatrice", "Quitter"], "buttons")
+        before = p.sheet()
+        p.type("X")
+        same(p.sheet(), before, "text")
+        p.key("Échap")
+        p.wait_sheet("A=3")
+        p.wait_text()
+        expect(has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
+        p.wait_message("A=3")
+        same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+
+
+def about_words(p):
+    p.start()
+    p.menu("question", "A propos")
+    p.wait_sheet("VOXTAB Version 2.02\nDécembre 2008\nL'équipe Voxtab\n"
+                 "Contact : voir le fichier lisezmoi.txt")
 
 
 def key_help(p):
+    """Every item with a key tells what it does and does nothing; so do the keys of the text."""
     p.start()
     p.type("A=3")
     p.key("F1")
     p.wait_message("Aide Mémoire des touches")
     p.wait_sheet("")
-    for key, words in (("F7", "Flottant"), ("K", "aucune fonction"), ("Alt+C", "calcul de la feuille"),
-                       ("Ctrl+S", "enregistrer un fichier"), ("Ctrl+Entrée",
-                       "calcul de toutes les lignes en colonne"),
-                       ("Ctrl+Maj+S", "enregistrer sous un autre nom")):
+    keys = [(row[3], row[4]) for row in menu_table() if row[3] and row[4]]
+    expect(len(keys) >= 25, f"only {len(keys)} keys in the table")
+    keys += [("Alt+C", "calcul de la feuille"), ("AltGr+C", "calcul de la feuille"),
+             ("Alt+R", "Rechercher depuis le curseur"), ("Alt+Gauche", "chaine à gauche"),
+             ("Alt+Droite", "chaine à droite"), ("Alt+F1", "Liste des fonctions"),
+             ("Ctrl+Entrée", "calcul de toutes les lignes en colonne"),
+             ("Ctrl+Maj+S", "enregistrer sous un autre nom"), ("Alt+M", "Remplacement sur le texte"),
+             ("Alt+Q", "quitter la calculatrice"), ("K", "aucune fonction")]
+    for key, words in keys:
+        if key == "F1":
+            continue
         p.key(key)
-        p.wait_message(words)
-    same(p.panel(1), "Flottant Degré", "panel 1")
+        wait_same(lambda: p.message().strip(), words, f"words of {key}")
+        same((p.dialog(), p.sheet(), p.panel(1)), (None, "", "Flottant Degré"), f"after {key}")
+    for key in ("Fin", "Maj", "Ctrl"):
+        p.key(key)
+        same(p.message().strip(), "aucune fonction", f"words of {key}")
     p.key("F1")
     p.wait_sheet("A=3")
     p.wait_message("A=3")
+    p.type("4")
+    p.wait_sheet("A=34")
 
 
-def refused_characters(p):
+def escape_in_the_sheet(p):
+    """Escape does nothing there, and the sheet isn't changed by it."""
     p.start()
-    p.type("A=5−3¶2π")
-    p.wait_sheet("A=5-3\n2PI")
-    p.type("≤")
-    p.wait_message("caractère refusé U+2264")
-    same(p.sheet(), "A=5-3\n2PI", "sheet")
+    p.key("Échap")
+    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    p.key("Alt+Q")
+    same(p.wait_end(), 0, "exit status")
 
 
-def french_keyboard(p):
-    """AltGr types the signs of a French keyboard, and with C it calculates."""
-    p.start()
-    subprocess.run(["setxkbmap", "fr"], check=True)
-    try:
-        p.type("!")
-        for key in ("AltGr+parenright", "AltGr+quotedbl", "AltGr+apostrophe", "AltGr+eacute"):
-            p.key(key)
-        p.type("¶7*6")
-        p.wait_sheet("!]#{~\n7*6")
-        p.key("AltGr+C")
-        p.wait_sheet("!]#{~\n7*6 = 42")
-    finally:
-        subprocess.run(["setxkbmap", "us"], check=True)
-
-
-def clipboard(p):
-    p.start()
-    p.type("A=3¶B=4")
-    p.key("Ctrl+A")
-    p.key("Ctrl+X")
-    p.wait_sheet("")
-    p.key("Ctrl+V")
-    p.wait_sheet("A=3\nB=4")
-    p.key("Ctrl+V")
-    p.wait_sheet("A=3\nB=4A=3\nB=4")
-
-
-def no_display(p):
-    """Without a display: one French sentence and status 1."""
-    env = {name: value for name, value in os.environ.items()
-           if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
-    done = subprocess.run([BINARY], env=env, capture_output=True, text=True, check=False)
-    same(done.returncode, 1, "exit status")
-    expect("aucun écran" in done.stderr, f"it says {done.stderr!r}")
-    p.log.write_text("", encoding="utf-8")
-
-
-run([start, menus, calculation, number_modes, decimals, angle_view, colour_view,
-     functions_and_guide, key_help, refused_characters, french_keyboard, clipboard, no_display], BINARY, PLACE)
+run([start, menus, every_menu_by_keyboard, calculation, an_error_in_a_line, number_modes, decimals,
+     layouts, angle_view, functions_guide_and_about, about_words, key_help, escape_in_the_sheet],
+    BINARY, PLACE)

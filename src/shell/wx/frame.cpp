@@ -167,11 +167,13 @@ void Cadre::refuse_caractere(char32_t caractere) {
 void Cadre::touche_avant(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     enfoncees_.insert(frappe.touche);
+    touche_du_bouton_ = 0;
     if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
         evenement_menu(item);
         return;
     }
     if (const Controle* bouton = bouton_de(frappe)) {
+        touche_du_bouton_ = frappe.touche;
         evenement_clic(bouton->nom);
         return;
     }
@@ -185,11 +187,13 @@ void Cadre::touche_avant(wxKeyEvent& e) {
     if (nom != "txt" || !touche_reservee(frappe)) e.Skip();
 }
 
-// The release of a combination whose press went to a box or a dialog is not the window's.
+// The release of a combination whose press went to a box or a dialog is not the window's, and that of a
+// button's access key is the button's: in the key help only one of the two keys may answer for both.
 void Cadre::touche_relachee(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     const bool a_nous = enfoncees_.erase(frappe.touche) != 0;
-    if (a_nous || (!frappe.alt && !frappe.ctrl)) evenement_touche("txt", frappe);
+    const bool au_bouton = frappe.touche == touche_du_bouton_;
+    if (!au_bouton && (a_nous || (!frappe.alt && !frappe.ctrl))) evenement_touche("txt", frappe);
     e.Skip();
 }
 

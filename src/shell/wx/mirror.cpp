@@ -72,8 +72,13 @@ void Cadre::montre_couleurs() {
     if (couleur_vue_ == fenetre.txt_couleur && fond_vu_ == fenetre.txt_fond) return;
     couleur_vue_ = fenetre.txt_couleur;
     fond_vu_ = fenetre.txt_fond;
-    txt_->SetForegroundColour(couleur_wx(couleur_vue_));
-    txt_->SetBackgroundColour(couleur_wx(fond_vu_));
+    const wxColour caracteres = couleur_wx(couleur_vue_);
+    const wxColour fond = couleur_wx(fond_vu_);
+    txt_->SetForegroundColour(caracteres);
+    txt_->SetBackgroundColour(fond);
+    // The toolkit gives each piece of text the colours of the moment when it came, to keep.
+    txt_->SetDefaultStyle(wxTextAttr(caracteres, fond));
+    txt_->SetStyle(0, txt_->GetLastPosition(), wxTextAttr(caracteres, fond));
     message_->SetForegroundColour(couleur_wx(fenetre.LblMessage_couleur));
 }
 

@@ -21,7 +21,6 @@
 
 namespace {
 
-constexpr int kImprimante = 482;       // number of a printer's failure, as the user hears it
 constexpr double kMargeHaut = 28;      // points left free above and below the text
 
 struct LibereObjet {
@@ -111,16 +110,16 @@ bool tire(Tirage& tirage) {
                                    nullptr) != GTK_PRINT_OPERATION_RESULT_ERROR;
 }
 
-// The text on the printer, or its failure. What goes wrong is told in words too: the number alone
-// tells nobody that no printer is there.
+// The text on the printer. What goes wrong is told here, in words, and so it goes no further: the number
+// that a failure is told by would be a second box, and tells nobody that no printer is there.
 int imprime(const std::string& texte, const std::string& police, double taille) {
     ouvre_modal();
     const bool choisie = imprimante.reglages || !imprimante.fichier_pdf.empty();
     const wxFont fonte = police_wx({police, taille, false});
     Tirage tirage{texte, fonte.GetNativeFontInfoDesc().utf8_string()};
-    if ((choisie || imprimante_presente()) && tire(tirage)) return 0;
-    port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
-    return kImprimante;
+    if ((!choisie && !imprimante_presente()) || !tire(tirage))
+        port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
+    return 0;
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ vraie fenêtre, en français, avec le lecteur d'écran Orca 43. Écrit par tests
 À chaque pas : les touches, puis une ligne par parole entendue, puis la ligne braille à la fin du pas.
 L'écho des touches et des caractères tapés n'est pas noté. Dans la ligne braille, $l ferme une zone de texte.
 """
-KEY_NAMES = ("alt gauche", "alt droite", "contrôle gauche", "maj gauche", "maj droite", "entrée", "échappement", "tabulation",
+KEY_NAMES = ("alt gauche", "alt droite", "contrôle gauche", "maj gauche", "maj droite", "entrée", "échap", "tabulation",
              "retour", "haut", "bas", "gauche", "droite", "espace", "arrière", "suppression", "fin",
              "virgule", "point-virgule", "point", "plus", "égal à", "parenthèse ouvrante",
              "parenthèse fermante")
@@ -152,7 +152,98 @@ def path(newcomer):
     same(len(steps), 20, "steps in README.md")
     for number, step in enumerate(steps, 1):
         note(f"{number}.", step, newcomer.do(step))
+    end(newcomer)
+
+
+def press(newcomer, step, key, *wanted):
+    """A key, and what it makes the reader say; each text wanted is heard once."""
+    hearing = Hearing(newcomer.reader)
+    newcomer.program.key(key)
+    hearing.settle(*wanted)
+    for words in wanted:
+        same(count(hearing.speech, words), 1, f"times that {words!r} is heard in {hearing.speech}")
+    note(step, key, hearing)
+    return hearing
+
+
+def answer_search(newcomer, words, found):
+    """F3, the words, Enter: the line found is heard once."""
+    press(newcomer, "", "F3", "Recherche texte")
+    newcomer.program.wait_dialog()
+    hearing = Hearing(newcomer.reader)
+    newcomer.program.type(words)
+    newcomer.program.key("Entrée")
+    newcomer.program.wait_text()
+    hearing.settle(found)
+    same(count(hearing.speech, found), 1, f"times that {found!r} is heard in {hearing.speech}")
+    note("", f"{words}, Entrée", hearing)
+
+
+def begin(newcomer, title, *typed):
+    """A program with a small sheet, and a heading in the record."""
+    record.append(f"\n{title}\n")
+    hearing = Hearing(newcomer.reader)
+    newcomer.program.start()
+    hearing.settle("Feuille texte")
+    newcomer.program.type("¶".join(typed))
+    hearing.settle()
+    note("", "./run, et l'on tape " + " Entrée ".join(typed), hearing)
+
+
+def end(newcomer):
+    """Quits without saving what was typed."""
     newcomer.program.key("Alt+Q")
+    if newcomer.program.running():
+        newcomer.program.wait_dialog()
+        newcomer.program.key("Alt+N")
+    newcomer.program.wait_end()
+    newcomer.reader.heard()
+
+
+def guide(newcomer):
+    """The guide by README's keys, its first lines one by one, a chapter, and back to the sheet's line."""
+    begin(newcomer, "LE GUIDE", "A=2", "A+1", "A+2")
+    press(newcomer, "", "Haut", "A+1")
+    press(newcomer, "", "F10")
+    press(newcomer, "", "Gauche")
+    for _ in range(3):
+        if newcomer.program.chosen(newcomer.program.open_menu()) == "Guide":
+            break
+        press(newcomer, "", "Bas")
+    lines = read("data/aide.txt")
+    press(newcomer, "", "Entrée", lines[0])
+    for line in lines[1:60]:
+        press(newcomer, "", "Bas", *([line] if line else []))
+    answer_search(newcomer, "chapitre 8", next(line for line in lines if line.startswith("CHAPITRE 8 ")))
+    press(newcomer, "", "Échap", "A+1")
+    end(newcomer)
+
+
+def functions(newcomer):
+    """The list of functions, one looked for and heard."""
+    begin(newcomer, "LA LISTE DES FONCTIONS", "2+3")
+    lines = read("data/fonction.txt")
+    press(newcomer, "", "Alt+F1", lines[0])
+    for line in lines[1:4]:
+        press(newcomer, "", "Bas", line)
+    answer_search(newcomer, "racine cubique", next(line for line in lines if "racine cubique" in line))
+    press(newcomer, "", "Échap", "2+3")
+    end(newcomer)
+
+
+def key_help(newcomer):
+    """Ten keys say what they do; the sheet is as it was."""
+    begin(newcomer, "L'AIDE MÉMOIRE DES TOUCHES", "2+3")
+    press(newcomer, "", "F1", "Aide Mémoire des touches")
+    for key, words in (("Alt+C", "calcul de la feuille"), ("Ctrl+R", "Resultat de la ligne"),
+                       ("Ctrl+S", "enregistrer un fichier"), ("Ctrl+O", "ouvrir un fichier"),
+                       ("Ctrl+N", "nouveau fichier"), ("F3", "recherche depuis le début du texte"),
+                       ("F5", "Entier"), ("F8", "Unité d'angle"), ("K", "aucune fonction"),
+                       ("Alt+Q", "quitter la calculatrice")):
+        press(newcomer, "", key, words)
+    press(newcomer, "", "F1", "2+3")
+    newcomer.program.wait_sheet("2+3")
+    end(newcomer)
 
 
 def write_record():
@@ -164,7 +255,7 @@ def write_record():
 def main():
     newcomer = Newcomer()
     try:
-        for part in (path,):
+        for part in (path, guide, functions, key_help):
             part(newcomer)
         same(newcomer.program.errors(), [], "what the toolkit complains about")
     finally:

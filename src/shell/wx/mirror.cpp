@@ -114,7 +114,8 @@ void Cadre::montre_focus() {
 
 // Each message once; the label keeps the last one. A control that is about to get the focus is read by
 // itself, with its line and with what was told to it before: that is when the messages are heard, and
-// the line is not told twice.
+// the line is not told twice. A reader that is in a menu while the cursor moves follows it to the text and
+// reads nothing there: then the line is told.
 void Cadre::dit_messages(bool focus_present) {
     if (messages_.empty()) return;
     const std::vector<std::string> messages = std::exchange(messages_, {});
@@ -124,7 +125,9 @@ void Cadre::dit_messages(bool focus_present) {
     std::string ensemble;
     for (const std::string& message : messages) {
         if (focus_present) annonce(*voix, message);
-        if (voix == txt_ && sans_blancs(message) == sans_blancs(ligne_du_curseur())) continue;
+        if (voix == txt_ && !lecteur_rappele_ &&
+            sans_blancs(message) == sans_blancs(ligne_du_curseur()))
+            continue;
         (ensemble += ensemble.empty() ? "" : ", ") += message;
     }
     if (!focus_present && !ensemble.empty()) annonce(*voix, ensemble);
@@ -149,7 +152,7 @@ void Cadre::montre() {
     montre_couleurs();
     montre_liste();
     montre_options();
-    zone_->ecrit();
+    lecteur_rappele_ = zone_->ecrit() && lecteur_ailleurs_ && IsActive();
     place_fenetre();
     if (!IsShown()) Show();
     const bool present = focus_en_place();

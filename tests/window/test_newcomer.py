@@ -87,9 +87,10 @@ class Newcomer:
 
     def __init__(self):
         self.reader = Reader(PLACE)
-        self.program = Program(BINARY, PLACE)
         if START:
-            self.program.command = START
+            (pathlib.Path(PLACE) / "programme").mkdir()     # the program stays where it is installed
+        self.program = Program(BINARY, PLACE)
+        self.program.command = START
 
     def do(self, step):
         """One step: each key is finished before the next one, as a listener does."""

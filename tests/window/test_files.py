@@ -35,8 +35,6 @@ def accepts(dialog):
 def name_file(p, path):
     """Gives a path to the file dialog that is open or about to open."""
     dialog = p.wait_dialog("file chooser")
-    if dialog.get_name() == "Ouvrir" and name_line(p, dialog) is None:
-        p.type("/")                      # brings the line for a name
     wait(lambda: name_line(p, dialog), "the line for the name")
     p.key("Ctrl+A")
     p.type(str(path))
@@ -99,6 +97,60 @@ def open_and_recent(p):
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
     wait_same(lambda: p.panel(2), "feuille 1", "panel 2")
+
+
+def documents(p):
+    """An empty folder of the user's, where the dialogs begin. It has no dot: a path is cut behind one."""
+    folder = p.folder / "documents"
+    folder.mkdir()
+    return folder
+
+
+def open_by_name(p):
+    """To open, a name is typed at once; what is typed stands in the line, though a file is called so."""
+    folder = documents(p)
+    write(folder / "un.VXT", "A=1\n")
+    write(folder / "une.VXT", "A=2\n")
+    p.start(environment={"HOME": str(folder)})
+    for typed, title in (("une", "une"), ("un.VXT", "un")):
+        p.key("Ctrl+O")
+        dialog = p.wait_dialog("file chooser")
+        line = wait(lambda: name_line(p, dialog), "the line for the name")
+        same(line.get_name(), "Nom du fichier", "name of the line")
+        p.type(typed)
+        wait(lambda: accepts(dialog), "the button that accepts the name")
+        same(text_of(line), typed, "what stands in the line")
+        p.key("Entrée")
+        wait(lambda: p.title() == f"VOXTAB {folder}/{title}.VXT", "the title")
+        p.wait_no_dialog()
+
+
+def open_from_list(p):
+    """From the line for a name, Tab and the down arrow lead to the files, and Escape ends the dialog."""
+    folder = documents(p)
+    for name in ("un", "deux"):
+        write(folder / f"{name}.VXT", f"! {name}\n")
+    p.start(environment={"HOME": str(folder)})
+    for key in ("Tab", "Bas"):
+        p.key("Ctrl+O")
+        dialog = p.wait_dialog("file chooser")
+        p.key(key)
+        wait(lambda: name_line(p, dialog) is None, f"the end of the line for a name, by {key}")
+        p.key("Échap")
+        p.wait_no_dialog()
+    p.key("Ctrl+O")
+    dialog = p.wait_dialog("file chooser")
+    p.key("Échap")
+    wait(lambda: gone(dialog), "the end of the file dialog")
+    p.wait_no_dialog()
+    p.key("Ctrl+O")
+    dialog = p.wait_dialog("file chooser")
+    wait(lambda: any(n.get_name() == "deux.VXT" for n in walk(dialog)), "the list of files")
+    p.key("Bas")
+    wait(lambda: accepts(dialog), "the button that accepts the file")
+    p.key("Entrée")
+    wait(lambda: p.title() == f"VOXTAB {folder}/deux.VXT", "the title")
+    p.wait_no_dialog()
 
 
 def recent_by_menu(p):
@@ -223,6 +275,7 @@ def installed_for_everybody(p):
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, recent_by_menu, command_line, quit_asks,
-     quit_saves, quit_saves_a_known_sheet, close_asks, close_box, installed_for_everybody],
+run([save_as, replaces_only_when_told, open_and_recent, open_by_name, open_from_list,
+     recent_by_menu, command_line, quit_asks, quit_saves, quit_saves_a_known_sheet, close_asks,
+     close_box, installed_for_everybody],
     BINARY, PLACE)

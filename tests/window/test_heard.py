@@ -146,6 +146,23 @@ def menu(p, reader):
     wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Nombre entier", "item")
     hear_back(p, reader, "Entrée", "C=B+1 = 7", "Entier")
     hear(p, reader, "F7", "Flottant", "C=B+1 = 7")
+    menu_moves_cursor(p, reader)
+
+
+def menu_moves_cursor(p, reader):
+    """A command of the menu that moves the cursor or brings another text is heard as well."""
+    p.key("Alt+O")
+    wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Nombre entier", "item")
+    p.key("Bas", 2)
+    wait_same(lambda: p.chosen(p.open_menu()), "Nombre en puissance de 10", "item")
+    hear(p, reader, "Entrée", "Flottant en puissance de 10, C=B+1 = 7.E00")
+    hear(p, reader, "F7", "Flottant", "C=B+1 = 7")
+    p.key("Menu")
+    p.key("Gauche")
+    p.key("Haut", 2)
+    wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Guide", "item")
+    hear(p, reader, "Entrée", "GUIDE DE VOXTAB, la calculatrice en forme de feuille de texte")
+    hear(p, reader, "Échap", "C=B+1 = 7")
 
 
 def key_help(p, reader):

@@ -8,7 +8,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "window"))
 
-from pilot import Program, children, has, role, wait, walk  # noqa: E402
+from pilot import Program, children, has, role, wait  # noqa: E402
 import gi  # noqa: E402
 
 gi.require_version("Atspi", "2.0")
@@ -48,14 +48,14 @@ def keep(name):
 
 def choose(p, menu, item):
     """Runs an item of a menu, whose name begins so."""
-    found = next(n for n in walk(p.find("menu", menu)) if n.get_name().startswith(item))
+    found = next(n for n in children(p.menu_named(menu)) if n.get_name().startswith(item))
     Atspi.Action.do_action(found, 0)
 
 
 def open_menu(p, menu):
-    Atspi.Action.do_action(p.find("menu", menu), 0)
-    wait(lambda: has(p.find("menu", menu), Atspi.StateType.SELECTED) or
-         any(has(n, Atspi.StateType.SHOWING) for n in children(p.find("menu", menu))), "the menu")
+    Atspi.Action.do_action(p.menu_named(menu), 0)
+    wait(lambda: has(p.menu_named(menu), Atspi.StateType.SELECTED) or
+         any(has(n, Atspi.StateType.SHOWING) for n in children(p.menu_named(menu))), "the menu")
 
 
 def sheet_view(p, suffix):

@@ -5,11 +5,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include "platform/console.hpp"
 #include "platform/stack.hpp"
 #include "tools/job.hpp"
 
-int main(int, char** arguments) {
-    agrandit_pile(arguments);
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    prepare_console(argc, argv);
     std::ios::sync_with_stdio(false);
     int statut = 0;
     std::string ligne;

@@ -7,6 +7,7 @@ import sys
 
 from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
                    wait_same, walk)
+from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
 
@@ -263,7 +264,7 @@ def installed_for_everybody(p):
     p.binary = system / "bin" / "voxtab"
     p.start()
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
+    p.wait_sheet(FUNCTIONS)
     p.key("Échap")
     p.wait_sheet("")
     p.key("Alt+F4")

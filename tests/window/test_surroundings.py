@@ -4,15 +4,16 @@ import shutil
 import subprocess
 import sys
 
-from pilot import Atspi, Failed, expect, run, same, wait, wait_same
+from pilot import LeftOut, Atspi, expect, run, same, wait, wait_same
+from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
 
 
 def mounted(folder, options):
-    """A small disk of its own in that place, gone with the test's mount namespace."""
-    if os.environ.get("VOXTAB_NO_MOUNTS"):
-        raise Failed("mount namespaces aren't permitted here")
+    """A disk of its own; where the system doesn't permit one, the case is left out, and said to be."""
+    if not os.environ["VOXTAB_MOUNTS"]:
+        raise LeftOut("no disk may be mounted here")
     folder.mkdir(parents=True, exist_ok=True)
     subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", str(folder)], check=True)
     return folder
@@ -74,7 +75,7 @@ def read_only_program_folder(p):
     p.wait_sheet("A=3 = 3")
     same(p.dialog(), None, "box")
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
+    p.wait_sheet(FUNCTIONS)
     p.key("Échap")
     p.wait_sheet("A=3 = 3")
     p.key("Alt+Q")
@@ -122,7 +123,7 @@ def full_disk_of_the_program(p):
     p.wait_sheet("A=3")
     plug.unlink()
     p.key("Alt+F1")
-    wait(lambda: p.sheet().startswith("+ (a+b)"), "the list of functions")
+    p.wait_sheet(FUNCTIONS)
     p.key("Échap")
     p.wait_sheet("A=3")
 

@@ -33,12 +33,18 @@ void prepare_annonce(wxWindow& controle) {
     if (dernier == nullptr || *dernier != 0) atk_object_set_description(a, "");
 }
 
-void annonce(wxWindow& controle, const std::string& utf8) {
+void prepare_ligne(wxStaticText&) {}
+
+bool annonce_par_le_focus() { return true; }
+
+void annonce(wxWindow& controle, const std::vector<std::string>& messages) {
     AtkObject* a = objet(controle);
-    if (sait_notifier())
-        g_signal_emit_by_name(a, "notification", utf8.c_str(), kPoli);
-    else
-        atk_object_set_description(a, utf8.c_str());
+    for (const std::string& utf8 : messages) {
+        if (sait_notifier())
+            g_signal_emit_by_name(a, "notification", utf8.c_str(), kPoli);
+        else
+            atk_object_set_description(a, utf8.c_str());
+    }
 }
 
 void nomme(wxWindow& controle, const std::string& utf8) {

@@ -2,12 +2,13 @@
 #include <wx/app.h>
 #include <wx/log.h>
 
-#include <clocale>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/codepage.hpp"
+#include "platform/console.hpp"
 #include "platform/files.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
@@ -16,6 +17,8 @@
 #include "shell/wx/dialogs.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/printing.hpp"
+#include "shell/wx/single_instance.hpp"
+#include "shell/wx/surroundings.hpp"
 #include "shell/wx/system.hpp"
 
 namespace {
@@ -28,6 +31,9 @@ constexpr std::string_view kAide =
     "  --aide     montre ce texte\n"
     "  --version  montre la version\n";
 
+constexpr std::string_view kDejaOuvert =
+    "VOXTAB est déjà ouvert. Revenez à sa fenêtre avec Alt+Tab, et ouvrez-y la feuille avec Ctrl+O."_fr;
+
 std::vector<std::string> arguments;   // of the command line, in UTF-8, without the options
 std::string fichier_pdf;              // where printing goes, "" for a printer
 
@@ -36,6 +42,13 @@ public:
     bool OnInit() override {
         SetAppName("voxtab");
         SetAppDisplayName("VOXTAB");
+        installe_fichiers_reels();
+        installe_systeme(arguments);
+        installe_boites();
+        if (!prend_dossier(vers_utf8(port.systeme.dossier_programme()))) {
+            port.boites.boite(kDejaOuvert);
+            return false;
+        }
         installe_port();
         evenement_chargement();
         return true;
@@ -45,10 +58,7 @@ private:
     // The window is destroyed by the toolkit when it closes, and the program ends with it.
     static void installe_port() {
         auto* fenetre_principale = new Cadre;
-        installe_fichiers_reels();
-        installe_systeme(arguments);
         installe_fenetre(*fenetre_principale);
-        installe_boites();
         installe_dialogues();
         installe_imprimante();
         if (!fichier_pdf.empty()) imprime_vers(fichier_pdf);
@@ -57,15 +67,14 @@ private:
 };
 
 // Reads the options; true when one of them was all that was asked for.
-bool options_seules(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view mot = argv[i];
+bool options_seules(const std::vector<std::string>& mots) {
+    for (const std::string_view mot : mots) {
         if (mot == "--aide" || mot == "--help") {
-            std::cout << kAide;
+            dit_sans_fenetre(kAide);
             return true;
         }
         if (mot == "--version") {
-            std::cout << "voxtab " VOXTAB_VERSION "\n";
+            dit_sans_fenetre("voxtab " VOXTAB_VERSION "\n");
             return true;
         }
         if (mot.starts_with(kImprimeVers))
@@ -74,14 +83,6 @@ bool options_seules(int argc, char** argv) {
             arguments.emplace_back(mot);
     }
     return false;
-}
-
-// The words of the system's own dialogs follow the user's language. Names of files are UTF-8
-// whatever the locale says, and numbers never follow it.
-void choisit_langue() {
-    std::setlocale(LC_ALL, "");
-    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) std::setlocale(LC_CTYPE, "");
-    std::setlocale(LC_NUMERIC, "C");
 }
 
 // Starts the toolkit; false where no window can be had.
@@ -97,7 +98,7 @@ wxIMPLEMENT_APP_NO_MAIN(Application);
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
-    if (options_seules(argc, argv)) return 0;
+    if (options_seules(prepare_console(argc, argv))) return 0;
     choisit_langue();
     if (!ouvre_ecran(argv)) {
         std::cerr << "voxtab : aucun écran n'est disponible ; voxtab-calc calcule dans un terminal.\n";
@@ -105,6 +106,7 @@ int main(int argc, char** argv) {
     }
     reinitialise_tout();
     const int statut = wxTheApp->CallOnInit() ? wxTheApp->OnRun() : 1;
+    rend_dossier();
     wxEntryCleanup();
     return statut;
 }

@@ -12,6 +12,7 @@
 #include "shell/wx/appearance.hpp"
 #include "shell/wx/ids.hpp"
 #include "shell/wx/keys.hpp"
+#include "shell/wx/look.hpp"
 #include "shell/wx/text_view.hpp"
 #include "base/typed_text.hpp"
 
@@ -50,6 +51,7 @@ const Controle* bouton_de(const FrappeTouche& f) {
 }  // namespace
 
 Cadre::Cadre() : wxFrame(nullptr, wxID_ANY, vers_wx(fenetre.titre)) {
+    habille(*this);
     SetMinSize(wxSize(kLargeurMini, kHauteurMini));
     SetMenuBar(menus_.barre());
     cree_controles();
@@ -92,6 +94,7 @@ void Cadre::cree_controles() {
     message_ = new wxStaticText(ligne_message_, ids::kLblMessage, "", wxDefaultPosition,
                                 wxDefaultSize, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     ajoute(f.LblMessage, message_);
+    prepare_ligne(*message_);
     nomme(*ligne_message_, "Message");
     nomme(*txt_, "Feuille");
     nomme(*liste_, "Couleurs");
@@ -117,6 +120,8 @@ void Cadre::relie_evenements() {
     Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& e) {
         const std::string_view nom = nom_de(e.GetWindow());
         if (!au_travail_ && !nom.empty()) fenetre.focus = nom;
+        // An option that an arrow key leads to is the chosen one.
+        if (!au_travail_ && est_option(nom)) evenement_clic(nom);
         e.Skip();
     });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& e) {
@@ -165,36 +170,44 @@ void Cadre::refuse_caractere(char32_t caractere) {
 
 // A key before anything else takes it: a menu's shortcut runs its item, whatever has the focus.
 void Cadre::touche_avant(wxKeyEvent& e) {
+    if (menu_ouvert()) {
+        e.Skip();
+        return;
+    }
     const FrappeTouche frappe = frappe_de(e);
     enfoncees_.insert(frappe.touche);
-    touche_du_bouton_ = 0;
+    alt_pris_ = frappe.alt && frappe.touche != kToucheAlt;
     if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
         evenement_menu(item);
         return;
     }
     if (const Controle* bouton = bouton_de(frappe)) {
-        touche_du_bouton_ = frappe.touche;
+        enfoncees_.erase(kToucheAlt);   // it has served, and its release is no key of its own
         evenement_clic(bouton->nom);
         return;
     }
     const std::string_view nom = nom_de(FindFocus());
     if (nom == "txt" && evenement_enfonce(nom, frappe)) return;
-    const bool valide = frappe.touche == kToucheEchap || frappe.touche == kToucheEntree;
-    if (valide && (nom == "Liste" || est_option(nom))) {
+    const bool echap = frappe.touche == kToucheEchap;
+    const bool valide = echap || frappe.touche == kToucheEntree;
+    // A window that takes Escape for a dialog's would keep it from the text.
+    if ((echap && nom == "txt") || (valide && (nom == "Liste" || est_option(nom)))) {
         evenement_caractere(nom, frappe.touche);
         return;
     }
-    if (nom != "txt" || !touche_reservee(frappe)) e.Skip();
+    if (nom == "txt" && touche_reservee(frappe)) return;
+    alt_pris_ = false;
+    e.Skip();
 }
 
-// The release of a combination whose press went to a box or a dialog is not the window's, and that of a
-// button's access key is the button's: in the key help only one of the two keys may answer for both.
+// The release of a combination whose press went to a box or a dialog is not the window's. Alt that
+// served a combination must not open the menus when it comes up first.
 void Cadre::touche_relachee(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     const bool a_nous = enfoncees_.erase(frappe.touche) != 0;
-    const bool au_bouton = frappe.touche == touche_du_bouton_;
-    if (!au_bouton && (a_nous || (!frappe.alt && !frappe.ctrl))) evenement_touche("txt", frappe);
-    e.Skip();
+    const bool seule = !frappe.alt && !frappe.ctrl && frappe.touche != kToucheAlt;
+    if (a_nous || seule) evenement_touche("txt", frappe);
+    if (frappe.touche != kToucheAlt || !std::exchange(alt_pris_, false)) e.Skip();
 }
 
 void Cadre::choix_menu(wxCommandEvent& e) {

@@ -80,7 +80,7 @@ private:
     std::vector<std::string> messages_;              // in UTF-8, not told yet
     std::vector<std::string> lignes_vues_;           // of the list, as shown
     std::set<int> enfoncees_;                        // keys pressed in this window, not released yet
-    int touche_du_bouton_ = 0;                       // key whose press has clicked a button, 0 for none
+    bool alt_pris_ = false;                          // Alt is down and has served a combination
     wxRect place_vue_;                               // place of the window as the data had it, twips
     int couleur_vue_ = -2, fond_vu_ = -2;            // colours of the text as shown
     bool sablier_vu_ = false;

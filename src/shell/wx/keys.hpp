@@ -11,3 +11,6 @@ FrappeTouche frappe_de(const wxKeyEvent& evenement);
 
 // The character that a press types, 0 for none: a command's key, an arrow, Delete.
 int caractere_de(const wxKeyEvent& evenement);
+
+// A menu is open and has the keys, though a control keeps the focus.
+bool menu_ouvert();

@@ -84,3 +84,6 @@ int caractere_de(const wxKeyEvent& evenement) {
     const wxChar signe = evenement.GetUnicodeKey();
     return signe == WXK_NONE || signe == WXK_DELETE ? 0 : static_cast<int>(signe);
 }
+
+// An open menu has the keys of GTK for itself.
+bool menu_ouvert() { return false; }

@@ -112,25 +112,28 @@ void Cadre::montre_focus() {
     if (voulu != nullptr && voulu != FindFocus() && voulu->IsShown()) voulu->SetFocus();
 }
 
-// Each message once; the label keeps the last one. A control that is about to get the focus is read by
-// itself, with its line and with what was told to it before: that is when the messages are heard, and
-// the line is not told twice. A reader that is in a menu while the cursor moves follows it to the text and
-// reads nothing there: then the line is told.
+// Each message once; the label keeps the last one. Where messages come with the control that has the
+// focus, one that is about to get it is read by itself, with its line and with what was told to it
+// before: that is when they are heard, and the line is not told twice. A reader that is in a menu while
+// the cursor moves follows it to the text and reads nothing there: then the line is told.
 void Cadre::dit_messages(bool focus_present) {
     if (messages_.empty()) return;
     const std::vector<std::string> messages = std::exchange(messages_, {});
-    message_->SetLabelText(wxString::FromUTF8(messages.back().data(), messages.back().size()));
     wxWindow* voix = fenetre_de(fenetre.focus);
     if (voix == nullptr) voix = txt_;
+    if (annonce_par_le_focus()) message_->SetLabelText(wxString::FromUTF8(messages.back()));
+    if (focus_present) {
+        annonce(*voix, messages);
+        return;
+    }
     std::string ensemble;
     for (const std::string& message : messages) {
-        if (focus_present) annonce(*voix, message);
         if (voix == txt_ && !lecteur_rappele_ &&
             sans_blancs(message) == sans_blancs(ligne_du_curseur()))
             continue;
         (ensemble += ensemble.empty() ? "" : ", ") += message;
     }
-    if (!focus_present && !ensemble.empty()) annonce(*voix, ensemble);
+    if (!ensemble.empty()) annonce(*voix, {ensemble});
 }
 
 // The line that the reader reads when the text gets the focus, in UTF-8.
@@ -155,8 +158,7 @@ void Cadre::montre() {
     lecteur_rappele_ = zone_->ecrit() && lecteur_ailleurs_ && IsActive();
     place_fenetre();
     if (!IsShown()) Show();
-    const bool present = focus_en_place();
-    if (!present) dit_messages(false);
+    if (annonce_par_le_focus() && !focus_en_place()) dit_messages(false);
     montre_focus();
     cache_controles();
     if (std::exchange(a_placer_, false)) place_controles();

@@ -3,9 +3,7 @@
 // folder, and are written as the sheet has them.
 #include "shell/wx/program_folder.hpp"
 
-#include <wx/filename.h>
 #include <wx/stdpaths.h>
-#include <wx/utils.h>
 
 #include <algorithm>
 #include <array>
@@ -14,7 +12,9 @@
 
 #include "base/codepage.hpp"
 #include "platform/files.hpp"
+#include "platform/system_path.hpp"
 #include "shell/wx/positions.hpp"
+#include "shell/wx/surroundings.hpp"
 
 namespace {
 
@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 constexpr std::array kTextes = {"aide.txt", "fonction.txt", "lisezmoi.txt"};
 
 fs::path dossier_executable() {
-    return fs::path(wxStandardPaths::Get().GetExecutablePath().utf8_string()).parent_path();
+    return chemin_du_systeme(wxStandardPaths::Get().GetExecutablePath().utf8_string()).parent_path();
 }
 
 // Where the texts come from, in the order in which they are looked for.
@@ -37,17 +37,9 @@ bool est_dossier(const fs::path& chemin) {
     return fs::is_directory(chemin, erreur);
 }
 
-// The folder of the user's data: $XDG_DATA_HOME/voxtab, or ~/.local/share/voxtab.
-fs::path dossier_utilisateur() {
-    wxString base;
-    if (!wxGetEnv("XDG_DATA_HOME", &base) || base.empty())
-        base = wxGetHomeDir() + "/.local/share";
-    return fs::path(base.utf8_string()) / "voxtab";
-}
-
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(sources()[1]) && wxFileName::IsDirWritable(wxString::FromUTF8(dossier.string()));
+    return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / "VOXTAB.INI")) == 0;
 }
 
 // The copy comes from this source, or is newer: the user has changed it since.
@@ -63,17 +55,17 @@ bool est_a_jour(const fs::path& copie, const fs::path& source) {
 // when it can't be kept.
 bool garde_ancien(const fs::path& copie, const std::string& nouveau) {
     std::string ancien;
-    if (lit_fichier(copie.string(), ancien) != 0 || ancien == nouveau) return true;
-    return remplace_fichier(fs::path(copie).replace_extension("bak").string(), ancien) == 0;
+    if (lit_fichier(chemin_en_utf8(copie), ancien) != 0 || ancien == nouveau) return true;
+    return remplace_fichier(chemin_en_utf8(fs::path(copie).replace_extension("bak")), ancien) == 0;
 }
 
-// Writes the text and gives it the date of its source, by which a later version knows it. False when
-// it can't be written.
-bool copie_texte(const fs::path& source, const fs::path& copie) {
-    std::string utf8;
-    if (lit_fichier(source.string(), utf8) != 0) return false;
-    const std::string texte = texte_de_la_feuille(utf8);
-    if (!garde_ancien(copie, texte) || remplace_fichier(copie.string(), texte) != 0) return false;
+// Writes the text, in UTF-8 or as the sheet has it, and gives it the date of its source, by which a later
+// version knows it. False when it can't be written.
+bool copie_texte(const fs::path& source, const fs::path& copie, bool en_utf8) {
+    std::string texte;
+    if (lit_fichier(chemin_en_utf8(source), texte) != 0) return false;
+    if (en_utf8) texte = texte_de_la_feuille(texte);
+    if (!garde_ancien(copie, texte) || remplace_fichier(chemin_en_utf8(copie), texte) != 0) return false;
     std::error_code erreur;
     const auto date = fs::last_write_time(source, erreur);
     if (!erreur) fs::last_write_time(copie, date, erreur);
@@ -81,13 +73,16 @@ bool copie_texte(const fs::path& source, const fs::path& copie) {
 }
 
 // Puts the text in the folder when it isn't there, or when a new version of the program brings a newer
-// one.
+// one. One that lies beside the program has been written as the sheet has it.
 void seme(const fs::path& dossier, const char* nom) {
     std::error_code erreur;
+    const fs::path copie = dossier / nom;
     for (const fs::path& source : sources()) {
         if (!fs::exists(source / nom, erreur)) continue;
-        if (est_a_jour(dossier / nom, source / nom) || copie_texte(source / nom, dossier / nom)) return;
+        if (est_a_jour(copie, source / nom) || copie_texte(source / nom, copie, true)) return;
     }
+    const fs::path voisin = dossier_executable() / nom;
+    if (fs::exists(voisin, erreur) && !est_a_jour(copie, voisin)) copie_texte(voisin, copie, false);
 }
 
 }  // namespace
@@ -95,10 +90,10 @@ void seme(const fs::path& dossier, const char* nom) {
 std::string prepare_dossier_programme() {
     fs::path dossier = dossier_executable();
     if (!peut_garder_chez_lui(dossier)) {
-        dossier = dossier_utilisateur();
+        dossier = chemin_du_systeme(dossier_de_l_utilisateur());
         std::error_code erreur;
         fs::create_directories(dossier, erreur);
     }
     for (const char* nom : kTextes) seme(dossier, nom);
-    return dossier.string();
+    return chemin_en_utf8(dossier);
 }

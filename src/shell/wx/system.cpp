@@ -12,6 +12,7 @@
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
 #include "shell/wx/program_folder.hpp"
+#include "shell/wx/surroundings.hpp"
 
 namespace {
 
@@ -21,13 +22,22 @@ std::string dossier_des_fichiers;         // Windows-1252, set once by installe_
 std::string commande;                     // ... the command line too
 wxStopWatch dernier_regard;               // time since the last look at the Escape key
 
-std::string en_page(const std::string& utf8) { return depuis_utf8(utf8).value_or(""); }
-
-// A sheet given from the folder of the moment keeps its name for the next start, elsewhere.
-std::string chemin_entier(const std::string& utf8) {
-    wxFileName chemin(wxString::FromUTF8(utf8));
-    if (chemin.FileExists()) chemin.MakeAbsolute();
-    return en_page(chemin.GetFullPath().utf8_string());
+// The path in the code page. A folder or file whose name can't be written there may have a short name
+// that can.
+std::string en_page(const std::string& utf8) {
+    if (auto page = depuis_utf8(utf8)) return *page;
+    const wxUniChar separateur = wxFileName::GetPathSeparator();
+    wxString reel;
+    std::string sortie;
+    for (const wxString& nom : wxSplit(wxString::FromUTF8(utf8), separateur, 0)) {
+        reel += (reel.empty() ? wxString() : wxString(separateur)) + nom;
+        auto page = depuis_utf8(nom.utf8_string());
+        if (!page)
+            page = depuis_utf8(wxFileName(reel).GetShortPath().AfterLast(separateur).utf8_string());
+        if (!page) return "";
+        sortie += (sortie.empty() ? "" : std::string(1, port.systeme.separateur)) + *page;
+    }
+    return sortie;
 }
 
 // Escape gives up a long sum.
@@ -40,10 +50,8 @@ bool interrompu() {
 }  // namespace
 
 void installe_systeme(const std::vector<std::string>& arguments) {
-    for (const std::string& argument : arguments) {
-        if (!commande.empty()) commande += ' ';
-        commande += arguments.size() == 1 ? chemin_entier(argument) : en_page(argument);
-    }
+    port.systeme.separateur = static_cast<char>(wxFileName::GetPathSeparator());
+    commande = en_page(ligne_de_commande(arguments));
     dossier_des_fichiers = en_page(prepare_dossier_programme());
     port.systeme.graine = [] {
         return static_cast<std::uint64_t>(
@@ -52,7 +60,6 @@ void installe_systeme(const std::vector<std::string>& arguments) {
     port.systeme.dossier_programme = [] { return dossier_des_fichiers; };
     port.systeme.dossier_courant = [] { return en_page(wxGetCwd().utf8_string()); };
     port.systeme.ligne_commande = [] { return commande; };
-    port.systeme.separateur = '/';
     port.systeme.interrompu = interrompu;
     port.systeme.limite_pile = limite_pile();
 }

@@ -57,7 +57,7 @@ void ZoneTexte::lit_selection() {
     if (selection_a_ecrire_) return;
     long de = 0;
     long a = 0;
-    controle_.GetSelection(&de, &a);
+    lit_selection_de_la_vue(controle_, de, a);
     if (de == vu_de_ && a == vu_a_) return;
     vu_de_ = de;
     vu_a_ = a;
@@ -112,10 +112,10 @@ bool ZoneTexte::ecrit() {
     const long a = static_cast<long>(position_du_controle(texte_, debut_ + longueur_));
     long la_de = 0;
     long la_a = 0;
-    controle_.GetSelection(&la_de, &la_a);
-    if (la_de != de || la_a != a) controle_.SetSelection(de, a);
-    controle_.ShowPosition(a);
-    controle_.GetSelection(&vu_de_, &vu_a_);
+    lit_selection_de_la_vue(controle_, la_de, la_a);
+    if (la_de != de || la_a != a) pose_selection_de_la_vue(controle_, de, a);
+    montre_curseur_de_la_vue(controle_, a);
+    lit_selection_de_la_vue(controle_, vu_de_, vu_a_);
     texte_a_ecrire_ = selection_a_ecrire_ = ecriture_ = false;
     return controle_.GetInsertionPoint() != avant;
 }

@@ -1,5 +1,5 @@
 // What the toolkit doesn't offer of the system's text control. One file per system stands behind this
-// header. Positions are those of the control.
+// header. Positions count characters, a line end as one.
 #pragma once
 
 #include <wx/textctrl.h>
@@ -12,6 +12,11 @@
 std::string texte_de_la_vue(const wxTextCtrl& controle);
 // Replaces the characters from `de` to `a` by a text in UTF-8, as one change.
 void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_view utf8);
+
+// The selection, and the view scrolled so that the cursor at `position` can be seen.
+void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a);
+void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a);
+void montre_curseur_de_la_vue(wxTextCtrl& controle, long position);
 
 // What is typed, pasted or dropped goes through texte_accepte(); `refus` is told of each character
 // that the sheet can't have. `programme` answers true while the program itself writes.

@@ -97,6 +97,14 @@ void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_vie
     gtk_text_buffer_end_user_action(buffer);
 }
 
+void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a) {
+    controle.GetSelection(&de, &a);
+}
+
+void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) { controle.SetSelection(de, a); }
+
+void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) { controle.ShowPosition(position); }
+
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
     auto* donnees = new FiltreSaisie(std::move(filtre));   // goes with the first connection
     g_signal_connect_data(

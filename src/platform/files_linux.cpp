@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -21,6 +20,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "platform/file_order.hpp"
 #include "platform/platform.hpp"
 
 namespace {
@@ -277,14 +277,6 @@ int efface(Chemin chemin) {
 int cree_dossier(Chemin chemin) {
     if (mkdir(vers_utf8(chemin).c_str(), 0777) == 0) return 0;
     return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
-}
-
-// The alphabetical order: by capitals, then by the names themselves.
-void range_noms(std::vector<std::string>& noms) {
-    std::sort(noms.begin(), noms.end(), [](const std::string& a, const std::string& b) {
-        const std::string grand_a = capitales(a), grand_b = capitales(b);
-        return grand_a != grand_b ? grand_a < grand_b : a < b;
-    });
 }
 
 // The names in a folder, either its files or its folders.

@@ -1,0 +1,288 @@
+// Real files on Windows, read, replaced and listed through the calls that take any name of any
+// length. Changes no state of the core but the port's file slots.
+#include "platform/files.hpp"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "platform/file_order.hpp"
+#include "platform/platform.hpp"
+#include "platform/utf16_windows.hpp"
+
+namespace {
+
+constexpr DWORD kPartage = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t kCheminCourt = 240;   // characters that every call of the system takes
+constexpr int kEssais = 5;                  // of a replacement that a virus scanner holds up
+constexpr DWORD kAttente = 20;              // milliseconds between two of them
+constexpr DWORD kQuotaDepasse = 1295;       // the system's number for a user's share of the disk
+constexpr DWORD kBloc = 1 << 16;            // bytes read or written by one call
+
+int numero_erreur(DWORD erreur) {
+    switch (erreur) {
+        case ERROR_FILE_NOT_FOUND: return kFichierAbsent;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME: return kDossierAbsent;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+        case ERROR_FILE_TOO_LARGE:
+        case kQuotaDepasse: return kDisquePlein;
+        default: return kAccesFichier;
+    }
+}
+
+int derniere_erreur() { return numero_erreur(GetLastError()); }
+
+// Closes a handle at the end of its block.
+struct Poignee {
+    HANDLE h;
+    explicit Poignee(HANDLE poignee) : h(poignee) {}
+    ~Poignee() { ferme(); }
+    Poignee(const Poignee&) = delete;
+    Poignee& operator=(const Poignee&) = delete;
+    bool ouverte() const { return h != INVALID_HANDLE_VALUE; }
+    bool ferme() {
+        const HANDLE ancienne = std::exchange(h, INVALID_HANDLE_VALUE);
+        return ancienne == INVALID_HANDLE_VALUE || CloseHandle(ancienne) != 0;
+    }
+};
+
+// The path as the system's calls take it, also where it is longer than 260 characters.
+std::wstring chemin_large(const std::string& utf8) {
+    const std::wstring donne = vers_utf16(utf8);
+    if (donne.size() < kCheminCourt || donne.starts_with(L"\\\\?\\")) return donne;
+    std::wstring entier(GetFullPathNameW(donne.c_str(), 0, nullptr, nullptr), L'\0');
+    entier.resize(
+        GetFullPathNameW(donne.c_str(), static_cast<DWORD>(entier.size()), entier.data(), nullptr));
+    if (entier.starts_with(L"\\\\")) return L"\\\\?\\UNC" + entier.substr(1);
+    return L"\\\\?\\" + entier;
+}
+
+// Folder part of a path, with its separator; "" for the folder of the moment.
+std::wstring dossier(const std::wstring& chemin) {
+    const std::size_t barre = chemin.find_last_of(L"\\/:");
+    return barre == std::wstring::npos ? L"" : chemin.substr(0, barre + 1);
+}
+
+bool est_dossier(DWORD attributs) {
+    return attributs != INVALID_FILE_ATTRIBUTES && (attributs & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Path behind a link, so that the file itself is replaced and not the link.
+std::wstring chemin_reel(const std::wstring& chemin) {
+    const DWORD attributs = GetFileAttributesW(chemin.c_str());
+    if (attributs == INVALID_FILE_ATTRIBUTES || (attributs & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return chemin;
+    const Poignee fichier(
+        CreateFileW(chemin.c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!fichier.ouverte()) return chemin;
+    std::wstring reel(GetFinalPathNameByHandleW(fichier.h, nullptr, 0, 0), L'\0');
+    const DWORD taille =
+        GetFinalPathNameByHandleW(fichier.h, reel.data(), static_cast<DWORD>(reel.size()), 0);
+    if (taille == 0 || taille >= reel.size()) return chemin;
+    reel.resize(taille);
+    return reel;
+}
+
+// Attributes for the new file: those of the old one, or the usual ones. A file that may not be
+// written is refused as a direct write would be.
+int attributs_voulus(const std::wstring& chemin, DWORD& attributs) {
+    attributs = GetFileAttributesW(chemin.c_str());
+    if (attributs == INVALID_FILE_ATTRIBUTES) {
+        const DWORD erreur = GetLastError();
+        attributs = FILE_ATTRIBUTE_NORMAL;
+        return erreur == ERROR_FILE_NOT_FOUND ? 0 : numero_erreur(erreur);
+    }
+    const bool refuse = (attributs & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0;
+    attributs &= FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    if (attributs == 0) attributs = FILE_ATTRIBUTE_NORMAL;
+    return refuse ? kAccesFichier : 0;
+}
+
+// Makes a new file in that folder, under a name of its own that is put in `nom`. A name made longer
+// from the file's could pass the limit that the file's name keeps.
+HANDLE cree_voisin(const std::wstring& dossier_cible, DWORD attributs, std::wstring& nom) {
+    std::random_device hasard;
+    for (int essai = 0;; ++essai) {
+        nom = dossier_cible + L".voxtab." + std::to_wstring(hasard());
+        const HANDLE h = CreateFileW(nom.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                     attributs, nullptr);
+        if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS || essai == kEssais)
+            return h;
+    }
+}
+
+bool ecrit_tout(HANDLE fichier, const std::string& contenu) {
+    std::size_t fait = 0;
+    while (fait < contenu.size()) {
+        const auto reste = static_cast<DWORD>(std::min<std::size_t>(contenu.size() - fait, kBloc));
+        DWORD n = 0;
+        if (WriteFile(fichier, contenu.data() + fait, reste, &n, nullptr) == 0) return false;
+        fait += n;
+    }
+    return true;
+}
+
+// Renames over what may stand there. Another program that looks into the file just then is waited
+// for.
+bool renomme(const std::wstring& de, const std::wstring& vers) {
+    for (int essai = 1;; ++essai) {
+        if (MoveFileExW(de.c_str(), vers.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+            return true;
+        const DWORD erreur = GetLastError();
+        const bool tenu = erreur == ERROR_SHARING_VIOLATION || erreur == ERROR_ACCESS_DENIED;
+        if (!tenu || essai == kEssais) return false;
+        Sleep(kAttente);
+    }
+}
+
+}  // namespace
+
+ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
+    const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    if (!fichier.ouverte()) return derniere_erreur();
+    contenu.clear();
+    std::vector<char> bloc(kBloc);
+    for (;;) {
+        DWORD n = 0;
+        if (ReadFile(fichier.h, bloc.data(), kBloc, &n, nullptr) == 0) return derniere_erreur();
+        if (n == 0) return 0;
+        contenu.append(bloc.data(), n);
+    }
+}
+
+ResultatFichier verifie_ecriture(const std::string& chemin) {
+    const std::wstring cible = chemin_reel(chemin_large(chemin));
+    DWORD attributs = 0;
+    if (const int refus = attributs_voulus(cible, attributs); refus != 0) return refus;
+    std::wstring nom;
+    const Poignee voisin(cree_voisin(dossier(cible), FILE_FLAG_DELETE_ON_CLOSE, nom));
+    return voisin.ouverte() ? 0 : derniere_erreur();
+}
+
+ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu) {
+    const std::wstring cible = chemin_reel(chemin_large(chemin));
+    DWORD attributs = 0;
+    if (const int refus = attributs_voulus(cible, attributs); refus != 0) return refus;
+    std::wstring voisin;
+    Poignee fichier(cree_voisin(dossier(cible), attributs, voisin));
+    if (!fichier.ouverte()) return derniere_erreur();
+    const bool ecrit = ecrit_tout(fichier.h, contenu) && FlushFileBuffers(fichier.h) != 0;
+    const DWORD erreur_ecriture = ecrit ? ERROR_SUCCESS : GetLastError();
+    fichier.ferme();
+    if (ecrit && renomme(voisin, cible)) return 0;
+    const DWORD erreur = ecrit ? GetLastError() : erreur_ecriture;
+    DeleteFileW(voisin.c_str());
+    return numero_erreur(erreur);
+}
+
+namespace {
+
+using Chemin = const std::string&;   // Windows-1252
+
+std::wstring reel(Chemin chemin) { return chemin_large(vers_utf8(chemin)); }
+
+bool existe(Chemin chemin) {
+    const DWORD attributs = GetFileAttributesW(reel(chemin).c_str());
+    return attributs != INVALID_FILE_ATTRIBUTES && !est_dossier(attributs);
+}
+
+bool existe_dossier(Chemin chemin) { return est_dossier(GetFileAttributesW(reel(chemin).c_str())); }
+
+int lit(Chemin chemin, std::string& contenu) { return lit_fichier(vers_utf8(chemin), contenu); }
+
+int remplace(Chemin chemin, const std::string& contenu) {
+    return remplace_fichier(vers_utf8(chemin), contenu);
+}
+
+int copie(Chemin source, Chemin destination) {
+    std::string contenu;
+    const int refus = lit(source, contenu);
+    return refus != 0 ? refus : remplace(destination, contenu);
+}
+
+// A move to another disk: the copy is whole before the first file goes.
+int deplace_loin(Chemin source, Chemin destination) {
+    if (const int refus = copie(source, destination); refus != 0) return refus;
+    return DeleteFileW(reel(source).c_str()) != 0 ? 0 : derniere_erreur();
+}
+
+// Whether two paths lead to the same file.
+bool meme_fichier(const std::wstring& a, const std::wstring& b) {
+    std::array<BY_HANDLE_FILE_INFORMATION, 2> fiches{};
+    const std::array<const std::wstring*, 2> chemins = {&a, &b};
+    for (std::size_t i = 0; i < 2; ++i) {
+        const Poignee fichier(
+            CreateFileW(chemins[i]->c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
+        if (!fichier.ouverte() || GetFileInformationByHandle(fichier.h, &fiches[i]) == 0)
+            return false;
+    }
+    return fiches[0].dwVolumeSerialNumber == fiches[1].dwVolumeSerialNumber &&
+           fiches[0].nFileIndexHigh == fiches[1].nFileIndexHigh &&
+           fiches[0].nFileIndexLow == fiches[1].nFileIndexLow;
+}
+
+int deplace(Chemin source, Chemin destination) {
+    const std::wstring de = reel(source);
+    const std::wstring vers = reel(destination);
+    const DWORD attributs = GetFileAttributesW(de.c_str());
+    if (attributs == INVALID_FILE_ATTRIBUTES) return derniere_erreur();
+    if (est_dossier(attributs) || meme_fichier(de, vers)) return kAccesFichier;
+    if (renomme(de, vers)) return 0;
+    const DWORD erreur = GetLastError();
+    return erreur == ERROR_NOT_SAME_DEVICE ? deplace_loin(source, destination)
+                                           : numero_erreur(erreur);
+}
+
+int efface(Chemin chemin) { return DeleteFileW(reel(chemin).c_str()) != 0 ? 0 : derniere_erreur(); }
+
+int cree_dossier(Chemin chemin) {
+    return CreateDirectoryW(reel(chemin).c_str(), nullptr) != 0 ? 0 : derniere_erreur();
+}
+
+// The names in a folder, either its files or its folders.
+int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
+    noms.clear();
+    std::wstring motif = reel(chemin);
+    if (!motif.empty() && motif.back() != L'\\' && motif.back() != L'/') motif += L'\\';
+    WIN32_FIND_DATAW entree;
+    const HANDLE recherche = FindFirstFileW((motif + L"*").c_str(), &entree);
+    // The root of an empty disk has no entry at all.
+    if (recherche == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : derniere_erreur();
+    do {
+        const std::string nom = depuis_utf16(entree.cFileName);
+        if (nom == "." || nom == ".." || est_dossier(entree.dwFileAttributes) != dossiers) continue;
+        if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));
+    } while (FindNextFileW(recherche, &entree) != 0);
+    const DWORD erreur = GetLastError();
+    FindClose(recherche);
+    if (erreur != ERROR_NO_MORE_FILES) return numero_erreur(erreur);
+    range_noms(noms);
+    return 0;
+}
+
+int liste_fichiers(Chemin dossier_lu, std::vector<std::string>& noms) {
+    return liste(dossier_lu, noms, false);
+}
+int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
+    return liste(dossier_lu, noms, true);
+}
+
+}  // namespace
+
+void installe_fichiers_reels() {
+    port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,
+                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers};
+}

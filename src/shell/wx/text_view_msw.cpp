@@ -1,0 +1,171 @@
+// The edit control of Windows: its text without a limit, its selection, one change of a part of it,
+// and the filter of what comes in. The control counts a line end as two and keeps it as CR LF; here
+// it is one, and LF. As no line is ever wrapped, a line of the control is a line of the text, and
+// the number of the line tells both counts apart.
+#include "shell/wx/text_view.hpp"
+
+#include <windows.h>
+
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+
+#include <memory>
+#include <utility>
+
+#include "platform/utf16_windows.hpp"
+#include "base/typed_text.hpp"
+
+namespace {
+
+HWND poignee(const wxTextCtrl& controle) { return static_cast<HWND>(controle.GetHandle()); }
+
+long demande(const wxTextCtrl& controle, UINT message, long valeur) {
+    return static_cast<long>(
+        SendMessageW(poignee(controle), message, static_cast<WPARAM>(valeur), 0));
+}
+
+// Start of a line with line ends as one.
+long debut_ligne(const wxTextCtrl& controle, long ligne) {
+    return demande(controle, EM_LINEINDEX, ligne) - ligne;
+}
+
+// The control's count of a position with line ends as one: that plus the number of its line.
+long compte_du_controle(const wxTextCtrl& controle, long position) {
+    long premiere = 0;
+    long derniere = demande(controle, EM_GETLINECOUNT, 0) - 1;
+    while (premiere < derniere) {
+        const long milieu = (premiere + derniere + 1) / 2;
+        if (debut_ligne(controle, milieu) <= position)
+            premiere = milieu;
+        else
+            derniere = milieu - 1;
+    }
+    return position + premiere;
+}
+
+// The other way.
+long compte_simple(const wxTextCtrl& controle, DWORD position) {
+    const long compte = static_cast<long>(position);
+    return compte - demande(controle, EM_LINEFROMCHAR, compte);
+}
+
+std::wstring texte_large(const wxTextCtrl& controle) {
+    const int taille = GetWindowTextLengthW(poignee(controle));
+    std::wstring texte(static_cast<std::size_t>(taille) + 1, L'\0');
+    const int lus = GetWindowTextW(poignee(controle), texte.data(), taille + 1);
+    texte.resize(static_cast<std::size_t>(lus));
+    return texte;
+}
+
+// The text as the control takes it.
+std::wstring avec_cr_lf(std::string_view utf8) {
+    std::wstring sortie;
+    sortie.reserve(utf8.size() + utf8.size() / 16);
+    for (const wchar_t c : vers_utf16(utf8)) {
+        if (c == L'\n') sortie += L'\r';
+        sortie += c;
+    }
+    return sortie;
+}
+
+// Replaces the selection; the user can take it back.
+void remplace_selection(const wxTextCtrl& controle, std::string_view utf8) {
+    SendMessageW(poignee(controle), EM_REPLACESEL, TRUE,
+                 reinterpret_cast<LPARAM>(avec_cr_lf(utf8).c_str()));
+}
+
+// An accent that comes alone joins the letter in front of it. True when it did.
+bool joint_accent(const wxTextCtrl& controle, char32_t accent) {
+    DWORD de = 0;
+    SendMessageW(poignee(controle), EM_GETSEL, reinterpret_cast<WPARAM>(&de), 0);
+    if (!est_accent(accent) || de == 0) return false;
+    const char32_t lettre = compose(texte_large(controle)[de - 1], accent);
+    if (lettre == 0) return false;
+    SendMessageW(poignee(controle), EM_SETSEL, de - 1, static_cast<LPARAM>(de));
+    remplace_selection(controle, wxString(wxUniChar(lettre)).utf8_string());
+    return true;
+}
+
+// What comes in and isn't there yet goes in as the sheet can have it, or not at all.
+void insere(const wxTextCtrl& controle, const FiltreSaisie& filtre, std::string_view utf8) {
+    char32_t refuse = 0;
+    if (const auto accepte = texte_accepte(utf8, refuse))
+        remplace_selection(controle, *accepte);
+    else if (!joint_accent(controle, refuse))
+        filtre.refus(refuse);
+}
+
+// The filter at work on one control.
+struct Saisie {
+    wxTextCtrl& controle;
+    FiltreSaisie filtre;
+    wchar_t moitie = 0;   // first half of a pair, until the second comes
+};
+
+// A typed character. The control puts plain ones in by itself.
+void caractere_tape(Saisie& s, wxKeyEvent& e) {
+    const wchar_t signe = static_cast<wchar_t>(e.GetUnicodeKey());
+    if (signe < 0x80 || !s.controle.IsEditable()) {
+        e.Skip();
+        return;
+    }
+    if (IS_HIGH_SURROGATE(signe)) {
+        s.moitie = signe;
+        return;
+    }
+    const wchar_t avant = std::exchange(s.moitie, L'\0');
+    const std::wstring tape =
+        IS_LOW_SURROGATE(signe) ? std::wstring{avant, signe} : std::wstring{signe};
+    insere(s.controle, s.filtre, depuis_utf16(tape));
+}
+
+void colle(Saisie& s) {
+    wxTextDataObject texte;
+    if (!s.controle.IsEditable() || !wxTheClipboard->Open()) return;
+    const bool lu = wxTheClipboard->GetData(texte);
+    wxTheClipboard->Close();
+    if (lu) insere(s.controle, s.filtre, texte.GetText().utf8_string());
+}
+
+}  // namespace
+
+std::string texte_de_la_vue(const wxTextCtrl& controle) {
+    std::wstring texte = texte_large(controle);
+    std::erase(texte, L'\r');
+    return depuis_utf16(texte);
+}
+
+void remplace_dans_la_vue(wxTextCtrl& controle, long de, long a, std::string_view utf8) {
+    SendMessageW(poignee(controle), EM_SETSEL,
+                 static_cast<WPARAM>(compte_du_controle(controle, de)),
+                 compte_du_controle(controle, a));
+    remplace_selection(controle, utf8);
+}
+
+void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a) {
+    DWORD debut = 0;
+    DWORD fin = 0;
+    SendMessageW(poignee(controle), EM_GETSEL, reinterpret_cast<WPARAM>(&debut),
+                 reinterpret_cast<LPARAM>(&fin));
+    de = compte_simple(controle, debut);
+    a = compte_simple(controle, fin);
+}
+
+void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) {
+    SendMessageW(poignee(controle), EM_SETSEL,
+                 static_cast<WPARAM>(compte_du_controle(controle, de)),
+                 compte_du_controle(controle, a));
+}
+
+void montre_curseur_de_la_vue(wxTextCtrl& controle, long) { demande(controle, EM_SCROLLCARET, 0); }
+
+void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
+    controle.SetMaxLength(0);   // otherwise a sheet ends at 32,767 characters
+    const auto saisie = std::make_shared<Saisie>(Saisie{controle, std::move(filtre)});
+    controle.Bind(wxEVT_CHAR, [saisie](wxKeyEvent& e) { caractere_tape(*saisie, e); });
+    controle.Bind(wxEVT_TEXT_PASTE, [saisie](wxClipboardTextEvent&) { colle(*saisie); });
+    controle.Bind(wxEVT_TEXT, [saisie](wxCommandEvent& e) {
+        saisie->filtre.change();
+        e.Skip();
+    });
+}

@@ -1,0 +1,266 @@
+"""Files on Windows: saving, opening, closing and quitting through the system's dialogs, the command
+line, the program's folder, and what is on the disk afterwards."""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+from pilot import TXT, expect, run, same, wait
+
+BUILD, PLACE = sys.argv[1:3]
+DRIVE_C = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
+
+
+def write(path, text):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(text.replace("\n", "\r\n").encode("cp1252"))
+
+
+def read(path):
+    return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
+
+
+def there(path):
+    """The path as the program names it."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def name_file(p, title, name):
+    """Gives a name to the file dialog of that title."""
+    wait(lambda: (box := p.box()) and box["title"] == title, f"the dialog {title!r}")
+    line = wait(lambda: [c for c in p.box()["children"] if c["class"] == "Edit" and c["focus"]],
+                "the line for the name")
+    p.key("Ctrl+A")
+    p.key("Suppr")
+    p.type(name)
+    wait(lambda: [c for c in p.box()["children"] if c["id"] == line[0]["id"] and c["text"] == name],
+         "the name in its line")
+    p.key("Entrée")
+    wait(lambda: (p.box() or {}).get("title") != title, "the end of the dialog")
+
+
+def save_as(p):
+    p.start(text="A=3")
+    p.key("Ctrl+Maj+S")
+    name_file(p, "Enregistrer sous", there(p.folder / "essai"))   # the default extension is added
+    wait(lambda: p.title() == f"VOXTAB {there(p.folder)}\\essai.VXT", "the title")
+    p.wait_no_box()
+    same(read(p.folder / "essai.VXT"), "A=3\n", "file")
+    p.type("¶B=4")
+    p.wait_sheet("A=3\nB=4")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same(read(p.folder / "essai.VXT"), "A=3\nB=4\n", "file")
+    same(read(p.folder / "essai.bak"), "A=3\n", "backup")
+    same([f.name for f in p.folder.iterdir() if f.name.startswith(".voxtab")], [], "files left over")
+
+
+def replaces_only_when_told(p):
+    write(p.folder / "ancien.VXT", "X=1\n")
+    p.start(text="A=3")
+    p.key("Ctrl+Maj+S")
+    name_file(p, "Enregistrer sous", there(p.folder / "ancien.VXT"))
+    p.wait_box("ancien.VXT existe déjà, le remplacer ?")
+    p.key("Alt+N")
+    wait(lambda: (box := p.box()) and box["title"] == "Enregistrer sous", "the dialog again")
+    p.key("Échap")
+    p.wait_no_box()
+    same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+
+
+def open_and_recent(p):
+    write(p.folder / "un.VXT", "A=1\né=2\n")
+    p.start(text="Z=1")                   # an empty sheet would give way
+    p.key("Ctrl+O")
+    name_file(p, "Ouvrir", there(p.folder / "un.VXT"))
+    p.wait_sheet("A=1\né=2")
+    p.wait_no_box()
+    same(p.title(), f"VOXTAB {there(p.folder)}\\un.VXT", "title")
+    same(p.panels()[1], "feuille 2", "panel 2")
+    p.key("Maj+F6")
+    p.wait_sheet("Z=1")
+    p.key("F6")
+    p.wait_sheet("A=1\né=2")
+    p.key("Ctrl+F4")
+    p.wait_sheet("Z=1")
+    wait(lambda: p.panels()[1] == "feuille 1", "panel 2")
+    p.key("F7")                           # draws the menu again, with the closed file to be chosen
+    p.wait_message("Flottant")
+    p.choose("F", 1)
+    p.wait_sheet("A=1\né=2")
+
+
+def quit_asks(p):
+    """Cancel goes on, No throws away, and the settings are written."""
+    p.start(text="A=3")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    same(p.box()["title"], "VOXTAB", "title of the box")
+    same([c["text"] for c in p.box()["children"] if c["class"] == "Button"],
+         ["&Oui", "&Non", "&Annuler"], "buttons")
+    p.key("Échap")
+    p.wait_no_box()
+    same(p.sheet(), "A=3", "sheet")
+    p.key("F5")
+    wait(lambda: p.panels()[0] == "Entier Degré", "panel 1")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+N")
+    p.wait_end()
+    same((p.folder / "VOXTAB.INI").stat().st_size, 22 * 267, "size of the settings file")
+    same(list((p.folder / "travail").iterdir()), [], "working copies left")
+    p.start()
+    same(p.panels()[0], "Entier Degré", "panel 1 at the next start")
+
+
+def quit_saves(p):
+    p.start(text="A=3")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+O")
+    name_file(p, "Enregistrer sous", there(p.folder / "neuf.VXT"))
+    p.wait_end()
+    same(read(p.folder / "neuf.VXT"), "A=3\n", "file")
+
+
+def close_box(p):
+    """The close box asks as well, and closes whatever the answer is."""
+    p.start(text="A=3")
+    p.probe.ask("close")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Échap")
+    p.wait_end()
+    expect(not (p.folder / "VOXTAB.INI").exists(), "the settings are written")
+    p.start()
+    p.key("Alt+F4")
+    p.wait_end()
+    expect((p.folder / "VOXTAB.INI").exists(), "no settings file")
+
+
+def opened_with(p, sheet, *arguments):
+    """A start with these arguments shows that sheet, by its whole path."""
+    p.start(*arguments)
+    p.wait_sheet("A=5")
+    same(p.title(), f"VOXTAB {sheet}", "title")
+    p.key("Alt+F4")
+    p.wait_end()
+
+
+def command_line(p):
+    """A bare name, a path with blanks with quotes and without, words behind it, a disk alone."""
+    write(p.folder / "donnée.VXT", "A=5\n")
+    write(p.folder / "mes feuilles" / "une feuille.VXT", "A=5\n")
+    write(DRIVE_C / "X.VXT", "A=5\n")
+    opened_with(p, there(p.folder / "donnée.VXT"), "donnée.VXT")
+    blanks = there(p.folder / "mes feuilles" / "une feuille.VXT")
+    opened_with(p, blanks, blanks)                # quoted, for it is one argument
+    opened_with(p, blanks, *blanks.split(" "))    # without quotes
+    opened_with(p, there(p.folder / "donnée.VXT"), there(p.folder / "donnée.VXT"), "imprimer")
+    opened_with(p, "C:\\X.VXT", "C:X.VXT")
+    opened_with(p, "C:\\X.VXT", "--imprime-vers=rien", "C:X.VXT")
+
+
+def last_sheet(p):
+    """With the option the sheet comes back at the next start, with its cursor."""
+    write(p.folder / "suite.VXT", "A=1\nB=2\n")
+    p.start("suite.VXT")
+    p.wait_sheet("A=1\nB=2")
+    p.choose("O", 6)
+    p.key("Bas")
+    wait(lambda: p.selection()[0] == 5, "the cursor in line 2")
+    p.key("Alt+F4")
+    p.wait_end()
+    p.start()
+    p.wait_sheet("A=1\nB=2")
+    wait(lambda: p.selection()[0] == 5, "the cursor in line 2 again")
+
+
+def keeps_files_elsewhere(p):
+    """A start in a folder that can't be written: the program's files are in the user's folder then."""
+    home = next(DRIVE_C.glob("users/*/AppData/Roaming")) / "voxtab"
+    shutil.rmtree(home, ignore_errors=True)
+    before = sorted(f.name for f in p.folder.iterdir())
+    p.folder.chmod(0o555)
+    try:
+        p.start()
+        p.key("Alt+F1")
+        wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+        p.key("Échap")
+        p.wait_sheet("")
+        p.key("Alt+F4")
+        p.wait_end()
+    finally:
+        p.folder.chmod(0o755)
+    same(sorted(f.name for f in p.folder.iterdir()), before, "files beside the program")
+    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
+         "files of the user")
+    return read(home / "fonction.txt")
+
+
+def folder_that_cannot_be_written(p):
+    """The texts come from the program's data, or from beside it, where they are sheets already."""
+    functions = keeps_files_elsewhere(p)
+    for name in ("aide.txt", "fonction.txt"):
+        text = (p.folder / "data" / name).read_text(encoding="utf-8")
+        (p.folder / name).write_bytes(text.replace("\n", "\r\n").encode("cp1252"))
+    shutil.rmtree(p.folder / "data")
+    same(keeps_files_elsewhere(p), functions, "list of functions")
+
+
+def folder_with_accents(p):
+    """Names with every kind of letter: in the code page, and not."""
+    for name in ("Élève François, 3ème", "Пётр"):
+        folder = p.folder / name
+        folder.mkdir()
+        shutil.copy(p.folder / "VOXTAB.EXE", folder)
+        shutil.copytree(p.folder / "data", folder / "data")
+        write(folder / "été.VXT", "A=5\n")
+        whole, p.folder = p.folder, folder
+        p.start("été.VXT")
+        p.wait_sheet("A=5")
+        p.type("B=1¶")
+        p.key("Ctrl+S")
+        p.wait_message("enregistrer")
+        p.key("Alt+F4")
+        p.wait_end()
+        same(read(folder / "été.VXT"), "B=1\nA=5\n", "file")
+        same(sorted(f.name for f in folder.iterdir()),
+             sorted(["VOXTAB.EXE", "VOXTAB.INI", "aide.txt", "data", "fonction.txt", "travail", "été.VXT",
+                     "été.bak"]), "files beside the program")
+        p.folder = whole
+
+
+def reader_scripts(p):
+    """At the first start after an installation the reader's files go where the user says."""
+    home = next(DRIVE_C.glob("users/*/AppData/Roaming"))
+    scripts = home / "Freedom Scientific" / "JAWS" / "2024" / "settings" / "fra"
+    scripts.mkdir(parents=True)
+    for name in ("voxtab.jcf", "voxtab.jdf", "verjaws.ini"):
+        (p.folder / name).write_bytes(name.encode())
+    p.launch()
+    p.wait_box("Chemin des scripts de jaws")
+    proposed = [c["text"] for c in p.box()["children"] if c["class"] == "Edit"][0]
+    same(proposed.lower(), "c:\\" + str(scripts.relative_to(DRIVE_C)).replace("/", "\\").lower(), "folder")
+    p.key("Entrée")
+    p.ready()
+    same(sorted(f.name for f in scripts.iterdir()), ["voxtab.jcf", "voxtab.jdf"], "files of the reader")
+    expect(not (p.folder / "verjaws.ini").exists(), "the marker is still there")
+
+
+def long_path(p):
+    """A sheet whose path is longer than 260 characters."""
+    folder = p.folder / "/".join(["un dossier au nom assez long pour qu'on s'y perde"] * 6)
+    write(folder / "loin.VXT", "A=5\n")
+    expect(len(there(folder)) > 300, "the path is too short")
+    done = subprocess.run(["wine", str(pathlib.Path(BUILD) / "voxtab-calc.exe"), "-i",
+                           there(folder / "loin.VXT")], capture_output=True, check=False)
+    same(done.returncode, 0, f"exit status ({done.stderr!r})")
+    same(read(folder / "loin.VXT"), "A=5 = 5\n", "file")
+    same(read(folder / "loin.bak"), "A=5\n", "backup")
+
+
+run([save_as, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
+     last_sheet, folder_that_cannot_be_written, folder_with_accents,
+     reader_scripts, long_path], BUILD, PLACE)

@@ -1,0 +1,313 @@
+"""The window on Windows: what it shows, what its keys do, what a screen reader hears."""
+import re
+import subprocess
+import sys
+
+from pilot import (ANGLE, CALCULATOR, DEGREE, GRADE, LIST, MESSAGE, QUIT, RADIAN, READ_ONLY, REPLACE,
+                   SELECTED, TXT, expect, run, same, wait)
+
+BUILD, PLACE = sys.argv[1:3]
+
+
+def start(p):
+    p.start()
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    same(p.sheet(), "", "sheet")
+    panels = p.panels()
+    same(panels[:2], ["Flottant Degré", "feuille 1"], "panels 1 and 2")
+    expect(re.fullmatch(r"\d\d:\d\d", panels[2]), f"panel 3 is {panels[2]!r}")
+    expect(re.fullmatch(r"\d\d/\d\d/\d{4}", panels[3]), f"panel 4 is {panels[3]!r}")
+    same(p.state(TXT)["class"], "Edit", "class of the text")
+    same(p.state(MESSAGE)["class"], "Static", "class of the message line")
+    expect(not p.shown(CALCULATOR) and p.shown(REPLACE) and p.shown(QUIT), "the buttons")
+    expect(not p.state(TXT)["style"] & READ_ONLY, "the sheet can't be written")
+    for name in ("aide.txt", "fonction.txt", "travail"):
+        expect((p.folder / name).exists(), f"{name} isn't there")
+
+
+def calculation(p):
+    p.start(text="A=3¶B=A*2")
+    p.key("Alt+C")
+    p.hear("B=A*2 = 6")
+    same(p.sheet(), "A=3 = 3\nB=A*2 = 6", "sheet")
+    same(p.message(), "B=A*2 = 6", "message")
+    same(p.selection(), (18, 18), "cursor")
+    p.key("Haut")
+    p.key("Fin")
+    wait(lambda: p.selection() == (7, 7), "the cursor in line 1")
+    p.key("Ctrl+R")
+    p.hear("= 3")
+    p.key("Ctrl+Entrée")
+    p.wait_sheet("A=3 = 3\nB=A*2 = 6\nZ= 9")
+
+
+def repeated_message(p):
+    """The same words again are another event."""
+    p.start(text="12")
+    for _ in range(3):
+        p.key("Ctrl+G")
+    p.hear("colonne 3 ligne 1", " colonne 3 ligne 1  ", "colonne 3 ligne 1")
+
+
+def messages_together(p):
+    """What one command says in several messages is heard in several events, each with its own words."""
+    p.start(text="1/0")
+    p.key("Alt+C")
+    p.hear("division par 0", "1/0 = division par 0")
+    p.type("¶2+2")
+    p.wait_sheet("1/0 = division par 0\n2+2")
+    p.key("F5")
+    p.hear("Entier", "division par 0", "1/0 = division par 0")
+
+
+def alt_released_first(p):
+    """Alt that comes up before C calculates nothing and opens no menu: what is typed next is typed."""
+    p.start(text="2+3")
+    p.key("Alt+C", alt_first=True)
+    p.type("9")
+    p.wait_sheet("2+39")
+
+
+def number_modes(p):
+    p.start(text="10/4")
+    p.key("F5")
+    p.wait_sheet("10/4 = 2")
+    same(p.panels()[0], "Entier Degré", "panel 1")
+    p.key("Ctrl+F7")
+    wait(lambda: p.panels()[0] == "Puissance 10 Degré", "panel 1")
+    p.key("Maj+F7")
+    wait(lambda: p.panels()[0] == "Hexadécimal Degré", "panel 1")
+    p.key("F7")
+    p.wait_sheet("10/4 = 2.5")
+    wait(lambda: p.panels()[0] == "Flottant Degré", "panel 1")
+
+
+def decimals(p):
+    p.start(text="1/3")
+    p.key("Ctrl+F5")
+    p.wait_box("Nombre de décimal")
+    entry = [c for c in p.box()["children"] if c["class"] == "Edit"]
+    same([c["text"] for c in entry], ["2"], "what the entry box proposes")
+    p.type("101")
+    p.key("Entrée")
+    p.wait_box("nombre de décimal maximum est de 100")
+    p.key("Entrée")
+    p.wait_box("Nombre de décimal")
+    p.type("4")
+    p.key("Entrée")
+    p.wait_no_box()
+    p.wait_sheet("1/3 = 0.3333")
+
+
+def angle_view(p):
+    p.start(text="SIN(100)")
+    p.key("F8")
+    wait(lambda: p.shown(DEGREE) and p.focus() == DEGREE, "the options")
+    same([p.state(c)["text"] for c in (DEGREE, RADIAN, GRADE)], ["degré", "Radian", "grade"], "options")
+    same(p.probe.ask("checked", DEGREE), SELECTED, "degré")
+    expect(not p.shown(TXT) and p.shown(ANGLE) and p.shown(QUIT), "what is shown")
+    p.key("Bas")
+    p.key("Bas")
+    wait(lambda: p.focus() == GRADE, "the option grade")
+    p.key("Entrée")
+    p.wait_sheet("SIN(100) = 1")
+    wait(lambda: p.panels()[0] == "Flottant Grade", "panel 1")
+    wait(lambda: p.focus() == TXT, "the focus back in the text")
+    expect(not p.shown(ANGLE) and p.shown(REPLACE), "what is shown")
+
+
+def colour_view(p):
+    p.start()
+    p.choose("O", 9)
+    wait(lambda: p.shown(LIST) and p.focus() == LIST, "the list")
+    lines = p.probe.ask("list", LIST)
+    same((len(lines), lines[0], lines[16]),
+         (17, "Choisissez une couleur des caractères", "Blanc pur"), "list")
+    same((p.state(CALCULATOR)["text"], p.state(QUIT)["text"]), ("OK", "Annuler"), "buttons")
+    for _ in range(7):
+        p.key("Bas")
+    wait(lambda: p.probe.ask("chosen", LIST) == 7, "line 7")
+    p.key("Entrée")
+    wait(lambda: p.probe.ask("list", LIST)[0] == "Choisissez une couleur d'arrière plan",
+         "the second list")
+    p.key("Échap")
+    wait(lambda: p.shown(TXT) and p.focus() == TXT, "the sheet")
+    expect(not p.shown(LIST), "the list is still shown")
+    same(p.state(QUIT)["text"], "&Quitter", "button")
+
+
+def functions_and_guide(p):
+    p.start(text="A=3")
+    p.key("Alt+F1")
+    wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+    same(len(p.sheet().split("\n")), 41, "number of functions")
+    expect(p.state(TXT)["style"] & READ_ONLY, "the list can be written")
+    expect(p.shown(CALCULATOR) and not p.shown(REPLACE), "the buttons")
+    p.key("X")
+    p.key("Échap")
+    p.wait_sheet("A=3")
+    wait(lambda: not p.state(TXT)["style"] & READ_ONLY, "the sheet can be written")
+    p.wait_message("A=3")
+    p.choose("question", 1)
+    wait(lambda: p.sheet().startswith("VOXTAB, calculatrice"), "the guide")
+    p.key("Échap")
+    p.wait_sheet("A=3")
+    p.choose("question", 2)
+    wait(lambda: p.sheet().startswith("VOXTAB Version"), "the about text")
+    p.key("Échap")
+    p.wait_sheet("A=3")
+
+
+def key_help(p):
+    p.start(text="A=3")
+    p.key("F1")
+    p.hear("Aide Mémoire des touches")
+    p.wait_sheet("")
+    for key, words in (("F7", "Flottant"), ("K", "aucune fonction"), ("K", " aucune fonction  "),
+                       ("Alt+C", "calcul de la feuille"), ("Ctrl+S", "enregistrer un fichier"),
+                       ("Ctrl+Entrée", "calcul de toutes les lignes en colonne"),
+                       ("Ctrl+Maj+S", "enregistrer sous un autre nom"),
+                       ("Alt+Gauche", "chaine à gauche"), ("Alt+M", "Remplacement sur le texte"),
+                       ("Ctrl+A", "sélection tout"), ("Ctrl+P", "imprimer un fichier"),
+                       ("Alt+Q", "quitter la calculatrice")):
+        p.key(key)
+        p.hear(words)
+    same(p.panels()[0], "Flottant Degré", "panel 1")
+    p.key("F1")
+    p.wait_sheet("A=3")
+    p.hear("A=3")
+
+
+def search_and_replace(p):
+    p.start(text="A=3¶B=A+1")
+    p.key("F3")
+    p.wait_box("Recherche")
+    p.type("B=")
+    p.key("Entrée")
+    p.wait_no_box()
+    p.hear("B=A+1")
+    same(p.selection(), (6, 6), "the cursor at the place found")
+    p.key("Maj+F3")
+    p.key("Alt+M")
+    wait(p.box, "the entry box")
+    p.key("Échap")
+    p.wait_no_box()
+
+
+def bookmarks_words_and_lines(p):
+    p.start(text="alpha beta¶gamma")
+    p.key("Haut")
+    p.key("Début")
+    p.key("Alt+Droite")
+    p.hear("beta")
+    wait(lambda: p.selection()[0] == 6, "the cursor at the word")
+    p.key("Ctrl+F1")
+    p.hear("Pose d'un repère")
+    p.key("Ctrl+Y")
+    wait(p.box, "the entry box")
+    p.type("2")
+    p.key("Entrée")
+    p.wait_no_box()
+    wait(lambda: p.selection()[0] == 10, "the cursor at the line end before line 2")
+    p.key("Maj+F1")
+    wait(lambda: p.selection()[0] == 6, "the cursor at the bookmark")
+    p.key("Ctrl+T")
+    p.wait_sheet("alpha \ngamma")
+    p.key("Ctrl+A")
+    wait(lambda: p.selection() == (0, 13), "the whole text selected")
+
+
+def french_keyboard(p):
+    """AltGr types the signs of a French keyboard. Ctrl and Alt with C calculate, as AltGr and C do on a
+    real system; Wine gives AltGr no modifiers."""
+    subprocess.run(["setxkbmap", "fr"], check=True)
+    try:
+        p.start()
+        for key in ("exclam", "AltGr+parenright", "AltGr+quotedbl", "AltGr+apostrophe",
+                    "AltGr+parenleft", "eacute", "agrave", "twosuperior"):
+            p.key(key)
+        p.wait_sheet("!]#{[éà²")
+        p.key("Entrée")
+        p.type("7*6")
+        p.wait_sheet("!]#{[éà²\n7*6")
+        p.key("Ctrl+Alt+C")
+        p.wait_sheet("!]#{[éà²\n7*6 = 42")
+    finally:
+        subprocess.run(["setxkbmap", "us"], check=True)
+
+
+def clipboard(p):
+    p.start(text="A=3¶B=4")
+    p.key("Ctrl+A")
+    wait(lambda: p.selection() == (0, 8), "the whole text selected")
+    p.key("Ctrl+X")
+    p.wait_sheet("")
+    p.key("Ctrl+V")
+    p.wait_sheet("A=3\nB=4")
+    p.key("Ctrl+V")
+    p.wait_sheet("A=3\nB=4A=3\nB=4")
+
+
+def pasted_characters(p):
+    """What the code page lacks is replaced, or refused with its code."""
+    p.start()
+    p.clip("A=5\u22123\n2\u03c0")
+    p.key("Ctrl+V")
+    p.wait_sheet("A=5-3\n2PI")
+    p.clip("\u2264")
+    p.key("Ctrl+V")
+    p.hear("caractère refusé U+2264")
+    same(p.sheet(), "A=5-3\n2PI", "sheet")
+
+
+def large_sheet(p):
+    """A sheet beyond 64 KB is shown, calculated and written at its end."""
+    lines = [f"{i}+1" for i in range(12000)]
+    (p.folder / "grande.VXT").write_bytes("\r\n".join(lines).encode())
+    p.start("grande.VXT")
+    wait(lambda: len(p.sheet()) == len("\n".join(lines)), "the sheet")
+    p.key("Ctrl+Fin")
+    wait(lambda: p.selection()[0] > 65536, "the cursor at the end")
+    p.type("0")
+    p.key("Alt+C")
+    p.hear(f"{lines[-1]}0 = {11999 + 10}")
+    seen = p.sheet().split("\n")
+    same((len(seen), seen[0], seen[-1]), (12000, "0+1 = 1", f"{lines[-1]}0 = {11999 + 10}"), "lines")
+    same(p.selection()[0], sum(len(line) + 2 for line in seen) - 2, "cursor")
+
+
+def fonts(p):
+    """The font of the screen: told, asked about, and left as it is on Cancel."""
+    p.start(text="A=3")
+    p.choose("O", 10)
+    p.wait_box("police Courier Taille 15")
+    p.key("Entrée")
+    p.wait_box("Voulez vous modifier la police de l'écran")
+    p.key("Alt+O")
+    wait(lambda: (box := p.box()) and any(c["class"] == "ComboBox" for c in box["children"]),
+         "the font dialog")
+    p.key("Échap")
+    p.wait_box("Vous n'avez sélectionné aucune police.")
+    p.key("Entrée")
+    p.wait_no_box()
+    same(p.sheet(), "A=3", "sheet")
+
+
+def deep_formulas(p):
+    """Brackets nested as deep as a formula is long, and a function that calls itself without end."""
+    deep = "(" * 16382 + "1" + ")" * 16382
+    (p.folder / "profonde.VXT").write_bytes((deep + "\r\nDEFFON=FON(X-1)\r\nA=5").encode())
+    p.start("profonde.VXT")
+    wait(lambda: p.sheet().endswith("A=5"), "the sheet")
+    p.key("Alt+C")
+    p.wait_box("28 28sur fon")
+    p.key("Entrée")
+    p.wait_no_box()
+    wait(lambda: p.sheet().endswith("A=5 = 5"), "the result")
+    same(p.sheet().split("\n")[0][-8:], ")))) = 1", "the end of the deep formula")
+
+
+run([start, calculation, repeated_message, messages_together, alt_released_first, number_modes, decimals,
+     angle_view, colour_view, functions_and_guide, key_help, search_and_replace,
+     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
+     fonts, deep_formulas], BUILD, PLACE)

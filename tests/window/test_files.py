@@ -72,7 +72,7 @@ def replaces_only_when_told(p):
     p.key("Échap")
     p.wait_no_dialog()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
 
 
 def open_and_recent(p):
@@ -86,8 +86,8 @@ def open_and_recent(p):
     name_file(p, p.folder / "un.VXT")
     p.wait_sheet("A=1\né=2")
     p.wait_no_dialog()
-    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
-    same(p.panel(2), "feuille 2", "panel 2")
+    wait_same(p.title, f"VOXTAB {p.folder}/un.VXT", "title")
+    wait_same(lambda: p.panel(2), "feuille 2", "panel 2")
     p.key("Maj+F6")
     p.wait_sheet("Z=1")
     p.key("F6")
@@ -96,7 +96,7 @@ def open_and_recent(p):
     same(items[1], f"2 {p.folder}/un.VXT", "second item of the File menu")
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
-    same(p.panel(2), "feuille 1", "panel 2")
+    wait_same(lambda: p.panel(2), "feuille 1", "panel 2")
 
 
 def documents(p):
@@ -161,14 +161,14 @@ def recent_by_menu(p):
     p.key("Alt+Q")
     same(p.wait_end(), 0, "exit status")
     p.start()
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
     items = [n.get_name() for n in children(p.menu_named("Fichier"))]
     caption = next((i for i in items if i.endswith("un.VXT")), None)
     expect(caption is not None, f"un.VXT isn't in the File menu: {items}")
     p.menu("F", caption)
     p.wait_sheet("A=1")
     p.wait_text()
-    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
+    wait_same(p.title, f"VOXTAB {p.folder}/un.VXT", "title")
 
 
 def quit_saves_a_known_sheet(p):
@@ -200,7 +200,7 @@ def close_asks(p):
     p.key("Alt+N")
     p.wait_text()
     p.wait_sheet("")
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
     same(read(p.folder / "un.VXT"), "A=1", "file")
 
 
@@ -208,7 +208,7 @@ def command_line(p):
     write(p.folder / "donnée.VXT", "A=5")
     p.start("donnée.VXT")
     p.wait_sheet("A=5")
-    same(p.title(), f"VOXTAB {p.folder}/donnée.VXT", "title")
+    wait_same(p.title, f"VOXTAB {p.folder}/donnée.VXT", "title")
 
 
 def quit_asks(p):
@@ -231,7 +231,7 @@ def quit_asks(p):
     same((p.folder / "VOXTAB.INI").stat().st_size, 22 * 267, "size of the settings file")
     same(list((p.folder / "travail").iterdir()), [], "working copies left")
     p.start()
-    same(p.panel(1), "Entier Degré", "panel 1 at the next start")
+    wait_same(lambda: p.panel(1), "Entier Degré", "panel 1 at the next start")
 
 
 def quit_saves(p):

@@ -192,6 +192,10 @@ const std::map<std::string, std::function<json(int)>> commands = {
     {"list", list_of},
     {"chosen", [](int id) { return message_answer(id, LB_GETCURSEL); }},
     {"checked", [](int id) { return message_answer(id, BM_GETCHECK); }},
+    {"undo", [](int id) { return message_answer(id, WM_UNDO); }},
+    {"undo_text", [](int id) { return message_answer(id, EM_UNDO); }},
+    {"paste", [](int id) { return message_answer(id, WM_PASTE); }},
+    {"cut", [](int id) { return message_answer(id, WM_CUT); }},
     {"close", [](int) { return json(PostMessageW(main_window(), WM_CLOSE, 0, 0) != 0); }},
 };
 

@@ -186,7 +186,8 @@ def keeps_files_elsewhere(p):
     try:
         p.start()
         p.key("Alt+F1")
-        wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+        p.wait_sheet((pathlib.Path(BUILD) / "data" / "fonction.txt").read_text(encoding="utf-8")
+                     .removesuffix("\n"))
         p.key("Échap")
         p.wait_sheet("")
         p.key("Alt+F4")

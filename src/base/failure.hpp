@@ -33,6 +33,9 @@ struct Procedure {
     bool numero_seul = false;   // true: the number stands once, with its leading blank
 };
 
+// A failure that no procedure has caught ends the command: the box has the number alone, twice.
+inline constexpr Procedure kCommande{"", false};
+
 // Raises failure `numero`. Never returns.
 [[noreturn]] void echoue(int numero);
 

@@ -31,6 +31,16 @@ inline bool Essaie(Instruction&& instruction, Rapport&& rapport) noexcept {
     return false;
 }
 
+// Runs a statement that must happen whole or not at all. When it fails `remet` puts back what it has
+// changed, then the failure goes up.
+template <class Instruction, class Remise>
+inline void execute_ou_remet(Instruction&& instruction, Remise&& remet) {
+    int echec = 0;
+    if (Essaie(std::forward<Instruction>(instruction), [&](int numero) { echec = numero; })) return;
+    remet();
+    echoue(echec);
+}
+
 // Runs one statement whose failure passes without a word.
 template <class Instruction>
 inline bool EssaieEnSilence(Instruction&& instruction) noexcept {

@@ -2,6 +2,8 @@
 // recent files on top of the File menu.
 #include "documents/open_documents.hpp"
 
+#include <utility>
+
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "documents/dialog.hpp"
@@ -71,11 +73,10 @@ std::string demande_fichier() {
     return nom;
 }
 
-// Puts the file at the current document's place and shows its copy. `execute` runs each statement
-// and decides what becomes of its failure.
+// Puts the file at the current document's place, with a copy of it. `execute` runs each statement and
+// decides what becomes of its failure. True when the copy was made.
 template <class Execute>
-void montre_fichier(const std::string& nom, Execute&& execute) {
-    oublie_changements();
+bool place_fichier(const std::string& nom, Execute&& execute) {
     execute([&] {
         reglages.article_courant = reglages.article_vide;
         reglages.article_courant.nom = nom;
@@ -87,20 +88,40 @@ void montre_fichier(const std::string& nom, Execute&& execute) {
         reussit(port.fichiers.copie(nom, documents.nom_copie(documents.document_courant)));
         copiee = true;
     });
+    return copiee;
+}
+
+// Shows the copy of the current document, another sheet than the one before it.
+template <class Execute>
+void montre_fichier(bool copiee, Execute&& execute) {
+    oublie_changements();
     execute([&] { LitNomCopie(copiee); });
     execute([] { AfficheStatus(); });
 }
 
-// Open, from the dialog on. An empty sheet gives way to the file and leaves it its changed mark.
-void ouvre_fichier() {
-    const std::string nom = demande_fichier();
-    if (dejaOuvert(nom)) return;
+// Takes the place of the file to open: one more document, or that of the empty sheet, which gives way
+// and leaves the file its changed mark.
+void prend_place(const std::string& nom) {
     if (!port.texte.texte().empty()) {
         EcritNomCopie();
         ajoute_document();
         documents.document_modifie(documents.document_courant) = 0;
     }
-    montre_fichier(nom, [](auto&& instruction) { instruction(); });
+    place_fichier(nom, [](auto&& instruction) { instruction(); });
+}
+
+// Open, from the dialog on. Where the file can't be brought in, the sheet that is shown stays the
+// current one: otherwise it would be saved over that file.
+void ouvre_fichier() {
+    const std::string nom = demande_fichier();
+    if (dejaOuvert(nom)) return;
+    Documents avant = documents;
+    Table<article> lignes = reglages.table_ini;
+    execute_ou_remet([&] { prend_place(nom); }, [&] {
+        std::swap(documents, avant);
+        std::swap(reglages.table_ini, lignes);
+    });
+    montre_fichier(true, [](auto&& instruction) { instruction(); });
 }
 
 // Previous and Next: leaves the sheet, moves, shows the other one.
@@ -215,12 +236,14 @@ void mnuNouveauItem() {
 
 void mnuOuvrirItem() {
     if (annonce_item("mnuOuvrirItem") || complet()) return;
+    // Whatever fails passes without a word, on purpose.
     EssaieEnSilence(ouvre_fichier);
 }
 
 void mnuOuvrirSousMenuItem(int Index) {
     if (Index <= documents.nombre_document || Index > kItemsRecents) return;
     const std::string libelle = menus.recents[static_cast<std::size_t>(Index)].libelle;
+    if (annonce_mots(libelle)) return;
     const std::string nom = libelle.substr(libelle.find(' ') + 1);
     if (!FichierExistant(nom)) {
         dit("fichier inexistant"_fr);
@@ -231,7 +254,8 @@ void mnuOuvrirSousMenuItem(int Index) {
         ajoute_document();
     }
     EssaieEnSilence([] { documents.document_modifie(documents.document_courant) = 0; });
-    montre_fichier(nom, [](auto&& instruction) { EssaieEnSilence(instruction); });
+    const auto en_silence = [](auto&& instruction) { EssaieEnSilence(instruction); };
+    montre_fichier(place_fichier(nom, en_silence), en_silence);
 }
 
 void mnuFichierPrecedentItem() {
@@ -248,6 +272,8 @@ void mnuFermerItem() {
     if (annonce_item("mnuFermerItem")) return;
     EcritNomCopie();
     if (!sauvegarde()) return;
+    // The sheet that couldn't be saved under its new name stays, to be saved elsewhere.
+    if (documents.enregistrement_rate) return marque_modifie();
     reglages.article_courant = ligne_courante_ini();
     if (documents.nombre_document == 1) {
         ferme_seul();

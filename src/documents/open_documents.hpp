@@ -15,6 +15,7 @@ struct Documents {
     Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
     bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
+    bool enregistrement_rate = false;    // the last Save As has not brought the sheet to its file
 };
 extern Documents documents;
 

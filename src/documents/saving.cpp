@@ -96,13 +96,14 @@ void rangefichier() {
 bool enregistrersous() noexcept {
     if (annonce_item("mnuEnregistrerSousItem")) return false;
     Tente(kEnregistrerSous, sauvebak);
-    Tente(kEnregistrerSous, EcritNomCopie);
+    bool ecrite = Tente(kEnregistrerSous, EcritNomCopie);
     bool choisi = false;
     EssaieEnSilence([&] { choisi = demande_nom(); });
     if (!choisi) return false;
     Tente(kEnregistrerSous, sauvebak);
-    Tente(kEnregistrerSous,
-          [] { reussit(port.fichiers.copie(copie_courante(), dlg.nom_fichier)); });
+    ecrite &= Tente(kEnregistrerSous,
+                    [] { reussit(port.fichiers.copie(copie_courante(), dlg.nom_fichier)); });
+    documents.enregistrement_rate = !ecrite;
     renomme(dlg.nom_fichier);
     Tente(kEnregistrerSous, [] { documents.document_modifie(documents.document_courant) = 0; });
     Tente(kEnregistrerSous, AfficheStatus);
@@ -111,6 +112,7 @@ bool enregistrersous() noexcept {
 }
 
 bool sauvegarde() {
+    documents.enregistrement_rate = false;
     if (documents.document_modifie(documents.document_courant) == 0) return true;
     const std::string question = std::string("enregistrer sur "_fr)
                                      .append(NomFichSeul(ligne_courante_ini().nom))

@@ -142,15 +142,10 @@ void applique_options(Demarrage& pas) {
         EtatItem* item = etat_item("mnuDerniereFeuilleItem");
         if (item) item->coche = ligne(kLigneAngle).champ2 == 1;
     });
+    pas([] { pose_libelle_matrice(ligne(kLigneAffichage).champ1 == 1); });
     pas([] {
-        pose_libelle("mnuColonneMatrice", ligne(kLigneAffichage).champ1 == 1
-                                              ? "affichage matrice ligne/colonne : en colonne"_fr
-                                              : "affichage matrice ligne/colonne : en ligne"_fr);
-    });
-    pas([] {
-        pose_libelle("mnuLigneStat", ligne(kLigneAffichage).champ2 == 1
-                                         ? "Résultat statistique restreint/complet : restreint"_fr
-                                         : "résultat statistique restreint/complet : complet"_fr);
+        pose_libelle_stat(ligne(kLigneAffichage).champ2 == 1,
+                          "résultat statistique restreint/complet : complet"_fr);
     });
 }
 
@@ -250,26 +245,22 @@ void ecrit_reglages() {
     reussit(port.fichiers.remplace(reglages.fichier_ini, enregistrements(lignes_a_garder())));
 }
 
+// A file that can't be deleted doesn't keep the others.
 void vide_dossier_travail() {
     if (!port.fichiers.existe_dossier(Sansbackslash(reglages.dossier_travail))) return;
     std::vector<std::string> noms;
     reussit(port.fichiers.liste_fichiers(reglages.dossier_travail, noms));
-    for (const std::string& nom : noms)
-        reussit(port.fichiers.efface(reglages.dossier_travail + nom));
-}
-
-// Runs a statement of the shut-down. When it fails the program goes on: `remet` puts back what the
-// sheets need, then the failure goes up.
-template <class Instruction, class Remise>
-void execute_ou_remet(Instruction&& instruction, Remise&& remet) {
     int echec = 0;
-    if (Essaie(std::forward<Instruction>(instruction), [&](int numero) { echec = numero; })) return;
-    remet();
-    echoue(echec);
+    for (const std::string& nom : noms) {
+        const int numero = port.fichiers.efface(reglages.dossier_travail + nom);
+        if (echec == 0) echec = numero;
+    }
+    reussit(echec);
 }
 
 // Asks about each changed sheet. False on Cancel: the number stays that of the sheet where the user
-// cancelled, on purpose, though `txt` still shows the one that was current.
+// cancelled, on purpose, though `txt` still shows the one that was current. False too when a sheet
+// couldn't be saved under its new name: the program must not end without it.
 bool demande_sauvegardes() {
     const std::int16_t garde = documents.document_courant;
     bool continuer = true;
@@ -282,6 +273,12 @@ bool demande_sauvegardes() {
         });
         documents.feuille_ailleurs = false;
         if (!continuer) return false;
+        if (documents.enregistrement_rate) {
+            marque_modifie();
+            documents.document_courant = garde;
+            AfficheStatus();
+            return false;
+        }
     }
     documents.document_courant = garde;
     return true;
@@ -328,9 +325,10 @@ void quitter() {
         [] {
             met_courant_en_tete();
             ecrit_reglages();
-            vide_dossier_travail();
         },
         [&] { reglages.table_ini = lignes; });
+    // All is saved by now: a copy that stays behind is told and doesn't keep the program open.
+    Tente(kCommande, vide_dossier_travail);
     fenetre.fermee = true;
     port.fenetre.termine();
 }

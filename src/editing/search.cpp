@@ -19,6 +19,8 @@ namespace {
 
 constexpr std::size_t kAbsent = std::string::npos;
 
+constexpr std::size_t kOctetsDits = std::size_t{4} << 20;   // of the lines that one replacement says
+
 // Asks for the text to search and keeps it in capitals. False when there is none to search.
 bool demande_recherche() {
     std::string reponse;
@@ -34,10 +36,6 @@ void demande_remplacement() {
     std::string reponse;
     if (!port.boites.saisie("Remplace", recherche.chaine_remplacement, reponse)) reponse.clear();
     recherche.chaine_remplacement = reponse;
-}
-
-void bips(int nombre) {
-    for (int i = 0; i < nombre; ++i) port.boites.bip();
 }
 
 void dit_ligne_du_curseur() { dit(extraitLigne(port.texte.sel_start())); }
@@ -66,6 +64,8 @@ struct Reconstruction {
     std::string nouveau{};        // what stands in front of it
     std::size_t debut_ligne = 0;  // first byte of the last line of `nouveau`
     std::size_t premiere = 0;     // first byte of the first replacement
+    std::size_t a_dire = 0;       // a byte of the line of the last replacement, in the new text
+    std::size_t dits = 0;         // bytes of the lines that were said
     int compte = 0;               // replacements made
 };
 
@@ -86,8 +86,8 @@ std::string ligne_a(const Reconstruction& r, std::size_t debut) {
     return ligne.append(r.ancien, suite, r.ancien.find('\r', suite) - suite);
 }
 
-// Replaces the match at byte `trouve` of the old text and says the line of its first character. A
-// line feed there belongs to the line that it opens.
+// Replaces the match at byte `trouve` of the old text and notes the line of its first character. A line
+// feed there belongs to the line that it opens.
 void remplace_a(Reconstruction& r, std::size_t trouve) {
     const std::string& remplacement = recherche.chaine_remplacement;
     ajoute(r, std::string_view(r.ancien).substr(r.reste, trouve - r.reste));
@@ -98,7 +98,29 @@ void remplace_a(Reconstruction& r, std::size_t trouve) {
     r.reste = trouve + recherche.chaine_recherche.size();
     const std::string_view ici = std::string_view(remplacement.empty() ? r.ancien : r.nouveau)
                                      .substr(remplacement.empty() ? r.reste : place, 1);
-    dit(ligne_a(r, place > 0 && ici == "\n" ? place + 1 : debut));
+    r.a_dire = place > 0 && ici == "\n" ? place + 1 : debut;
+}
+
+// Says the line of the last replacement, as it reads now.
+void dit_remplacement(Reconstruction& r) {
+    const std::string ligne = ligne_a(r, r.a_dire);
+    r.dits += ligne.size();
+    dit(ligne);
+}
+
+// Replaces all matches from byte `depart` on and says the line of each. Past what can be heard in a day
+// only the last one is said: a long line with a match in every word would have no end.
+void remplace_depuis(Reconstruction& r, std::size_t depart) {
+    const std::string& chaine = recherche.chaine_recherche;
+    const std::string grand = capitales(r.ancien);
+    bool dite = true;
+    while ((depart = grand.find(chaine, depart)) != kAbsent) {
+        remplace_a(r, depart);
+        depart = r.reste;
+        dite = r.dits < kOctetsDits;
+        if (dite) dit_remplacement(r);
+    }
+    if (!dite) dit_remplacement(r);
 }
 
 // Writes the rebuilt text once and puts the cursor at the first replacement, where a search would
@@ -167,16 +189,11 @@ void modifTexte() {
 }
 
 void Remplacer() {
-    const std::string& chaine = recherche.chaine_recherche;
     const std::string ancien = port.texte.texte();
-    const std::string grand = capitales(ancien);
     Reconstruction r{ancien};
-    std::size_t depart = std::max<std::size_t>(port.texte.sel_start(), 1) - 1;
     // An empty text would be found for ever: there is nothing to replace.
-    while (!chaine.empty() && (depart = grand.find(chaine, depart)) != kAbsent) {
-        remplace_a(r, depart);
-        depart = r.reste;
-    }
+    if (!recherche.chaine_recherche.empty())
+        remplace_depuis(r, std::max<std::size_t>(port.texte.sel_start(), 1) - 1);
     if (r.compte == 0) return dit("introuvable"_fr);
     ecrit(r);
     dit(forme_blanc(r.compte) + " remplacement");

@@ -42,11 +42,6 @@ void surBlancDroite(std::size_t& x, std::string_view ligne) {
     }
 }
 
-void deux_bips() {
-    port.boites.bip();
-    port.boites.bip();
-}
-
 // Moves the cursor from one column of its line to another.
 void va_a_colonne(std::size_t de, std::size_t vers) {
     port.texte.pose_selection(port.texte.sel_start() + vers - de, 0);
@@ -113,14 +108,14 @@ void chaineGAUCHE() {
     const std::size_t x = WhereX();
     std::string ligne = extraitLigne(port.texte.sel_start());
     if (x == 1) {
-        deux_bips();
+        bips(2);
         if (!ligne.empty()) dit(std::string_view(ligne).substr(0, 1));
         return;
     }
     // A cursor behind the end stands on a blank.
     if (ligne.size() < x) ligne.resize(x, ' ');
     const std::size_t fin = fin_mot_gauche(x, ligne);
-    if (fin == 0) return deux_bips();
+    if (fin == 0) return bips(2);
     std::size_t debut = fin;
     surblancGauche(debut, ligne);
     if (!sur_mot(ligne, debut)) ++debut;
@@ -133,7 +128,7 @@ void chainedroite() {
     const std::size_t x0 = WhereX();
     const std::string ligne = extraitLigne(port.texte.sel_start());
     const std::size_t debut = debut_mot_droite(x0, ligne);
-    if (debut == 0) return deux_bips();
+    if (debut == 0) return bips(2);
     std::size_t fin = debut;
     surBlancDroite(fin, ligne);
     // The line's last character is said with the word, even when it belongs to none, on purpose.

@@ -35,6 +35,8 @@ struct Moteur {
     bool definition_fonction_active = false;   // a user function's text is being scanned
     std::int16_t fonction_active = 0;    // variable of the user function, 1 to 26; 0 for none
     std::string nom_fonction;            // text of the user function, capitals; "" for none
+    int appels_fon = 0;                  // calls of the user function that wait for an inner one
+    bool appels_epuises = false;         // a call came too deep; until the outermost one ends
 
     std::array<double, 27> valeur_variable{};    // 1 to 26 for A to Z; slot 0 is written, never read
     std::array<bool, 27> variable_definie{};     // has a value in this pass, same index
@@ -58,6 +60,11 @@ extern Modes modes;
 
 // Number of a letter: 1 for "A" to 26 for "Z"; other characters give other numbers.
 inline int rang_lettre(char c) { return static_cast<unsigned char>(c) - 'A' + 1; }
+
+// The variable of a letter, A to Z.
+inline double& variable(char lettre) {
+    return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
+}
 
 // Puts the context and the modes back to their initial values and seeds the random generator.
 void reinitialise_moteur();

@@ -26,7 +26,7 @@ constexpr Procedure kConvRA{" sur conv_r_a"_fr, true};
 constexpr Procedure kFactoriel{" sur factoriel"_fr, true};
 constexpr Procedure kCIntx{" sur c_intx"_fr, true};
 constexpr Procedure kIntx{" sur intx"_fr, true};
-constexpr Procedure kFrac_{" sur frac"_fr, true};
+constexpr Procedure kMotsFrac{" sur frac"_fr, true};
 
 // How a call ends: with its closing bracket, or at once.
 enum class Fin { cloture, immediate };
@@ -250,7 +250,7 @@ double intx(double x) noexcept {
 
 double frac(double x) noexcept {
     double resultat = 0;
-    Tente(kFrac_, [&] {
+    Tente(kMotsFrac, [&] {
         const std::string texte = texte_general(x);
         const std::size_t point = texte.find('.');
         if (point != std::string::npos)

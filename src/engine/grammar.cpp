@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -227,6 +228,16 @@ double evalue_formule() noexcept {
     lis_symbole();
     compile_egalite();
     return moteur.l_valeur_egalite;
+}
+
+double evalue_element(const Procedure& procedure, std::string_view element) noexcept {
+    std::string garde = std::move(moteur.p_formule);
+    moteur.p_formule.clear();
+    Tente(procedure, [&] { moteur.p_formule = capitales(element); });
+    Tente(procedure, [] { TestVariable(); });
+    const double valeur = evalue_formule();
+    moteur.p_formule = std::move(garde);
+    return valeur;
 }
 
 void compile_egalite() noexcept {

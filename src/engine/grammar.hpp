@@ -3,10 +3,17 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
+
+#include "base/failure.hpp"
 
 // Evaluates p_formule (to which it appends the end mark "@") and gives its value, which means
 // nothing when erreur_formule is set afterwards.
 double evalue_formule() noexcept;
+
+// Value of an element of a matrix or a data set that is a formula. The formula of the line in
+// calculation is kept aside.
+double evalue_element(const Procedure& procedure, std::string_view element) noexcept;
 
 void compile_egalite() noexcept;      // [expression =] expression
 void compile_expression() noexcept;   // sign, + - OR XOR %

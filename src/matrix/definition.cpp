@@ -102,18 +102,6 @@ bool range_elements() noexcept {
     return true;
 }
 
-// Value of an element that is a formula. The formula of the line in calculation is kept aside.
-double evalue_element(std::string_view element) noexcept {
-    double valeur = 0;
-    std::string garde = std::move(moteur.p_formule);
-    moteur.p_formule.clear();
-    Tente(kRangeChiffre, [&] { moteur.p_formule = capitales(element); });
-    Tente(kRangeChiffre, [] { TestVariable(); });
-    Tente(kRangeChiffre, [&] { valeur = evalue_formule(); });
-    moteur.p_formule = std::move(garde);
-    return valeur;
-}
-
 // Leaves the words for an element that can't be evaluated. The row told is the number of rows of
 // the whole block, not the element's own.
 void refuse_element(int colonne) noexcept {
@@ -186,7 +174,7 @@ void RangeChiffreMatrice(std::string_view element, int ligne, int colonne) noexc
     if (element.find_first_not_of("0123456789.-") == std::string_view::npos) {
         Tente(kRangeChiffre, [&] { valeur = prefixe_numerique(element); });
     } else {
-        valeur = evalue_element(element);
+        valeur = evalue_element(kRangeChiffre, element);
         if (moteur.erreur_formule) {
             refuse_element(colonne);
             return;

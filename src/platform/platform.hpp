@@ -101,6 +101,11 @@ extern Port port;
 // Installs the filler whose every slot does nothing and answers nothing.
 void installe_port_vide();
 
+// So many beeps.
+inline void bips(int nombre) {
+    for (int i = 0; i < nombre; ++i) port.boites.bip();
+}
+
 // True while a recursion may go deeper with `reserve` bytes to spare above the lowest address.
 inline bool reste_pile(std::size_t reserve = 0) {
     const auto ici = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));

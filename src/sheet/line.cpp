@@ -26,7 +26,6 @@
 namespace {
 
 constexpr Procedure kEffaceEgalite{" sur effaceEgalite"_fr, false};
-constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 constexpr auto npos = std::string_view::npos;
 

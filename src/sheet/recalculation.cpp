@@ -14,164 +14,22 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
-#include "documents/settings.hpp"
 #include "editing/lines.hpp"
 #include "engine/context.hpp"
 #include "engine/identifiers.hpp"
 #include "matrix/definition.hpp"
-#include "matrix/store.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/message.hpp"
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
+#include "sheet/pass.hpp"
+#include "sheet/rendering.hpp"
 #include "sheet/sheet.hpp"
 #include "stats/data.hpp"
 #include "stats/definition.hpp"
 
 namespace {
-
-constexpr Procedure kRecalcul{" sur recalcul"_fr, false};
-constexpr std::string_view kFinDeLigne = "\r\n";
-
-// What a step answers: the line is finished, or the next step looks at it.
-enum class Suite { continuer, finie };
-
-// The state that goes from line to line.
-struct Passe {
-    std::int16_t numero = 0;             // number of the current line, from 1
-    std::string ligne;                   // the line, trimmed, then cut by effaceEgalite
-    std::string majuscule;               // the line in capitals, before the cut
-    std::string ligne_avant;             // the line before the cut
-    Lettres lettres = 0;                 // letters of majuscule
-    bool fin = false;                    // this is the last line of the sheet
-    std::int16_t ligne_curseur = 1;      // line where the cursor will stand
-    bool texte_complet = true;           // every line has been written to the rebuilt text
-
-    bool attente_fonction = false;       // the line above was an INC or AIR heading
-    std::string entete;                  // that heading, without its old result
-    std::string commentaire_inc;         // its comment, with its "!"
-    bool bloc_inc = false;               // the table of an INC waits in resultat_bloc
-    bool bloc_stat = false;              // a statistics result waits there
-    bool paire_statxy = false;           // the two lists of a bare STATXY are still to come
-    std::int16_t ligne_statx = 0;        // line of that STATXY
-    std::string premiere_liste;          // the first of the two lists
-    bool bloc_tri = false;               // a sorted data set waits in resultat_bloc
-    bool bloc_matrice = false;           // a matrix in column form waits there
-    bool saut_ancien = false;            // the lines now read are an old block, to be dropped
-
-    bool majuscule_contient(const Marque& marque) const {
-        return (lettres & marque.lettres) == marque.lettres &&
-               majuscule.find(marque.mot) != std::string::npos;
-    }
-};
-
-// Runs a statement that carries a line of the user on its way to the new text. Where it fails the old
-// text is kept: see termine.
-template <class Instruction>
-void garde(Passe& p, Instruction&& instruction) {
-    if (!Tente(kRecalcul, instruction)) p.texte_complet = false;
-}
-
-// Appends to the rebuilt text.
-void ajoute(Passe& p, std::string_view texte) {
-    garde(p, [&] { feuille.texte_reconstruit += texte; });
-}
-
-// The end of a line that is done: the line end follows, unless it is the last.
-Suite ligne_suivante(Passe& p) {
-    if (!p.fin) ajoute(p, kFinDeLigne);
-    return Suite::finie;
-}
-
-void ajoute_resultat(Passe& p, std::int16_t numero) {
-    garde(p, [&] { feuille.texte_reconstruit += feuille.resultat_ligne(numero); });
-}
-
-// The waiting block below the last line written.
-void ajoute_bloc(Passe& p) {
-    ajoute(p, kFinDeLigne);
-    ajoute(p, feuille.resultat_bloc);
-}
-
-// A waiting block is written at once where the sheet ends.
-Suite bloc_en_attente(Passe& p) {
-    if (p.fin) ajoute_bloc(p);
-    return Suite::finie;
-}
-
-// The table of an INC waits: the rows of the old one are dropped, any other line ends it.
-Suite attend_table_inc(Passe& p) {
-    if (!p.bloc_inc || !p.saut_ancien) return Suite::continuer;
-    if (p.ligne.starts_with("f(")) return bloc_en_attente(p);
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    p.saut_ancien = p.bloc_inc = false;
-    return Suite::continuer;
-}
-
-// The two lists of a bare STATXY: behind the second one the pairs are calculated.
-Suite prend_liste(Passe& p) {
-    if (p.numero == p.ligne_statx + 1) {
-        garde(p, [&] {
-            p.premiere_liste = p.ligne;
-            feuille.resultat_bloc = p.ligne;
-        });
-        return Suite::finie;
-    }
-    p.paire_statxy = false;
-    garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
-    rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
-    return bloc_en_attente(p);
-}
-
-// A statistics result waits: an old one below is dropped down to its line with FIN.
-Suite attend_bloc_stat(Passe& p) {
-    if (!p.bloc_stat) return Suite::continuer;
-    if (p.saut_ancien) {
-        if (!p.majuscule_contient(kFin)) return Suite::finie;
-        p.bloc_stat = p.saut_ancien = false;
-        ajoute_bloc(p);
-        return ligne_suivante(p);
-    }
-    if (p.ligne.find("nombre de") != std::string::npos ||
-        p.ligne.find(", X=") != std::string::npos) {
-        p.saut_ancien = true;
-        return Suite::finie;
-    }
-    if (p.paire_statxy) return prend_liste(p);
-    p.bloc_stat = false;
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    return Suite::continuer;
-}
-
-// A block that waits behind `attente` (matrix in column form, sorted data set): the old one is
-// dropped down to its line with FIN when its mark was seen, otherwise the block comes first.
-Suite attend_bloc(Passe& p, bool& attente) {
-    if (!attente) return Suite::continuer;
-    if (p.saut_ancien) {
-        if (!p.majuscule_contient(kFin)) return Suite::finie;
-        attente = p.saut_ancien = false;
-        ajoute_bloc(p);
-        return ligne_suivante(p);
-    }
-    attente = false;
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    return Suite::continuer;
-}
-
-// The lines below a block that waits, or below an old one.
-Suite blocs_en_attente(Passe& p) {
-    if (attend_table_inc(p) == Suite::finie || attend_bloc_stat(p) == Suite::finie ||
-        attend_bloc(p, p.bloc_matrice) == Suite::finie)
-        return Suite::finie;
-    // A sorted line that carries a result has an old block below it.
-    if (p.majuscule_contient(kMotTriStatX) && p.ligne.find('=') != std::string::npos)
-        p.saut_ancien = true;
-    return attend_bloc(p, p.bloc_tri);
-}
 
 // Holds back the heading of a tabulation or an area until its function has been read.
 Suite retient_entete(Passe& p) {
@@ -250,34 +108,6 @@ Suite ferme_definitions(Passe& p) {
     return bloc_en_attente(p);
 }
 
-// True when the line's result is a matrix that stands in a column below it.
-bool resultat_en_colonne(const Passe& p) {
-    return p.majuscule[0] == 'M' &&
-           TestCarMatrice(std::string_view(p.majuscule).substr(1, 1)) &&
-           (reglages.table_ini(kLigneAffichage).champ1 == 1 ||
-            p.ligne_avant.find("==") != std::string::npos);
-}
-
-// What follows a calculated line: the blocks that it has made wait for the next line.
-Suite retient_blocs(Passe& p) {
-    const bool tri = p.majuscule_contient(kMotTriStatX);
-    if (p.majuscule_contient(kMotStatX) && !tri) {
-        p.bloc_stat = true;
-        p.paire_statxy = p.paire_statxy || (p.majuscule_contient(kMotStatXY) &&
-                                            p.ligne.find('(') == std::string::npos);
-        p.ligne_statx = p.numero;
-        return bloc_en_attente(p);
-    }
-    if (tri) {
-        p.bloc_tri = true;
-        return bloc_en_attente(p);
-    }
-    if (p.ligne.size() < 4 || !resultat_en_colonne(p)) return ligne_suivante(p);
-    p.bloc_matrice = true;
-    if (p.ligne_avant.find("==") != std::string::npos) p.saut_ancien = true;
-    return bloc_en_attente(p);
-}
-
 // Calculates the line and writes its result behind it.
 Suite calcule_ligne(Passe& p) {
     calcul_chaine(p.numero);
@@ -298,6 +128,22 @@ void prepare_ligne(Passe& p) {
     p.lettres = lettres_de(p.majuscule);
 }
 
+// A line that is no part of a block that waits: it opens, fills or closes a definition, or is calculated.
+Suite calcule_ou_definit(Passe& p) {
+    ajoute(p, p.ligne);
+    bool vide = true;
+    Tente(kRecalcul, [&] {
+        std::string& formule = feuille.formule_ligne(p.numero);
+        const std::string_view garde = sans_blancs(formule);
+        if (garde.size() != formule.size()) formule = std::string(garde);
+        vide = formule.empty();
+    });
+    if (ouvre_definition(p)) return ligne_suivante(p);
+    if (vide || p.majuscule_contient(kFin)) return ferme_definitions(p);
+    if (statistiques.definition_statx) return ajoute_donnees(p);
+    return calcule_ligne(p);
+}
+
 // The line steps, in their order.
 Suite traite_ligne(Passe& p) {
     garde(p, [&] { prepare_ligne(p); });
@@ -316,18 +162,7 @@ Suite traite_ligne(Passe& p) {
     }
     if (retient_entete(p) == Suite::finie || prend_fonction(p) == Suite::finie)
         return Suite::finie;
-    ajoute(p, p.ligne);
-    bool vide = true;
-    Tente(kRecalcul, [&] {
-        std::string& formule = feuille.formule_ligne(p.numero);
-        const std::string_view garde = sans_blancs(formule);
-        if (garde.size() != formule.size()) formule = std::string(garde);
-        vide = formule.empty();
-    });
-    if (ouvre_definition(p)) return ligne_suivante(p);
-    if (vide || p.majuscule_contient(kFin)) return ferme_definitions(p);
-    if (statistiques.definition_statx) return ajoute_donnees(p);
-    return calcule_ligne(p);
+    return calcule_ou_definit(p);
 }
 
 // Everything that a pass begins without.
@@ -411,4 +246,14 @@ void recalcul() noexcept {
     Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(texte.size() + texte.size() / 2); });
     parcourt(texte, p);
     termine(p);
+}
+
+void re_valeur() noexcept {
+    if (feuille.nombre_ligne == 0) return recalcul();
+    for (std::int16_t numero = 1; numero <= feuille.nombre_ligne; ++numero) {
+        // The line in calculation takes the elements of its matrix; the formula tells how a value is written.
+        feuille.ligne_courante = numero;
+        Tente(kRecalcul, [&] { moteur.p_formule = capitales(feuille.formule_ligne(numero)); });
+        affiche_valeur(numero);
+    }
 }

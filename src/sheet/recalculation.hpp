@@ -3,3 +3,7 @@
 #pragma once
 
 void recalcul() noexcept;
+
+// Writes the results of the last pass anew, in the number mode of the moment; they reach the text with the
+// next pass. Without a pass, runs one. No command needs it so far.
+void re_valeur() noexcept;

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
 #include "base/table.hpp"
 
 struct Feuille {
@@ -24,6 +26,9 @@ struct Feuille {
     std::string texte_reconstruit;
 };
 extern Feuille feuille;
+
+// Words of calcul_chaine, for the files that do parts of its work.
+inline constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 // Inserts `texte` into the rebuilt text at `position` (bytes from 0; at most its length).
 void insere_texte_reconstruit(std::size_t position, const std::string& texte);

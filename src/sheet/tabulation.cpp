@@ -89,6 +89,16 @@ bool evalue_en(Repetition& fonction, double x, double& valeur) {
     return !moteur.erreur_formule;
 }
 
+// The rows of a table. False when the function has no value in one of them.
+bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double pas, int nombre) {
+    for (int i = 1; i <= nombre; ++i) {
+        if (!evalue_en(fonction, x, feuille.valeur_ligne(numero))) return false;
+        ajoute_rangee(numero, x);
+        range(x, x + pas, x, pas);
+    }
+    return true;
+}
+
 // Probes an end of the interval; the box names it when the function has no value there.
 bool sonde(Repetition& fonction, double x, std::string_view nom) {
     double valeur = 0;
@@ -139,21 +149,13 @@ void CalculInc(std::int16_t numero, int variable) {
         boite("nombre d'incrément < = 0"_fr);
         return;
     }
-    double x = moteur.l_argument1;
-    const double pas = moteur.l_argument2;
+    const double debut = moteur.l_argument1, pas = moteur.l_argument2;
     if (!ouvre_fonction(numero, variable)) return;
     moteur.variable_definie[static_cast<std::size_t>(variable)] = true;
     feuille.resultat_bloc.clear();
     moteur.muet_erreur = true;
     Repetition fonction(variable);
-    bool echec = false;
-    for (int i = 1; i <= nombre && !echec; ++i) {
-        echec = !evalue_en(fonction, x, feuille.valeur_ligne(numero));
-        if (echec) break;
-        ajoute_rangee(numero, x);
-        range(x, x + pas, x, pas);
-    }
-    if (echec) {
+    if (!remplit_table(fonction, numero, debut, pas, nombre)) {
         dit("fonction non définie"_fr);
         feuille.resultat_bloc.clear();
     }

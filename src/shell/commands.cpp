@@ -91,6 +91,7 @@ constexpr std::array kAutres = {
     Commande{"CmdModifTexte", CmdModifTexte},
     Commande{"CmdQuitter", CmdQuitter},
     Commande{"recalcul", [] { recalcul(); }},
+    Commande{"re_valeur", re_valeur},
     Commande{"calcul_colonne", calcul_colonne},
     Commande{"chaineGAUCHE", chaineGAUCHE},
     Commande{"chainedroite", chainedroite},

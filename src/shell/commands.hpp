@@ -4,11 +4,6 @@
 
 #include <string_view>
 
-#include "base/failure.hpp"
-
-// A failure that no procedure has caught ends the command: the box has the number alone, twice.
-inline constexpr Procedure kCommande{"", false};
-
 void mnuCalculItem();            // the sheet
 void mnuCalculColonneItem();     // the sheet and the total of its lines
 void MnuParleResultatItem();     // says the result of the line under the cursor

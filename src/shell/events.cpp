@@ -90,7 +90,9 @@ bool disponible(const EtatItem* item) {
 // written, on purpose; key help alone prevents it.
 void caractere_texte(int code) {
     if (code == kToucheEchap) {
-        if (fenetre.CmdVoxtab.visible) CmdVoxtab();
+        // The list of colours, opened from the guide, takes the button away when it ends: Escape still
+        // leads back to the sheet.
+        if (fenetre.CmdVoxtab.visible || documents.liste_fonction_active) CmdVoxtab();
     } else if (!aide.aide_touche) {
         marque_modifie();
     }

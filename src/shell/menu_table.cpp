@@ -169,3 +169,13 @@ EtatItem* etat_recent(int index) {
 void pose_libelle(std::string_view nom, std::string_view libelle) {
     if (EtatItem* item = etat_item(nom)) item->libelle = libelle;
 }
+
+void pose_libelle_matrice(bool en_colonne) {
+    pose_libelle("mnuColonneMatrice", en_colonne ? "affichage matrice ligne/colonne : en colonne"_fr
+                                                 : "affichage matrice ligne/colonne : en ligne"_fr);
+}
+
+void pose_libelle_stat(bool restreint, std::string_view complet) {
+    pose_libelle("mnuLigneStat",
+                 restreint ? "Résultat statistique restreint/complet : restreint"_fr : complet);
+}

@@ -66,3 +66,7 @@ EtatItem* etat_item(std::string_view nom);
 EtatItem* etat_recent(int index);
 // Gives an item another caption.
 void pose_libelle(std::string_view nom, std::string_view libelle);
+// Captions that tell what is chosen: matrices in a column or in a line; statistics restricted, or
+// `complet`, which isn't written everywhere alike.
+void pose_libelle_matrice(bool en_colonne);
+void pose_libelle_stat(bool restreint, std::string_view complet);

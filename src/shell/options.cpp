@@ -122,9 +122,7 @@ void mnuDerniereFeuilleItem() {
 void mnuColonneMatrice() {
     std::int32_t& colonne = reglages.table_ini(kLigneAffichage).champ1;
     colonne = colonne != 1 ? 1 : 0;
-    pose_libelle("mnuColonneMatrice", colonne == 1
-                                          ? "affichage matrice ligne/colonne : en colonne"_fr
-                                          : "affichage matrice ligne/colonne : en ligne"_fr);
+    pose_libelle_matrice(colonne == 1);
     dit(colonne == 1 ? "en colonne"_fr : "en ligne"_fr);
 }
 
@@ -133,9 +131,7 @@ void mnuColonneMatrice() {
 void mnuLigneStat() {
     std::int32_t& restreint = reglages.table_ini(kLigneAffichage).champ2;
     restreint = restreint != 0 ? 0 : 1;
-    pose_libelle("mnuLigneStat", restreint == 1
-                                     ? "Résultat statistique restreint/complet : restreint"_fr
-                                     : "Résultat statistique restreint/complet : complet"_fr);
+    pose_libelle_stat(restreint == 1, "Résultat statistique restreint/complet : complet"_fr);
     dit(restreint == 1 ? "affichage restreint"_fr : "affichage complet"_fr);
 }
 

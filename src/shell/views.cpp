@@ -25,17 +25,12 @@
 
 namespace {
 
-// The sheet gives way to another text: from here on the working copy isn't written. Key help has
-// emptied the text without this mark, so that a text opened from it loses the sheet's copy, on
-// purpose.
-void quitte_la_feuille() {
+// The sheet gives way to a text that can be read and not written, whose first line is said. From here
+// on the working copy isn't written. Key help has emptied the text without this mark, so that a text
+// opened from it loses the sheet's copy, on purpose.
+void montre_texte(std::string texte) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
-    port.texte.pose_texte("");
-}
-
-// Shows a text that can be read and not written, and says its first line.
-void montre_texte(std::string texte) {
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(1, 0);
     fenetre.txt_lecture_seule = true;
@@ -44,7 +39,8 @@ void montre_texte(std::string texte) {
     fenetre.CmdModifTexte.visible = false;
 }
 
-// A text of the program's folder, without its last line end.
+// A text of the program's folder, without its last line end. It is read before the sheet gives way, so
+// that the sheet stays where the file is missing.
 std::string lit_texte_programme(std::string_view nom) {
     std::string texte = lit_lignes(reglages.dossier_programme + std::string(nom));
     texte.resize(texte.size() - std::min<std::size_t>(texte.size(), 2));
@@ -108,13 +104,17 @@ void CmdModifTexte() {
     modifTexte();
 }
 
+// Going off brings the sheet back from every view: in the list of colours, where the button of the
+// sheet reads "OK", the list goes first. Going on keeps the sheet first: where its copy can't be
+// written the mode doesn't begin.
 void mnuAideToucheItem() {
-    aide.aide_touche = !aide.aide_touche;
-    if (!aide.aide_touche) {
+    if (aide.aide_touche) {
+        if (fenetre.CmdVoxtab.texte == "OK") RetourListe();
         CmdVoxtab();
         return;
     }
     EcritNomCopie();
+    aide.aide_touche = true;
     port.texte.pose_texte("");
     fenetre.txt_lecture_seule = true;
     dit("Aide Mémoire des touches"_fr);
@@ -123,17 +123,14 @@ void mnuAideToucheItem() {
 
 void AfficheFonction() {
     if (annonce_item("mnuFonctionItem")) return;
-    quitte_la_feuille();
     montre_texte(lit_texte_programme("fonction.txt"));
 }
 
 void mnuAideTxtItem() {
-    quitte_la_feuille();
     montre_texte(lit_texte_programme("aide.txt"));
 }
 
 void mnuApropos() {
-    quitte_la_feuille();
     montre_texte(std::string("VOXTAB Version 2.02\r\nDécembre 2008\r\nL'équipe Voxtab\r\n"
                              "Contact : voir le fichier lisezmoi.txt"_fr));
 }

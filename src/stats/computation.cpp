@@ -26,11 +26,6 @@ constexpr Procedure kEcarts{" sur Resxy"_fr, true};
 // Failed distances after which ResXy gives up: each of them has shown its box.
 constexpr int kRefusMaximum = 32767;
 
-// The variable of a letter, A to Z.
-double& variable(char lettre) {
-    return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
-}
-
 // Marks the variables of these letters as having a value.
 void definit(std::string_view lettres) {
     for (const char c : lettres)

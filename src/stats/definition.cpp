@@ -114,17 +114,6 @@ std::int32_t lis_valeurs() {
     return nombre;
 }
 
-// Value of an element that is no plain number: it is read like any formula.
-double evalue_element(std::string_view element) {
-    double valeur = 0;
-    std::string garde = std::move(moteur.p_formule);
-    Tente(kRangeChiffre, [&] { moteur.p_formule = capitales(element); });
-    Tente(kRangeChiffre, [] { TestVariable(); });
-    valeur = evalue_formule();
-    moteur.p_formule = std::move(garde);
-    return valeur;
-}
-
 // The elements of a list. The last character belongs to the last element whatever it is: a closing
 // comma stays in it, and the engine will refuse it.
 std::vector<std::string_view> coupe_liste(std::string_view ligne) {
@@ -200,7 +189,7 @@ void RangeChiffreStatX(std::string_view element, std::int32_t index) noexcept {
     if (element.find_first_not_of("0123456789.-") == std::string_view::npos)
         Tente(kRangeChiffre, [&] { valeur = prefixe_numerique(element); });
     else
-        valeur = evalue_element(element);
+        valeur = evalue_element(kRangeChiffre, element);
     if (moteur.erreur_formule) {
         Tente(kRangeChiffre,
               [&] { moteur.l_texte_erreur = std::string("erreur élément "_fr).append(element); });

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 constexpr std::string_view kFinStatX = "fin résultat statx"_fr;
 constexpr std::string_view kFinStatXY = "fin résultat statxy"_fr;
@@ -49,10 +48,6 @@ constexpr Ligne kLignesXY[] = {
     {"Q=Variance (Carré du coefficient de corrélation)= "_fr, 'Q'},
     {"R=coefficient de corrélation= "_fr, 'R'},
 };
-
-double variable(char lettre) {
-    return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
-}
 
 // One statement: adds a text to the block, whole or not at all.
 void ajoute(const std::string& texte) { feuille.resultat_bloc += texte; }

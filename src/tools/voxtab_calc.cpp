@@ -1,7 +1,13 @@
 // The calculation in a terminal: a sheet from a file or standard input, the calculated sheet to
 // standard output or back into the file. Messages and boxes go to standard error, one a line.
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
 #include <iostream>
-#include <iterator>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -26,6 +32,9 @@ namespace {
 constexpr int kReussite = 0;
 constexpr int kLigneEnErreur = 1;
 constexpr int kImpossible = 2;
+
+// What standard input may hold: a device without end must not fill the memory of the machine.
+constexpr std::size_t kEntreeMaxi = std::size_t{256} << 20;
 
 bool boite_vue = false;   // a box was shown: some line has no result
 
@@ -115,6 +124,17 @@ int verifie_en_place(const OptionsCalcul& options, bool fichier) {
     return numero == 0 ? kReussite : refuse_fichier(options.feuille, numero);
 }
 
+// Reads standard input whole; the exit status of what went wrong.
+int lit_entree(std::string& octets) {
+    std::array<char, 65536> bloc;
+    while (std::cin) {
+        std::cin.read(bloc.data(), bloc.size());
+        octets.append(bloc.data(), static_cast<std::size_t>(std::cin.gcount()));
+        if (octets.size() > kEntreeMaxi) return refuse("entrée standard : trop longue");
+    }
+    return std::cin.bad() ? refuse("entrée standard : accès impossible") : kReussite;
+}
+
 int calcule(const OptionsCalcul& options) {
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
     const std::string nom = fichier ? options.feuille : "entrée standard";
@@ -123,7 +143,7 @@ int calcule(const OptionsCalcul& options) {
         if (const int numero = lit_fichier(options.feuille, octets); numero != 0)
             return refuse_fichier(options.feuille, numero);
     } else {
-        octets.assign(std::istreambuf_iterator<char>(std::cin), {});
+        if (const int statut = lit_entree(octets); statut != kReussite) return statut;
     }
     if (const int refus = verifie_en_place(options, fichier); refus != 0) return refus;
     RefusFeuille refus;
@@ -136,9 +156,30 @@ int calcule(const OptionsCalcul& options) {
     return moteur.erreur_formule || boite_vue ? kLigneEnErreur : kReussite;
 }
 
+// The end of a program whose memory is exhausted where nothing can go on: nothing has been written. The
+// words are ready, and nothing is asked of the memory.
+[[noreturn]] void plus_de_memoire() {
+    std::fputs("voxtab-calc : mémoire insuffisante\n", stderr);
+    std::_Exit(kImpossible);
+}
+
+// The last handler of an exception that nobody caught.
+[[noreturn]] void fin_sans_issue() {
+    try {
+        if (std::current_exception()) std::rethrow_exception(std::current_exception());
+    } catch (const std::bad_alloc&) {
+        plus_de_memoire();
+    } catch (const std::length_error&) {
+        plus_de_memoire();
+    } catch (...) {
+    }
+    std::abort();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::set_terminate(fin_sans_issue);
     agrandit_pile(argv);
     std::ios::sync_with_stdio(false);
     const LectureOptions lecture = lis_options(prepare_console(argc, argv));

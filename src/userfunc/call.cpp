@@ -18,12 +18,15 @@
 
 namespace {
 
-// Room for one more call, so that a function without end is stopped here and not in a bracket of it.
+// How deep calls may come: always the same, so that a sheet gives the same on every system. The stack
+// that the program gives itself holds as many, with fifty kilobytes for each.
+constexpr int kAppelsMaxi = 10000;
+
+// Room for one more call, where the system gave less stack or a call needs more, so that a function without end is stopped here and not in a bracket of it.
 constexpr std::size_t kReserveAppel = 1u << 20;
 
 // The flag stays as it was: only the box tells of a failure here.
-constexpr Procedure kFon_{"sur fon"_fr, false};
-constexpr Procedure kDefFon{" sur calcul_chaine"_fr, false};
+constexpr Procedure kMotsFon{"sur fon"_fr, false};
 
 // What a call keeps of the formula around it. The error flag and text are not kept: the inner
 // evaluation starts by clearing them.
@@ -71,8 +74,18 @@ struct Appelant {
 
 // Writes a refusal of the definition behind the line in calculation.
 void refuse_definition(std::string_view texte) {
-    Tente(kDefFon, [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
+    Tente(kCalculChaine, [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
     moteur.erreur_formule = true;
+}
+
+// A function that calls itself goes on until it comes too deep: that call shows the box and gives 0,
+// and so do without a word the calls that those around it have still to make, which would be countless.
+bool appels_finis() noexcept {
+    if (moteur.appels_epuises) return true;
+    moteur.appels_epuises = !Tente(kMotsFon, [] {
+        if (moteur.appels_fon >= kAppelsMaxi || !reste_pile(kReserveAppel)) echoue(kPile);
+    });
+    return moteur.appels_epuises;
 }
 
 }  // namespace
@@ -85,7 +98,7 @@ void DefFon() noexcept {
     }
     moteur.fonction_active = 0;   // a new definition replaces the old one
     moteur.definition_fonction_active = true;
-    Tente(kDefFon, [&] {
+    Tente(kCalculChaine, [&] {
         moteur.p_formule = sans_blancs(std::string(moteur.p_formule, egal + 1));
         moteur.nom_fonction = moteur.p_formule;
     });
@@ -107,16 +120,14 @@ void fon(double valeur, double& resultat) noexcept {
     const auto rang = static_cast<std::size_t>(moteur.fonction_active);
     moteur.valeur_variable[rang] = valeur;
     moteur.variable_definie[rang] = true;
-    // A function that calls itself goes on until the stack nears its end: the innermost call gives 0.
-    if (!Tente(kFon_, [] {
-            if (!reste_pile(kReserveAppel)) echoue(kPile);
-        }))
-        return;
+    if (appels_finis()) return;
     Appelant appelant;
-    Tente(kFon_, [] {
+    ++moteur.appels_fon;
+    Tente(kMotsFon, [] {
         moteur.p_formule = moteur.nom_fonction;
         TestVariable();
     });
     resultat = evalue_formule();
     appelant.remet();
+    if (--moteur.appels_fon == 0) moteur.appels_epuises = false;
 }

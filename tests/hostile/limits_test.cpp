@@ -150,8 +150,18 @@ TEST_CASE("limits: a function that calls itself gives one box and the sheet goes
     const Lignes lues = calcule({"DEFFON=FON(X)+1", "A=FON(1)", "B=2"});
     CHECK(boites() == Textes{"28 28sur fon", "28 28sur fon"});
     CHECK(lues.size() == 3);
-    CHECK(lues[1].starts_with("A=FON(1) = "));
+    CHECK(lues[1] == "A=FON(1) = 10000");
     CHECK(lues[2] == "B=2 = 2");
+}
+
+TEST_CASE("limits: a function that calls itself twice ends as well") {
+    // One box for each call that no other call is around: two in each definition, one below it.
+    const Lignes lues =
+        calcule({"DEFFON=FON(FON(X-1))", "FON(0)", "DEFFON=FON(X)+FON(1)", "FON(0)", "2"});
+    CHECK(boites() == Textes(6, "28 28sur fon"));
+    REQUIRE(lues.size() == 5);
+    CHECK(lues[1] == "FON(0) = 0");
+    CHECK(lues[4] == "2 = 2");
 }
 
 TEST_CASE("limits: a determinant of order 40 is refused for want of memory") {
@@ -192,6 +202,34 @@ TEST_CASE("limits: a power that comes back to itself ends at once, however large
     const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=100000000000001", "MB=MA^X"});
     CHECK(boites().empty());
     CHECK(lues.back() == "MB=MA^X =0,1;1,0 =2,2");
+}
+
+TEST_CASE("limits: a power of a million is calculated") {
+    const Lignes lues = calcule({"DEFMA", "0,1", "1,0", "FIN", "X=1000001", "MB=MA^X"});
+    CHECK(boites().empty());
+    CHECK(lues.back() == "MB=MA^X =0,1;1,0 =2,2");
+}
+
+TEST_CASE("limits: a power that has become infinite ends") {
+    const Lignes lues = calcule({"DEFMA", "2,1", "1,2", "FIN", "X=1000000", "MB=MA^X"});
+    CHECK(boites() == Textes(4, "6 6sur MultiplicationMatrice"));
+}
+
+TEST_CASE("limits: matches without number on one line say no more than a day of speech") {
+    std::string ligne, remplacee;
+    for (int i = 0; i < 60000; ++i) ligne += "a ", remplacee += "bb ";
+    programme_neuf();
+    pose_feuille(ligne);
+    memoire.reponses = {"a", "bb"};
+    execute_commande("mnumodifTexteItem");
+    CHECK(memoire.texte == remplacee);
+    std::size_t octets = 0;
+    for (const std::string& message : memoire.messages) octets += message.size();
+    CHECK(octets < std::size_t{8} << 20);
+    REQUIRE(memoire.messages.size() > 3);
+    CHECK(memoire.messages[0] == "bb" + ligne.substr(1, ligne.size() - 2));
+    CHECK(memoire.messages.end()[-2] == remplacee.substr(0, remplacee.size() - 1));
+    CHECK(memoire.messages.back() == "60000 remplacement");
 }
 
 TEST_CASE("limits: an area without end stops when the user gives up") {

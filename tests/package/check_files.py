@@ -3,6 +3,7 @@ rights that everybody needs, and the desktop's own checks of the entry, the type
    check_files.py PREFIX SOURCES"""
 import gzip
 import pathlib
+import re
 import shutil
 import stat
 import subprocess
@@ -68,6 +69,15 @@ def check_contents():
         check(content == (SOURCES / source).read_bytes(), f"{name} isn't {source}")
 
 
+def check_holders():
+    """Who wrote files of ours that others have published stands in what is installed of the licences."""
+    told = (PREFIX / DOCUMENTS / "copyright").read_text(encoding="utf-8")
+    for path in sorted((SOURCES / "third_party").rglob("*.[ch]")):
+        text = path.read_text(encoding="utf-8")
+        for holder in re.findall(r"Copyright [^\n]*?\d{4}[,. ]+(?:by )?([^.,\n]+)", text):
+            check(holder in told, f"{path.relative_to(SOURCES)} is by {holder}, the licences don't say so")
+
+
 def run(*command, **named):
     """Runs a checker; its words are told when it isn't content."""
     done = subprocess.run(command, capture_output=True, text=True, check=False, **named)
@@ -109,7 +119,7 @@ def check_calculation():
 
 check_list()
 if not failures:
-    for part in (check_rights, check_contents, check_desktop, check_type, check_calculation):
+    for part in (check_rights, check_contents, check_holders, check_desktop, check_type, check_calculation):
         part()
 print(f"{len(failures)} failed")
 sys.exit(1 if failures else 0)

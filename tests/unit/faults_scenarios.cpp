@@ -15,6 +15,7 @@ const std::string kDemarrage = "démarrage:";
 const Rapport kSilence{{}};
 const Rapport kArret{{kCommande}};  // the command ends with its box, the program goes on
 const Rapport kFin{{}, false};      // nothing is said, and the program ends
+const Rapport kFinDite{{kCommande}, false};  // all is saved: the program ends with its box
 
 const std::string kFichierA = "fichier \"C:\\A.VXT\" \"A=1¶\"";
 const std::string kFichierB = "fichier \"C:\\B.VXT\" \"B=1¶\"";
@@ -105,7 +106,7 @@ void ajoute_ouvertures(std::vector<Scenario>& tous) {
                     {"touche Maj+F6"},
                     {"A=1", "B=1", "XC=1"},
                     {kArret, {{kLecture}}}});
-    // The sheet's copy is written, the guide is read, the copy is read.
+    // The guide is read, the sheet's copy is written, the copy is read.
     tous.push_back({"the guide and back",
                     puis(kUn, {"fichier \"C:\\VOXTAB\\aide.txt\" \"guide¶\"", "tape \"X\""}),
                     {"choisit mnuAideTxtItem", "touche F1", "touche F1"},
@@ -180,7 +181,7 @@ void ajoute_enregistrements(std::vector<Scenario>& tous) {
 // Copy written; backup and file of two sheets; settings, list of the copies, their deletion.
 std::vector<Rapport> fins_de_deux(bool continue_apres) {
     const Rapport arret{{kCommande}, continue_apres};
-    return {arret, kFin, arret, kFin, arret, arret, arret, arret, arret, arret};
+    return {arret, kFin, arret, kFin, arret, arret, kFinDite, kFinDite, kFinDite, kFinDite};
 }
 
 // Quitting with changed sheets, with Yes, by the menu and by the close box.
@@ -198,22 +199,23 @@ void ajoute_fins(std::vector<Scenario>& tous) {
                     {"répond oui", "répond oui", "ferme"},
                     {"XA=1", "XB=1", "C=1"},
                     fermees});
-    // Copy written, written again, file, copy moved, settings, list, two deletions. A file that
-    // could not be written doesn't stop the end, on purpose.
-    const Rapport sous{{kSous}, false};
+    // Copy written, written again, file, copy moved, settings, list, two deletions. The program
+    // doesn't end without a sheet that could not be written.
+    const Rapport sous{{kSous}};
     tous.push_back({"quit with a changed untitled sheet",
                     puis(kUn, {"touche Ctrl+N", "tape \"U=1\""}),
                     {"répond oui", kRepondU, "choisit mnuQuitterItem"},
                     {"A=1", "U=1"},
-                    {kArret, sous, {{kSous}, false, true}, sous, kArret, kArret, kArret, kArret}});
+                    {kArret, sous, sous, {{kSous}, false}, kArret, kFinDite, kFinDite, kFinDite}});
     // Copy of the current sheet, file of the untitled one, whose copy can't be moved, on purpose;
     // settings, list, two deletions.
     const Rapport arret{{kSous75, kCommande}};
+    const Rapport fin{{kSous75, kCommande}, false};
     tous.push_back({"quit with a changed untitled sheet that isn't shown",
                     sans_titre_devant(),
                     {"répond oui", kRepondU, "choisit mnuQuitterItem"},
                     {"U=1", "B=1"},
-                    {kArret, {{kSous, kSous75}, false, true}, arret, arret, arret, arret},
+                    {kArret, {{kSous, kSous75}}, arret, fin, fin, fin},
                     {kSous75},
                     true});
 }

@@ -3,6 +3,9 @@
 
 #include <string>
 
+#include "engine/context.hpp"
+#include "sheet/recalculation.hpp"
+#include "sheet/sheet.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 
@@ -26,4 +29,21 @@ TEST_CASE("pass: a sheet calculated behind another one gives what it gives alone
         execute_commande("recalcul");
         CHECK(memoire.texte == seule);
     }
+}
+
+TEST_CASE("pass: the results of a pass are written anew in the mode of the moment") {
+    calcule_neuf("A=1500\r\nDEFMA\r\n1,2\r\nFIN\r\nMB=MA+MA\r\nA/1000");
+    modes.mode_affichage = 3;
+    re_valeur();
+    CHECK(feuille.resultat_ligne(1) == " = 1.50E3");
+    CHECK(feuille.resultat_ligne(5).starts_with(" =2"));
+    CHECK(feuille.resultat_ligne(6) == " = 1.5E00");
+    CHECK(memoire.texte.starts_with("A=1500 = 1500\r\n"));
+}
+
+TEST_CASE("pass: without a pass the results are written by one") {
+    programme_neuf();
+    pose_feuille("1+1");
+    re_valeur();
+    CHECK(memoire.texte == "1+1 = 2");
 }

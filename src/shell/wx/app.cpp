@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/codepage.hpp"
 #include "platform/console.hpp"
 #include "platform/files.hpp"
 #include "platform/platform.hpp"
@@ -16,6 +17,7 @@
 #include "shell/wx/dialogs.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/printing.hpp"
+#include "shell/wx/single_instance.hpp"
 #include "shell/wx/surroundings.hpp"
 #include "shell/wx/system.hpp"
 
@@ -29,6 +31,9 @@ constexpr std::string_view kAide =
     "  --aide     montre ce texte\n"
     "  --version  montre la version\n";
 
+constexpr std::string_view kDejaOuvert =
+    "VOXTAB est déjà ouvert. Revenez à sa fenêtre avec Alt+Tab, et ouvrez-y la feuille avec Ctrl+O."_fr;
+
 std::vector<std::string> arguments;   // of the command line, in UTF-8, without the options
 std::string fichier_pdf;              // where printing goes, "" for a printer
 
@@ -37,6 +42,13 @@ public:
     bool OnInit() override {
         SetAppName("voxtab");
         SetAppDisplayName("VOXTAB");
+        installe_fichiers_reels();
+        installe_systeme(arguments);
+        installe_boites();
+        if (!prend_dossier(vers_utf8(port.systeme.dossier_programme()))) {
+            port.boites.boite(kDejaOuvert);
+            return false;
+        }
         installe_port();
         evenement_chargement();
         return true;
@@ -46,10 +58,7 @@ private:
     // The window is destroyed by the toolkit when it closes, and the program ends with it.
     static void installe_port() {
         auto* fenetre_principale = new Cadre;
-        installe_fichiers_reels();
-        installe_systeme(arguments);
         installe_fenetre(*fenetre_principale);
-        installe_boites();
         installe_dialogues();
         installe_imprimante();
         if (!fichier_pdf.empty()) imprime_vers(fichier_pdf);
@@ -97,6 +106,7 @@ int main(int argc, char** argv) {
     }
     reinitialise_tout();
     const int statut = wxTheApp->CallOnInit() ? wxTheApp->OnRun() : 1;
+    rend_dossier();
     wxEntryCleanup();
     return statut;
 }

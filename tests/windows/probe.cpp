@@ -63,14 +63,16 @@ HWND main_window() {
     return found;
 }
 
-// The box or dialog over the window, or the one that comes before the window; or nullptr.
+// The box or dialog over the window, or one without a window: before it comes, or of another run; or
+// nullptr.
 HWND box() {
     const HWND main = main_window();
     HWND found = nullptr;
     each_top([&](HWND w) {
-        const bool before = main == nullptr && class_of(w) == "#32770";
-        const bool over = main != nullptr && w != main && GetWindow(w, GW_OWNER) == main;
-        if (found == nullptr && IsWindowVisible(w) && (before || over)) found = w;
+        const HWND owner = GetWindow(w, GW_OWNER);
+        const bool alone = (main == nullptr || owner == nullptr) && class_of(w) == "#32770";
+        const bool over = main != nullptr && w != main && owner == main;
+        if (found == nullptr && IsWindowVisible(w) && (alone || over)) found = w;
     });
     return found;
 }

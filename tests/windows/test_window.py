@@ -1,4 +1,5 @@
 """The window on Windows: what it shows, what its keys do, what a screen reader hears."""
+import json
 import pathlib
 import re
 import subprocess
@@ -76,6 +77,22 @@ def equal_messages(p):
     same(p.probe.ask("name", MESSAGE), "caractère refusé U+2264", "name of the message line")
     p.key("Ctrl+G")                # nothing more was said before it
     p.hear("colonne 4 ligne 1")
+
+
+def told_to_the_system(p):
+    """The message line is a live region, said behind what is being said; names and roles are told."""
+    done = subprocess.run(["wine", str(pathlib.Path(BUILD) / "properties.exe")], check=True,
+                          capture_output=True, text=True)
+    live_setting = "{C12BCD8E-2A8E-4950-8AE7-3625111D58EB}"
+    polite, status_bar = 1, 23
+    same([json.loads(line) for line in done.stdout.splitlines()],
+         [{"window": "line", "whole": True, "property": live_setting, "value": polite},
+          {"window": "bar", "whole": True, "property": "name", "value": "Écran"},
+          {"window": "bar", "whole": True, "property": "role", "value": status_bar}], "told")
+    p.start(text="12")
+    p.key("Ctrl+G")
+    p.hear("colonne 3 ligne 1")
+    same(p.probe.ask("name", MESSAGE), "colonne 3 ligne 1", "name of the message line")
 
 
 def undo(p):
@@ -385,7 +402,7 @@ def deep_formulas(p):
     same(p.sheet().split("\n")[0][-8:], ")))) = 1", "the end of the deep formula")
 
 
-run([start, calculation, repeated_message, messages_together, equal_messages, undo,
+run([start, calculation, repeated_message, messages_together, equal_messages, told_to_the_system, undo,
      undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view, colour_view, functions_and_guide, key_help, search_and_replace,
      bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
      fonts, deep_formulas], BUILD, PLACE)

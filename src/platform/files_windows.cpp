@@ -4,8 +4,12 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <random>
 #include <utility>
 #include <vector>
@@ -20,7 +24,7 @@ namespace {
 
 constexpr DWORD kPartage = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t kCheminCourt = 240;   // characters that every call of the system takes
-constexpr int kEssais = 5;                  // of a replacement that a virus scanner holds up
+constexpr int kEssais = 25;                 // of a replacement that another program holds up
 constexpr DWORD kAttente = 20;              // milliseconds between two of them
 constexpr DWORD kQuotaDepasse = 1295;       // the system's number for a user's share of the disk
 constexpr DWORD kBloc = 1 << 16;            // bytes read or written by one call
@@ -47,6 +51,7 @@ struct Poignee {
     HANDLE h;
     explicit Poignee(HANDLE poignee) : h(poignee) {}
     ~Poignee() { ferme(); }
+    Poignee(Poignee&& autre) noexcept : h(std::exchange(autre.h, INVALID_HANDLE_VALUE)) {}
     Poignee(const Poignee&) = delete;
     Poignee& operator=(const Poignee&) = delete;
     bool ouverte() const { return h != INVALID_HANDLE_VALUE; }
@@ -56,13 +61,19 @@ struct Poignee {
     }
 };
 
+// Path from the root of its disk.
+std::wstring chemin_entier(const std::wstring& chemin) {
+    std::wstring entier(GetFullPathNameW(chemin.c_str(), 0, nullptr, nullptr), L'\0');
+    entier.resize(GetFullPathNameW(chemin.c_str(), static_cast<DWORD>(entier.size()), entier.data(),
+                                   nullptr));
+    return entier;
+}
+
 // The path as the system's calls take it, also where it is longer than 260 characters.
 std::wstring chemin_large(const std::string& utf8) {
     const std::wstring donne = vers_utf16(utf8);
     if (donne.size() < kCheminCourt || donne.starts_with(L"\\\\?\\")) return donne;
-    std::wstring entier(GetFullPathNameW(donne.c_str(), 0, nullptr, nullptr), L'\0');
-    entier.resize(
-        GetFullPathNameW(donne.c_str(), static_cast<DWORD>(entier.size()), entier.data(), nullptr));
+    const std::wstring entier = chemin_entier(donne);
     if (entier.starts_with(L"\\\\")) return L"\\\\?\\UNC" + entier.substr(1);
     return L"\\\\?\\" + entier;
 }
@@ -108,17 +119,85 @@ int attributs_voulus(const std::wstring& chemin, DWORD& attributs) {
     return refuse ? kAccesFichier : 0;
 }
 
-// Makes a new file in that folder, under a name of its own that is put in `nom`. A name made longer
-// from the file's could pass the limit that the file's name keeps.
+// ---- The temporary file that a save writes beside its target
+
+// Programs that may save the same file at the same moment without one of them leaving a file behind.
+constexpr int kPlaces = 4;
+constexpr int kEssaisNom = 5;   // of a name by chance
+
+// Name of a temporary file, the same for every save of that target, whatever its capitals: what a save
+// that was killed has left, the next one finds. Its length doesn't depend on the target's, which may be
+// the longest that the system takes.
+std::wstring nom_temporaire(const std::wstring& cible, int place) {
+    const std::wstring ou = dossier(cible);
+    std::wstring fichier = cible.substr(ou.size());
+    CharLowerBuffW(fichier.data(), static_cast<DWORD>(fichier.size()));
+    std::uint64_t marque = 0xCBF29CE484222325;
+    for (const wchar_t c : fichier)
+        marque = (marque ^ static_cast<std::uint64_t>(c)) * 0x100000001B3;
+    std::wstring nom = ou + L".voxtab.";
+    for (int i = 0; i < 16; ++i, marque >>= 4) nom += L"0123456789abcdef"[marque & 15];
+    return nom + static_cast<wchar_t>(L'0' + place);
+}
+
+// Makes a new file that others may only read until it is closed: that is the lock, and it goes with a
+// killed program.
+HANDLE cree_neuf(const std::wstring& nom, DWORD attributs) {
+    return CreateFileW(nom.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                       attributs, nullptr);
+}
+
+// Removes what a killed save has left under that name. Another program's file is at work and stays.
+void efface_reste(const std::wstring& nom) {
+    const Poignee reste(CreateFileW(nom.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING,
+                                    FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT,
+                                    nullptr));
+}
+
+// Makes a new file in that folder, under a name of its own that is put in `nom`.
 HANDLE cree_voisin(const std::wstring& dossier_cible, DWORD attributs, std::wstring& nom) {
     std::random_device hasard;
     for (int essai = 0;; ++essai) {
         nom = dossier_cible + L".voxtab." + std::to_wstring(hasard());
-        const HANDLE h = CreateFileW(nom.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
-                                     attributs, nullptr);
-        if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS || essai == kEssais)
+        const HANDLE h = cree_neuf(nom, attributs);
+        if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS || essai == kEssaisNom)
             return h;
     }
+}
+
+// A new temporary file beside the target, its path in `nom`; nothing of former saves stays beside it.
+// Where every place is taken, it has a name by chance.
+Poignee ouvre_temporaire(const std::wstring& cible, DWORD attributs, std::wstring& nom) {
+    for (int place = 0; place < kPlaces; ++place) {
+        nom = nom_temporaire(cible, place);
+        efface_reste(nom);
+        Poignee fichier(cree_neuf(nom, attributs));
+        if (!fichier.ouverte()) continue;
+        for (int autre = 0; autre < kPlaces; ++autre)
+            if (autre != place) efface_reste(nom_temporaire(cible, autre));
+        return fichier;
+    }
+    return Poignee(cree_voisin(dossier(cible), attributs, nom));
+}
+
+// The new file is for whom the old one was. What can't be taken over is as the folder says.
+void reprend_acces(const std::wstring& ancien, std::wstring neuf) {
+    PACL acces = nullptr;
+    PSECURITY_DESCRIPTOR fiche = nullptr;
+    if (GetNamedSecurityInfoW(ancien.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, &acces, nullptr, &fiche) != ERROR_SUCCESS)
+        return;
+    SECURITY_DESCRIPTOR_CONTROL controle = 0;
+    DWORD revision = 0;
+    GetSecurityDescriptorControl(fiche, &controle, &revision);
+    const SECURITY_INFORMATION part =
+        DACL_SECURITY_INFORMATION | ((controle & SE_DACL_PROTECTED) != 0
+                                         ? PROTECTED_DACL_SECURITY_INFORMATION
+                                         : UNPROTECTED_DACL_SECURITY_INFORMATION);
+    if ((controle & SE_DACL_PRESENT) != 0)
+        SetNamedSecurityInfoW(neuf.data(), SE_FILE_OBJECT, part, nullptr, nullptr, acces, nullptr);
+    LocalFree(fiche);
 }
 
 bool ecrit_tout(HANDLE fichier, const std::string& contenu) {
@@ -132,18 +211,42 @@ bool ecrit_tout(HANDLE fichier, const std::string& contenu) {
     return true;
 }
 
-// Renames over what may stand there. Another program that looks into the file just then is waited
-// for.
-bool renomme(const std::wstring& de, const std::wstring& vers) {
-    for (int essai = 1;; ++essai) {
-        if (MoveFileExW(de.c_str(), vers.c_str(),
-                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
-            return true;
+// Repeats a replacement while another program looks into the file, which is over soon.
+template <class Remplacement>
+bool insiste(const Remplacement& remplacement) {
+    for (int essai = 1; !remplacement(); ++essai) {
         const DWORD erreur = GetLastError();
         const bool tenu = erreur == ERROR_SHARING_VIOLATION || erreur == ERROR_ACCESS_DENIED;
         if (!tenu || essai == kEssais) return false;
         Sleep(kAttente);
     }
+    return true;
+}
+
+bool renomme(const std::wstring& de, const std::wstring& vers) {
+    return insiste([&] {
+        return MoveFileExW(de.c_str(), vers.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    });
+}
+
+// Renames a file that is open over what may stand there: it stays ours until it has its new name.
+bool renomme_ouvert(HANDLE fichier, const std::wstring& vers) {
+    const std::size_t octets = vers.size() * sizeof(wchar_t);
+    std::vector<std::uint64_t> place((sizeof(FILE_RENAME_INFO) + octets) / sizeof(std::uint64_t) + 1);
+    auto* const nom = reinterpret_cast<FILE_RENAME_INFO*>(place.data());
+    nom->ReplaceIfExists = TRUE;
+    nom->FileNameLength = static_cast<DWORD>(octets);
+    std::memcpy(nom->FileName, vers.c_str(), octets);
+    const auto taille = static_cast<DWORD>(place.size() * sizeof(std::uint64_t));
+    return insiste([&] {
+        return SetFileInformationByHandle(fichier, FileRenameInfo, nom, taille) != 0;
+    });
+}
+
+void efface_ouvert(HANDLE fichier) {
+    FILE_DISPOSITION_INFO fin{TRUE};
+    SetFileInformationByHandle(fichier, FileDispositionInfo, &fin, sizeof fin);
 }
 
 }  // namespace
@@ -172,19 +275,21 @@ ResultatFichier verifie_ecriture(const std::string& chemin) {
 }
 
 ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu) {
-    const std::wstring cible = chemin_reel(chemin_large(chemin));
+    const std::wstring cible = chemin_reel(chemin_entier(chemin_large(chemin)));
     DWORD attributs = 0;
     if (const int refus = attributs_voulus(cible, attributs); refus != 0) return refus;
     std::wstring voisin;
-    Poignee fichier(cree_voisin(dossier(cible), attributs, voisin));
+    const Poignee fichier = ouvre_temporaire(cible, attributs, voisin);
     if (!fichier.ouverte()) return derniere_erreur();
-    const bool ecrit = ecrit_tout(fichier.h, contenu) && FlushFileBuffers(fichier.h) != 0;
-    const DWORD erreur_ecriture = ecrit ? ERROR_SUCCESS : GetLastError();
-    fichier.ferme();
-    if (ecrit && renomme(voisin, cible)) return 0;
-    const DWORD erreur = ecrit ? GetLastError() : erreur_ecriture;
-    DeleteFileW(voisin.c_str());
-    return numero_erreur(erreur);
+    reprend_acces(cible, voisin);
+    if (ecrit_tout(fichier.h, contenu) && FlushFileBuffers(fichier.h) != 0 &&
+        renomme_ouvert(fichier.h, cible)) {
+        FlushFileBuffers(fichier.h);   // the new name too
+        return 0;
+    }
+    const int echec = derniere_erreur();
+    efface_ouvert(fichier.h);
+    return echec;
 }
 
 namespace {

@@ -4,10 +4,10 @@
 
 #include <doctest/doctest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -51,7 +51,7 @@ void demarre_sur_disque(const fs::path& dossier, const std::string& feuille) {
     programme_neuf();
     installe_fichiers_reels();
     dossier_reel = (dossier / "programme").string();
-    port.systeme.separateur = '/';
+    port.systeme.separateur = static_cast<char>(fs::path::preferred_separator);
     port.systeme.dossier_programme = [] { return dossier_reel; };
     memoire.ligne_commande = (dossier / feuille).string();
     evenement_chargement();
@@ -129,9 +129,9 @@ TEST_CASE("opened file: the terminal's sheets take the same road, and refuse wha
 }
 
 TEST_CASE("opened file: a real file stays as it is until it is saved") {
-    std::string modele = (fs::temp_directory_path() / "voxtab-test-XXXXXX").string();
-    REQUIRE(mkdtemp(modele.data()) != nullptr);
-    const fs::path dossier = modele;
+    const fs::path dossier =
+        fs::temp_directory_path() / ("voxtab-test-" + std::to_string(std::random_device()()));
+    REQUIRE(fs::create_directory(dossier));
     fs::create_directory(dossier / "programme");
     const std::string octets =
         "\xEF\xBB\xBF"

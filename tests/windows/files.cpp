@@ -3,6 +3,8 @@
 #include <doctest/doctest.h>
 #include <windows.h>
 
+#include <sddl.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -51,6 +53,28 @@ std::vector<std::string> names(const Folder& folder) {
 }
 
 const wchar_t* wide(const fs::path& path) { return path.c_str(); }
+
+// Who may do what with a file, in the system's own notation.
+std::wstring access_rights(const fs::path& path) {
+    std::vector<char> bytes(4096);
+    DWORD size = 0;
+    REQUIRE(GetFileSecurityW(wide(path), DACL_SECURITY_INFORMATION, bytes.data(),
+                             static_cast<DWORD>(bytes.size()), &size) != 0);
+    LPWSTR text = nullptr;
+    REQUIRE(ConvertSecurityDescriptorToStringSecurityDescriptorW(
+                bytes.data(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr) != 0);
+    const std::wstring rights = text;
+    LocalFree(text);
+    return rights;
+}
+
+void set_access_rights(const fs::path& path, const wchar_t* rights) {
+    PSECURITY_DESCRIPTOR security = nullptr;
+    REQUIRE(ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &security,
+                                                                 nullptr) != 0);
+    CHECK(SetFileSecurityW(wide(path), DACL_SECURITY_INFORMATION, security) != 0);
+    LocalFree(security);
+}
 
 }  // namespace
 
@@ -113,6 +137,32 @@ TEST_CASE("a hidden file stays hidden") {
     CHECK(port.fichiers.existe(folder("x.VXT")));
 }
 
+TEST_CASE("a replaced file is for whom it was") {
+    const Folder folder;
+    const fs::path file = folder.place / "x.VXT";
+    REQUIRE(port.fichiers.remplace(folder("x.VXT"), "ancien") == 0);
+    const std::wstring usual = access_rights(file);
+    set_access_rights(file, L"D:P(A;;FA;;;WD)");   // everybody may do everything
+    const std::wstring own = access_rights(file);
+    REQUIRE(own != usual);
+    CHECK(port.fichiers.remplace(folder("x.VXT"), "neuf") == 0);
+    CHECK(content(folder("x.VXT")) == "neuf");
+    CHECK(access_rights(file) == own);
+    CHECK(port.fichiers.remplace(folder("y.VXT"), "neuf") == 0);
+    CHECK(access_rights(folder.place / "y.VXT") == usual);
+}
+
+TEST_CASE("a file is replaced by its bare name") {
+    const Folder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.place);
+    CHECK(port.fichiers.remplace("x.VXT", "ancien") == 0);
+    CHECK(port.fichiers.remplace("x.VXT", "neuf") == 0);
+    fs::current_path(before);
+    CHECK(content(folder("x.VXT")) == "neuf");
+    CHECK(names(folder) == std::vector<std::string>{"x.VXT"});
+}
+
 TEST_CASE("a move replaces, and never a file by itself") {
     const Folder folder;
     REQUIRE(port.fichiers.remplace(folder("a.VXT"), "a") == 0);
@@ -146,6 +196,7 @@ TEST_CASE("paths longer than 260 characters") {
         path += "\\" + std::string(60, 'd');
         REQUIRE(port.fichiers.cree_dossier(path) == 0);
     }
+    CHECK(port.fichiers.remplace(path + "\\x.VXT", "ancien") == 0);
     CHECK(port.fichiers.remplace(path + "\\x.VXT", "loin") == 0);
     CHECK(content(path + "\\x.VXT") == "loin");
     CHECK(port.fichiers.existe(path + "\\x.VXT"));

@@ -63,14 +63,16 @@ HWND main_window() {
     return found;
 }
 
-// The box or dialog over the window, or the one that comes before the window; or nullptr.
+// The box or dialog over the window, or one without a window: before it comes, or of another run; or
+// nullptr.
 HWND box() {
     const HWND main = main_window();
     HWND found = nullptr;
     each_top([&](HWND w) {
-        const bool before = main == nullptr && class_of(w) == "#32770";
-        const bool over = main != nullptr && w != main && GetWindow(w, GW_OWNER) == main;
-        if (found == nullptr && IsWindowVisible(w) && (before || over)) found = w;
+        const HWND owner = GetWindow(w, GW_OWNER);
+        const bool alone = (main == nullptr || owner == nullptr) && class_of(w) == "#32770";
+        const bool over = main != nullptr && w != main && owner == main;
+        if (found == nullptr && IsWindowVisible(w) && (alone || over)) found = w;
     });
     return found;
 }
@@ -192,6 +194,10 @@ const std::map<std::string, std::function<json(int)>> commands = {
     {"list", list_of},
     {"chosen", [](int id) { return message_answer(id, LB_GETCURSEL); }},
     {"checked", [](int id) { return message_answer(id, BM_GETCHECK); }},
+    {"undo", [](int id) { return message_answer(id, WM_UNDO); }},
+    {"undo_text", [](int id) { return message_answer(id, EM_UNDO); }},
+    {"paste", [](int id) { return message_answer(id, WM_PASTE); }},
+    {"cut", [](int id) { return message_answer(id, WM_CUT); }},
     {"close", [](int) { return json(PostMessageW(main_window(), WM_CLOSE, 0, 0) != 0); }},
 };
 

@@ -9,6 +9,7 @@ import sys
 from pilot import TXT, expect, run, same, wait
 
 BUILD, PLACE = sys.argv[1:3]
+TEXTS = ["aide.txt", "fonction.txt", "lisezmoi.txt"]
 DRIVE_C = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
 
 
@@ -186,7 +187,8 @@ def keeps_files_elsewhere(p):
     try:
         p.start()
         p.key("Alt+F1")
-        wait(lambda: p.sheet().startswith("PI "), "the list of functions")
+        p.wait_sheet((pathlib.Path(BUILD) / "data" / "fonction.txt").read_text(encoding="utf-8")
+                     .removesuffix("\n"))
         p.key("Échap")
         p.wait_sheet("")
         p.key("Alt+F4")
@@ -194,15 +196,14 @@ def keeps_files_elsewhere(p):
     finally:
         p.folder.chmod(0o755)
     same(sorted(f.name for f in p.folder.iterdir()), before, "files beside the program")
-    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", "aide.txt", "fonction.txt", "travail"],
-         "files of the user")
+    same(sorted(f.name for f in home.iterdir()), ["VOXTAB.INI", *TEXTS, "travail"], "files of the user")
     return read(home / "fonction.txt")
 
 
 def folder_that_cannot_be_written(p):
     """The texts come from the program's data, or from beside it, where they are sheets already."""
     functions = keeps_files_elsewhere(p)
-    for name in ("aide.txt", "fonction.txt"):
+    for name in TEXTS:
         text = (p.folder / "data" / name).read_text(encoding="utf-8")
         (p.folder / name).write_bytes(text.replace("\n", "\r\n").encode("cp1252"))
     shutil.rmtree(p.folder / "data")
@@ -227,9 +228,30 @@ def folder_with_accents(p):
         p.wait_end()
         same(read(folder / "été.VXT"), "B=1\nA=5\n", "file")
         same(sorted(f.name for f in folder.iterdir()),
-             sorted(["VOXTAB.EXE", "VOXTAB.INI", "aide.txt", "data", "fonction.txt", "travail", "été.VXT",
-                     "été.bak"]), "files beside the program")
+             sorted(["VOXTAB.EXE", "VOXTAB.INI", *TEXTS, "data", "travail", "été.VXT", "été.bak"]), "files beside the program")
         p.folder = whole
+
+
+def second_start(p):
+    """A second start on the same files says so and ends; the first keeps its sheets."""
+    p.start(text="A=3")
+    before = {f.name: f.read_bytes() for f in (p.folder / "travail").iterdir()}
+    first = p.process
+    p.launch()
+    p.wait_box("VOXTAB est déjà ouvert. Revenez à sa fenêtre avec Alt+Tab, et ouvrez-y la feuille avec "
+               "Ctrl+O.")
+    p.key("Entrée")
+    p.wait_end()
+    same(p.process.returncode, 1, "exit status of the second program")
+    p.process = first
+    p.wait_no_box()
+    same({f.name: f.read_bytes() for f in (p.folder / "travail").iterdir()}, before, "working copies")
+    same(p.sheet(), "A=3", "sheet")
+    p.key("Alt+F4")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+N")
+    p.wait_end()
+    p.start(text="B=4")
 
 
 def reader_scripts(p):
@@ -263,4 +285,4 @@ def long_path(p):
 
 run([save_as, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
      last_sheet, folder_that_cannot_be_written, folder_with_accents,
-     reader_scripts, long_path], BUILD, PLACE)
+     second_start, reader_scripts, long_path], BUILD, PLACE)

@@ -151,7 +151,8 @@ void Cadre::relie_txt() {
     filtre_la_saisie(*txt_, {[this] { return zone_->en_ecriture(); },
                              [this](char32_t caractere) { refuse_caractere(caractere); },
                              [] { evenement_avant_changement(); },
-                             [this] { texte_change(); }});
+                             [this] { texte_change(); },
+                             [] { evenement_enfonce("txt", {'Z', false, true, false}); }});
 }
 
 // What changes the text without a key press counts as one: paste, cut, drop, an accent composed of two

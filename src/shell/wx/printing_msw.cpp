@@ -21,8 +21,7 @@
 
 namespace {
 
-constexpr int kImprimante = 482;   // number of a printer's failure, as the user hears it
-constexpr int kMargeHaut = 37;     // left free above and below the text: 28 points
+constexpr int kMargeHaut = 37;   // left free above and below the text: 28 points
 constexpr double kPointsEcran = 96;
 
 wxPrintData reglages_imprimante;   // what the user has chosen; the default printer until then
@@ -60,13 +59,13 @@ bool tire(const std::string& texte, const wxFont& police) {
     return true;
 }
 
-// The text on the printer, or its failure. What goes wrong is told in words too: the number alone
-// tells nobody that no printer is there.
+// The text on the printer. What goes wrong is told here, in words, and so it goes no further: the
+// number that a failure is told by would be a second box, and tells nobody that no printer is there.
 int imprime(const std::string& texte, const std::string& police, double taille) {
     ouvre_modal();
-    if (tire(texte, police_wx({police, taille, false}))) return 0;
-    port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
-    return kImprimante;
+    if (!tire(texte, police_wx({police, taille, false})))
+        port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
+    return 0;
 }
 
 }  // namespace

@@ -25,5 +25,6 @@ struct FiltreSaisie {
     std::function<void(char32_t)> refus;
     std::function<void()> avant;     // the user is about to change the text
     std::function<void()> change;    // the text has changed
+    std::function<void()> annule;    // the system's own means to take back are used
 };
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre);

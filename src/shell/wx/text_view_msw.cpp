@@ -1,11 +1,13 @@
 // The edit control of Windows: its text without a limit, its selection, one change of a part of it,
-// and the filter of what comes in. The control counts a line end as two and keeps it as CR LF; here
+// the filter of what comes in, and the program's undo in the place of its own, which a command that
+// rewrites the text would empty. The control counts a line end as two and keeps it as CR LF; here
 // it is one, and LF. As no line is ever wrapped, a line of the control is a line of the text, and
 // the number of the line tells both counts apart.
 #include "shell/wx/text_view.hpp"
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 
@@ -68,7 +70,7 @@ std::wstring avec_cr_lf(std::string_view utf8) {
     return sortie;
 }
 
-// Replaces the selection; the user can take it back.
+// Replaces the selection. The control's own menu offers undo from then on.
 void remplace_selection(const wxTextCtrl& controle, std::string_view utf8) {
     SendMessageW(poignee(controle), EM_REPLACESEL, TRUE,
                  reinterpret_cast<LPARAM>(avec_cr_lf(utf8).c_str()));
@@ -127,6 +129,40 @@ void colle(Saisie& s) {
     if (lu) insere(s.controle, s.filtre, texte.GetText().utf8_string());
 }
 
+constexpr WPARAM kSigneAnnuler = 0x1A;   // what Ctrl+Z types
+constexpr WPARAM kSigneEffacer = 0x7F;   // what Ctrl+Backspace types
+
+// The control's menu, a paste, a reader or another program is about to change the text.
+bool va_changer(UINT message) {
+    return message == WM_CHAR || message == WM_PASTE || message == WM_CUT || message == WM_CLEAR ||
+           message == EM_REPLACESEL || message == WM_SETTEXT;
+}
+
+// The ways to the control's own undo. Its menu and Alt+Backspace mean the program's; Ctrl+Z has
+// reached that as it was pressed, and what the key types does nothing more.
+bool demande_annuler(UINT message, WPARAM valeur) {
+    return message == WM_UNDO || message == EM_UNDO ||
+           (message == WM_SYSKEYDOWN && valeur == VK_BACK);
+}
+bool ne_fait_rien(UINT message, WPARAM valeur) {
+    return (message == WM_CHAR && (valeur == kSigneAnnuler || valeur == kSigneEffacer)) ||
+           (message == WM_SYSCHAR && valeur == VK_BACK);
+}
+
+// Messages on their way to the control, before anything else sees them.
+LRESULT CALLBACK avant_controle(HWND fenetre, UINT message, WPARAM valeur, LPARAM suite,
+                                UINT_PTR numero, DWORD_PTR donnees) {
+    const auto& s = *reinterpret_cast<const Saisie*>(donnees);
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(fenetre, avant_controle, numero);
+    if (ne_fait_rien(message, valeur)) return 0;
+    if (demande_annuler(message, valeur)) {
+        s.filtre.annule();
+        return TRUE;
+    }
+    if (va_changer(message) && !s.filtre.programme()) s.filtre.avant();
+    return DefSubclassProc(fenetre, message, valeur, suite);
+}
+
 }  // namespace
 
 std::string texte_de_la_vue(const wxTextCtrl& controle) {
@@ -168,4 +204,6 @@ void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
         saisie->filtre.change();
         e.Skip();
     });
+    SetWindowSubclass(poignee(controle), avant_controle, 1,
+                      reinterpret_cast<DWORD_PTR>(saisie.get()));
 }

@@ -103,4 +103,5 @@ def main() -> int:
     return 1 if faults else 0
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

@@ -8,7 +8,7 @@ import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
 
-from pilot import expect, run, same, wait  # noqa: E402
+from pilot import expect, run, same, wait, wait_same  # noqa: E402
 
 BINARY, PLACE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 PREFIX = BINARY.parent.parent
@@ -61,7 +61,7 @@ def keeps_its_files_with_the_user(p):
         same(sheet_text(HOME / name), source(name).read_text(encoding="utf-8"), name)
     same((p.folder / "calcul.VXT").read_bytes(), b"A=3 = 3\r\nA*2 = 6\r\n", "the sheet's file")
     p.start()
-    same(p.panel(1), "Entier Degré", "the mode at the next start")
+    wait_same(lambda: p.panel(1), "Entier Degré", "the mode at the next start")
     end(p)
     same(state(PREFIX), before, "files of the installation")
 

@@ -138,6 +138,7 @@ class Program:
         if self.fresh:
             shutil.copy(binary, self.binary)
             shutil.copytree(pathlib.Path(binary).parent / "data", self.folder / "data")
+        self.command = None          # what starts it, when it isn't started by itself
         self.screen = Screen()
         self.process = None
         self.app = None
@@ -154,7 +155,8 @@ class Program:
         """Starts the program, and waits until it shows a window or a box."""
         env = dict(os.environ, **(environment or {}))
         with open(self.log, "a", encoding="utf-8") as log:
-            self.process = subprocess.Popen([self.binary, *map(str, arguments)], stdout=log,
+            command = self.command or [self.binary]
+            self.process = subprocess.Popen([*command, *map(str, arguments)], stdout=log,
                                             stderr=log, env=env, cwd=self.folder)
         self.nodes = {}
         self.app = wait(self.find_app, "the program on the accessibility bus")

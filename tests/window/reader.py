@@ -11,6 +11,7 @@ import time
 
 ORCA = "/usr/bin/orca"
 SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)'\s*\{")
+LEFT = re.compile(r"OBJECT EVENT: window:deactivate \(0, 0, (.*)\)")
 MARK = "### the reader is at rest "
 BRAILLE = re.compile(r"BRAILLE LINE:  '(.*)'")
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
@@ -32,7 +33,7 @@ class Reader:
                                             stdout=out, stderr=out)
         self.to_marks = open(self.pipe, "w", encoding="utf-8")
         self.settle()
-        if "Screen reader on." not in self.heard().speech:
+        if not self.heard().speech:     # it greets, in the language of its surroundings
             raise RuntimeError("Orca says nothing: " + output.read_text(encoding="utf-8")[-2000:])
 
     def lines(self):
@@ -83,12 +84,14 @@ class Reader:
 
 
 class Heard:
-    """What a part of the log tells: words spoken, in order, and braille lines."""
+    """What a part of the log tells: words spoken, in order, braille lines, and windows that the window
+    manager took the keyboard from."""
 
     def __init__(self, lines):
         found = [match.group(1) for line in lines if (match := SPEECH.search(line))]
         self.speech = [words.strip() for words in found]
         self.braille = [match.group(1) for line in lines if (match := BRAILLE.search(line))]
+        self.left = [match.group(1) for line in lines if (match := LEFT.search(line))]
 
     def count(self, words):
         return sum(1 for said in self.speech if said.rstrip(".") == words.strip().rstrip("."))

@@ -74,8 +74,8 @@ def every_colour(p):
     p.type("MMMMMMMMMMMM")
     p.menu("O", COLOURS)
     wait_same(lambda: lines(p), [FIRST, *NAMES], "lines of the list")
-    same(p.buttons(), ["OK", "Annuler"], "buttons")
-    expect(not showing(p.text()), "the sheet can be seen")
+    wait_same(p.buttons, ["OK", "Annuler"], "buttons")
+    wait(lambda: not showing(p.text()), "the sheet can be seen")
     p.key("Échap")
     p.wait_text()
     for i, characters in enumerate(NAMES):
@@ -83,7 +83,7 @@ def every_colour(p):
         colours(p, characters, background)
         p.wait_text()
         looks(p, characters, background)
-    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    wait_same(p.buttons, ["Modif. texte", "Quitter"], "buttons")
     same(p.sheet(), "MMMMMMMMMMMM", "sheet")
 
 
@@ -123,7 +123,7 @@ def button(p, name):
         if p.focus_name() == name:
             break
         p.key("Tab")
-    same(p.focus_name(), name, "focus")
+    wait_same(p.focus_name, name, "focus")
     p.key("Espace")
 
 

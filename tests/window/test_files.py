@@ -35,8 +35,6 @@ def accepts(dialog):
 def name_file(p, path):
     """Gives a path to the file dialog that is open or about to open."""
     dialog = p.wait_dialog("file chooser")
-    if dialog.get_name() == "Ouvrir" and name_line(p, dialog) is None:
-        p.type("/")                      # brings the line for a name
     wait(lambda: name_line(p, dialog), "the line for the name")
     p.key("Ctrl+A")
     p.type(str(path))
@@ -74,7 +72,7 @@ def replaces_only_when_told(p):
     p.key("Échap")
     p.wait_no_dialog()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
 
 
 def open_and_recent(p):
@@ -88,8 +86,8 @@ def open_and_recent(p):
     name_file(p, p.folder / "un.VXT")
     p.wait_sheet("A=1\né=2")
     p.wait_no_dialog()
-    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
-    same(p.panel(2), "feuille 2", "panel 2")
+    wait_same(p.title, f"VOXTAB {p.folder}/un.VXT", "title")
+    wait_same(lambda: p.panel(2), "feuille 2", "panel 2")
     p.key("Maj+F6")
     p.wait_sheet("Z=1")
     p.key("F6")
@@ -98,7 +96,61 @@ def open_and_recent(p):
     same(items[1], f"2 {p.folder}/un.VXT", "second item of the File menu")
     p.key("Ctrl+F4")
     p.wait_sheet("Z=1")
-    same(p.panel(2), "feuille 1", "panel 2")
+    wait_same(lambda: p.panel(2), "feuille 1", "panel 2")
+
+
+def documents(p):
+    """An empty folder of the user's, where the dialogs begin. It has no dot: a path is cut behind one."""
+    folder = p.folder / "documents"
+    folder.mkdir()
+    return folder
+
+
+def open_by_name(p):
+    """To open, a name is typed at once; what is typed stands in the line, though a file is called so."""
+    folder = documents(p)
+    write(folder / "un.VXT", "A=1\n")
+    write(folder / "une.VXT", "A=2\n")
+    p.start(environment={"HOME": str(folder)})
+    for typed, title in (("une", "une"), ("un.VXT", "un")):
+        p.key("Ctrl+O")
+        dialog = p.wait_dialog("file chooser")
+        line = wait(lambda: name_line(p, dialog), "the line for the name")
+        same(line.get_name(), "Nom du fichier", "name of the line")
+        p.type(typed)
+        wait(lambda: accepts(dialog), "the button that accepts the name")
+        same(text_of(line), typed, "what stands in the line")
+        p.key("Entrée")
+        wait(lambda: p.title() == f"VOXTAB {folder}/{title}.VXT", "the title")
+        p.wait_no_dialog()
+
+
+def open_from_list(p):
+    """From the line for a name, Tab and the down arrow lead to the files, and Escape ends the dialog."""
+    folder = documents(p)
+    for name in ("un", "deux"):
+        write(folder / f"{name}.VXT", f"! {name}\n")
+    p.start(environment={"HOME": str(folder)})
+    for key in ("Tab", "Bas"):
+        p.key("Ctrl+O")
+        dialog = p.wait_dialog("file chooser")
+        p.key(key)
+        wait(lambda: name_line(p, dialog) is None, f"the end of the line for a name, by {key}")
+        p.key("Échap")
+        p.wait_no_dialog()
+    p.key("Ctrl+O")
+    dialog = p.wait_dialog("file chooser")
+    p.key("Échap")
+    wait(lambda: gone(dialog), "the end of the file dialog")
+    p.wait_no_dialog()
+    p.key("Ctrl+O")
+    dialog = p.wait_dialog("file chooser")
+    wait(lambda: any(n.get_name() == "deux.VXT" for n in walk(dialog)), "the list of files")
+    p.key("Bas")
+    wait(lambda: accepts(dialog), "the button that accepts the file")
+    p.key("Entrée")
+    wait(lambda: p.title() == f"VOXTAB {folder}/deux.VXT", "the title")
+    p.wait_no_dialog()
 
 
 def recent_by_menu(p):
@@ -109,14 +161,14 @@ def recent_by_menu(p):
     p.key("Alt+Q")
     same(p.wait_end(), 0, "exit status")
     p.start()
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
     items = [n.get_name() for n in children(p.menu_named("Fichier"))]
     caption = next((i for i in items if i.endswith("un.VXT")), None)
     expect(caption is not None, f"un.VXT isn't in the File menu: {items}")
     p.menu("F", caption)
     p.wait_sheet("A=1")
     p.wait_text()
-    same(p.title(), f"VOXTAB {p.folder}/un.VXT", "title")
+    wait_same(p.title, f"VOXTAB {p.folder}/un.VXT", "title")
 
 
 def quit_saves_a_known_sheet(p):
@@ -148,7 +200,7 @@ def close_asks(p):
     p.key("Alt+N")
     p.wait_text()
     p.wait_sheet("")
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
     same(read(p.folder / "un.VXT"), "A=1", "file")
 
 
@@ -156,7 +208,7 @@ def command_line(p):
     write(p.folder / "donnée.VXT", "A=5")
     p.start("donnée.VXT")
     p.wait_sheet("A=5")
-    same(p.title(), f"VOXTAB {p.folder}/donnée.VXT", "title")
+    wait_same(p.title, f"VOXTAB {p.folder}/donnée.VXT", "title")
 
 
 def quit_asks(p):
@@ -179,7 +231,7 @@ def quit_asks(p):
     same((p.folder / "VOXTAB.INI").stat().st_size, 22 * 267, "size of the settings file")
     same(list((p.folder / "travail").iterdir()), [], "working copies left")
     p.start()
-    same(p.panel(1), "Entier Degré", "panel 1 at the next start")
+    wait_same(lambda: p.panel(1), "Entier Degré", "panel 1 at the next start")
 
 
 def quit_saves(p):
@@ -223,6 +275,7 @@ def installed_for_everybody(p):
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, recent_by_menu, command_line, quit_asks,
-     quit_saves, quit_saves_a_known_sheet, close_asks, close_box, installed_for_everybody],
+run([save_as, replaces_only_when_told, open_and_recent, open_by_name, open_from_list,
+     recent_by_menu, command_line, quit_asks, quit_saves, quit_saves_a_known_sheet, close_asks,
+     close_box, installed_for_everybody],
     BINARY, PLACE)

@@ -40,19 +40,23 @@ def begin(reader):
     check(not late, f"heard once more, later: {late}")
 
 
-def note(p, reader, key, heard):
-    """Writes down what a key made the reader say; nothing but names of keys may come twice."""
+def note(p, reader, key, heard, box=None):
+    """Writes down what a key made the reader say; nothing but names of keys may come twice. A box that the
+    window manager of the test takes the keyboard from, and gives it back, is read when it comes back: that
+    is the manager's doing on a busy machine, and counted. The result: what was said, how often it came."""
     global commands
     commands += 1
     p.answered()
-    said = said_of(heard) + said_of(reader.heard())
+    rest = reader.heard()
+    said = said_of(heard) + said_of(rest)
+    comings = 1 + (heard.left + rest.left).count(box)
     line = f"{key}: {said} | {heard.braille[-1:]}"
     record.append(line)
     print(line, flush=True)
     last_said[:] = said
     plain = [words.rstrip(".") for words in said]
-    check(len(plain) == len(set(plain)), f"{key}: something is heard twice in {said}")
-    return plain
+    check(all(plain.count(words) <= comings for words in plain), f"{key}: something is heard twice in {said}")
+    return plain, comings
 
 
 def hear(p, reader, key, *words):
@@ -62,7 +66,7 @@ def hear(p, reader, key, *words):
     heard = reader.wait_for(lambda h: all(h.count(w) for w in words), f"{key}: {words}")
     for w in words:
         check(any(w in line for line in heard.braille), f"{key}: {w!r} isn't in braille {heard.braille}")
-    said = note(p, reader, key, heard)
+    said, _ = note(p, reader, key, heard)
     check(said == [w.strip() for w in words], f"{key}: expected {list(words)}, heard {said}")
     return heard
 
@@ -75,7 +79,7 @@ def hear_back(p, reader, key, line, *words):
     wanted = ("Feuille text", line, *words)
     heard = reader.wait_for(lambda h: all(h.count(w) for w in wanted), f"{key}: {wanted}")
     check(any(line in b for b in heard.braille), f"{key}: {line!r} isn't in braille {heard.braille}")
-    said = note(p, reader, key, heard)
+    said, _ = note(p, reader, key, heard)
     for w in wanted:
         check(said.count(w) == 1, f"{key}: {w!r} is heard {said.count(w)} times in {said}")
 
@@ -85,9 +89,9 @@ def hear_box(p, reader, key, words):
     begin(reader)
     p.key(key)
     heard = reader.wait_for(lambda h: any(words in said for said in h.speech), f"{key}: {words}")
-    said = note(p, reader, key, heard)
+    said, comings = note(p, reader, key, heard, "VOXTAB")
     times = sum(words in one for one in said)
-    check(times == 1, f"{key}: {words!r} is heard {times} times in {said}")
+    check(times == comings, f"{key}: {words!r} is heard {times} times in {said}")
 
 
 def calculation(p, reader):
@@ -146,6 +150,23 @@ def menu(p, reader):
     wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Nombre entier", "item")
     hear_back(p, reader, "Entrée", "C=B+1 = 7", "Entier")
     hear(p, reader, "F7", "Flottant", "C=B+1 = 7")
+    menu_moves_cursor(p, reader)
+
+
+def menu_moves_cursor(p, reader):
+    """A command of the menu that moves the cursor or brings another text is heard as well."""
+    p.key("Alt+O")
+    wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Nombre entier", "item")
+    p.key("Bas", 2)
+    wait_same(lambda: p.chosen(p.open_menu()), "Nombre en puissance de 10", "item")
+    hear(p, reader, "Entrée", "Flottant en puissance de 10, C=B+1 = 7.E00")
+    hear(p, reader, "F7", "Flottant", "C=B+1 = 7")
+    p.key("Menu")
+    p.key("Gauche")
+    p.key("Haut", 2)
+    wait_same(lambda: (m := p.open_menu()) and p.chosen(m), "Guide", "item")
+    hear(p, reader, "Entrée", "GUIDE DE VOXTAB, la calculatrice en forme de feuille de texte")
+    hear(p, reader, "Échap", "C=B+1 = 7")
 
 
 def key_help(p, reader):

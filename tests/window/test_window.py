@@ -22,18 +22,23 @@ def radios(p):
     return {n.get_name(): n for n in walk(p.window()) if role(n) == "radio button" and showing(n)}
 
 
+def option_has(p, name, state):
+    option = radios(p).get(name)
+    return option is not None and has(option, state)
+
+
 def start(p):
     p.start()
-    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    wait_same(p.title, "VOXTAB SANSTITRE.VXT", "title")
     same(p.sheet(), "", "sheet")
-    same(p.panel(1), "Flottant Degré", "panel 1")
-    same(p.panel(2), "feuille 1", "panel 2")
+    wait_same(lambda: p.panel(1), "Flottant Degré", "panel 1")
+    wait_same(lambda: p.panel(2), "feuille 1", "panel 2")
     expect(re.fullmatch(r"\d\d:\d\d", p.panel(3)), f"panel 3 is {p.panel(3)!r}")
     expect(re.fullmatch(r"\d\d/\d\d/\d{4}", p.panel(4)), f"panel 4 is {p.panel(4)!r}")
-    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
-    same(p.focus_name(), "Feuille", "focus")
-    expect(has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
-    expect(showing(p.text()), "the sheet can't be seen")
+    wait_same(p.buttons, ["Modif. texte", "Quitter"], "buttons")
+    wait_same(p.focus_name, "Feuille", "focus")
+    wait(lambda: has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
+    wait(lambda: showing(p.text()), "the sheet can't be seen")
     same(p.message(), "", "message")
     same(p.dialog(), None, "box")
 
@@ -169,29 +174,29 @@ def angle_view(p):
     p.start()
     p.type("SIN(100)")
     p.key("F8")
-    options = wait(lambda: radios(p), "the options")
-    same(list(options), ["degré", "Radian", "grade"], "options")
+    wait_same(lambda: list(radios(p)), ["degré", "Radian", "grade"], "options")
+    options = radios(p)
     wait(lambda: has(options["degré"], Atspi.StateType.FOCUSED), "the focus in the option")
-    expect(has(options["degré"], Atspi.StateType.CHECKED), "degré isn't chosen")
-    same(p.buttons(), ["Retour à la feuille", "Quitter"], "buttons")
-    expect(not showing(p.text()), "the sheet can be seen")
+    wait(lambda: has(options["degré"], Atspi.StateType.CHECKED), "degré isn't chosen")
+    wait_same(p.buttons, ["Retour à la feuille", "Quitter"], "buttons")
+    wait(lambda: not showing(p.text()), "the sheet can be seen")
     p.key("Bas")
     p.key("Bas")
     wait(lambda: has(options["grade"], Atspi.StateType.CHECKED), "the option grade")
     p.key("Entrée")
     p.wait_sheet("SIN(100) = 1")
-    same(p.panel(1), "Flottant Grade", "panel 1")
+    wait_same(lambda: p.panel(1), "Flottant Grade", "panel 1")
     p.wait_text()
-    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    wait_same(p.buttons, ["Modif. texte", "Quitter"], "buttons")
     p.key("F8")                       # and left by its button, reached with Tab
-    wait(lambda: has(radios(p)["grade"], Atspi.StateType.FOCUSED), "the focus in the option")
+    wait(lambda: option_has(p, "grade", Atspi.StateType.FOCUSED), "the focus in the option")
     p.key("Haut")
-    wait(lambda: has(radios(p)["Radian"], Atspi.StateType.CHECKED), "the option Radian")
+    wait(lambda: option_has(p, "Radian", Atspi.StateType.CHECKED), "the option Radian")
     p.key("Tab")
     wait_same(p.focus_name, "Retour à la feuille", "focus")
     p.key("Espace")
     p.wait_text()
-    same(p.panel(1), "Flottant Radian", "panel 1")
+    wait_same(lambda: p.panel(1), "Flottant Radian", "panel 1")
 
 
 def functions_guide_and_about(p):
@@ -204,17 +209,17 @@ def functions_guide_and_about(p):
         p.wait_sheet(text)
         p.wait_text()
         p.wait_message(text.split("\n")[0])
-        expect(not has(p.text(), Atspi.StateType.EDITABLE), "the text can be written")
-        same(p.buttons(), ["Calculatrice", "Quitter"], "buttons")
+        wait(lambda: not has(p.text(), Atspi.StateType.EDITABLE), "the text can be written")
+        wait_same(p.buttons, ["Calculatrice", "Quitter"], "buttons")
         before = p.sheet()
         p.type("X")
         same(p.sheet(), before, "text")
         p.key("Échap")
         p.wait_sheet("A=3")
         p.wait_text()
-        expect(has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
+        wait(lambda: has(p.text(), Atspi.StateType.EDITABLE), "the sheet can't be written")
         p.wait_message("A=3")
-        same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+        wait_same(p.buttons, ["Modif. texte", "Quitter"], "buttons")
 
 
 def about_words(p):
@@ -258,7 +263,7 @@ def escape_in_the_sheet(p):
     """Escape does nothing there, and the sheet isn't changed by it."""
     p.start()
     p.key("Échap")
-    same(p.buttons(), ["Modif. texte", "Quitter"], "buttons")
+    wait_same(p.buttons, ["Modif. texte", "Quitter"], "buttons")
     p.key("Alt+Q")
     same(p.wait_end(), 0, "exit status")
 

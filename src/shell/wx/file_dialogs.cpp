@@ -12,6 +12,7 @@
 #include "platform/platform.hpp"
 #include "shell/wx/appearance.hpp"
 #include "shell/wx/dialogs.hpp"
+#include "shell/wx/file_dialogs.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/modal.hpp"
 #include "shell/wx/printing.hpp"
@@ -79,6 +80,7 @@ bool choisit_fichier(std::string& nom, std::string_view filtre, std::string_view
         wxFileDialog dialogue(cadre, enregistre ? "Enregistrer sous" : "Ouvrir", propose.GetPath(),
                               enregistre ? propose.GetFullName() : wxString(),
                               filtre_du_systeme(filtre), enregistre ? wxFD_SAVE : wxFD_OPEN);
+        if (!enregistre) commence_par_le_nom(dialogue);
         const bool ok = dialogue.ShowModal() == wxID_OK;
         if (!ok) return false;
         propose.Assign(dialogue.GetPath());

@@ -86,6 +86,7 @@ private:
     bool sablier_vu_ = false;
     bool a_placer_ = true;                           // the controls must be placed again
     bool lecteur_ailleurs_ = false;                  // a screen reader is in a menu, not in the window
+    bool lecteur_rappele_ = false;                   // it has just followed the cursor to the text, silently
     bool au_travail_ = false;                        // montre() is at work
 };
 

@@ -114,7 +114,8 @@ void Cadre::montre_focus() {
 
 // Each message once; the label keeps the last one. Where messages come with the control that has the
 // focus, one that is about to get it is read by itself, with its line and with what was told to it
-// before: that is when they are heard, and the line is not told twice.
+// before: that is when they are heard, and the line is not told twice. A reader that is in a menu while
+// the cursor moves follows it to the text and reads nothing there: then the line is told.
 void Cadre::dit_messages(bool focus_present) {
     if (messages_.empty()) return;
     const std::vector<std::string> messages = std::exchange(messages_, {});
@@ -127,7 +128,9 @@ void Cadre::dit_messages(bool focus_present) {
     }
     std::string ensemble;
     for (const std::string& message : messages) {
-        if (voix == txt_ && sans_blancs(message) == sans_blancs(ligne_du_curseur())) continue;
+        if (voix == txt_ && !lecteur_rappele_ &&
+            sans_blancs(message) == sans_blancs(ligne_du_curseur()))
+            continue;
         (ensemble += ensemble.empty() ? "" : ", ") += message;
     }
     if (!ensemble.empty()) annonce(*voix, {ensemble});
@@ -152,7 +155,7 @@ void Cadre::montre() {
     montre_couleurs();
     montre_liste();
     montre_options();
-    zone_->ecrit();
+    lecteur_rappele_ = zone_->ecrit() && lecteur_ailleurs_ && IsActive();
     place_fenetre();
     if (!IsShown()) Show();
     if (annonce_par_le_focus() && !focus_en_place()) dit_messages(false);

@@ -103,9 +103,10 @@ void ZoneTexte::ecrit_texte() {
     ecrit_en_utf8_ = std::move(nouveau);
 }
 
-void ZoneTexte::ecrit() {
-    if (ecriture_ || (!texte_a_ecrire_ && !selection_a_ecrire_)) return;
+bool ZoneTexte::ecrit() {
+    if (ecriture_ || (!texte_a_ecrire_ && !selection_a_ecrire_)) return false;
     ecriture_ = true;
+    const long avant = controle_.GetInsertionPoint();
     if (texte_a_ecrire_) ecrit_texte();
     const long de = static_cast<long>(position_du_controle(texte(), debut_));
     const long a = static_cast<long>(position_du_controle(texte_, debut_ + longueur_));
@@ -116,6 +117,7 @@ void ZoneTexte::ecrit() {
     montre_curseur_de_la_vue(controle_, a);
     lit_selection_de_la_vue(controle_, vu_de_, vu_a_);
     texte_a_ecrire_ = selection_a_ecrire_ = ecriture_ = false;
+    return controle_.GetInsertionPoint() != avant;
 }
 
 void ZoneTexte::change() {

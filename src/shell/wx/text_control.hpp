@@ -20,7 +20,8 @@ public:
     void pose_texte(std::string&& texte);        // the cursor goes to 0
     void pose_selection(std::size_t debut, std::size_t longueur);
 
-    void ecrit();                                // the control takes what the core has set
+    bool ecrit();                                // the control takes what the core has set; true: its
+                                                 // cursor has moved
     void change();                               // the user has changed the control's text
     bool en_ecriture() const { return ecriture_; }   // the change is the program's own
 

@@ -22,7 +22,8 @@ namespace {
 // that the program gives itself holds as many, with fifty kilobytes for each.
 constexpr int kAppelsMaxi = 10000;
 
-// Room for one more call, where the system gave less stack or a call needs more, so that a function without end is stopped here and not in a bracket of it.
+// Room for one more call, where the system gave less stack or a call needs more, so that a function
+// without end is stopped here and not in a bracket of it.
 constexpr std::size_t kReserveAppel = 1u << 20;
 
 // The flag stays as it was: only the box tells of a failure here.

@@ -43,13 +43,15 @@ private:
     void cree_controles();                           // frame.cpp
     void relie_evenements();
     void relie_txt();
+    void choix_menu(wxCommandEvent& e);
+    std::string_view nom_de(const wxWindow* w) const;
+    wxWindow* fenetre_de(std::string_view nom) const;
+
+    void relie_saisie();                             // frame_keys.cpp
     void texte_change();
     void refuse_caractere(char32_t caractere);
     void touche_avant(wxKeyEvent& e);
     void touche_relachee(wxKeyEvent& e);
-    void choix_menu(wxCommandEvent& e);
-    std::string_view nom_de(const wxWindow* w) const;
-    wxWindow* fenetre_de(std::string_view nom) const;
 
     void montre_controle(Paire& p);                  // mirror.cpp
     void montre_legende(Paire& p);
@@ -92,6 +94,9 @@ private:
 
 // The window of the program, or nullptr.
 extern Cadre* cadre;
+
+// True for an option button of the angle view.
+inline bool est_option(std::string_view nom) { return nom.starts_with("Option"); }
 
 // Installs the window, the message line and the beep in the port.
 void installe_fenetre(Cadre& c);

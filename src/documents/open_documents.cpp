@@ -45,9 +45,23 @@ void ajoute_document() {
     documents.document_courant = documents.nombre_document;
 }
 
+// All that belongs to an open sheet beside its row goes to another place of the list.
+void deplace_document(int de, int vers) {
+    documents.nom_copie(vers) = documents.nom_copie(de);
+    documents.document_modifie(vers) = documents.document_modifie(de);
+    documents.identite(vers) = documents.identite(de);
+}
+
+// The sheet of that number is closed: those behind it move up, their rows aside.
+void retire_document(int rang) {
+    ferme_changements(rang);
+    for (int i = rang; i < documents.nombre_document; ++i) deplace_document(i + 1, i);
+    documents.identite(documents.nombre_document) = 0;
+}
+
 // The current document becomes the untitled sheet, as far as its copy and its text go.
 void vide_document() {
-    oublie_changements();
+    donne_identite(documents.document_courant);
     documents.nom_copie(documents.document_courant) =
         reglages.dossier_travail + reglages.nom_sanstitre;
     port.texte.pose_texte({});
@@ -94,7 +108,7 @@ bool place_fichier(const std::string& nom, Execute&& execute) {
 // Shows the copy of the current document, another sheet than the one before it.
 template <class Execute>
 void montre_fichier(bool copiee, Execute&& execute) {
-    oublie_changements();
+    donne_identite(documents.document_courant);
     execute([&] { LitNomCopie(copiee); });
     execute([] { AfficheStatus(); });
 }
@@ -146,7 +160,7 @@ void ferme_seul() {
 // The last document gives way to the one before it. The status is drawn before the count falls, on
 // purpose: the closed file stays greyed in the menu until the next time.
 void ferme_dernier() {
-    ferme_changements(documents.document_courant);
+    retire_document(documents.document_courant);
     --documents.document_courant;
     TestRepertoire();
     --documents.nombre_document;
@@ -155,11 +169,7 @@ void ferme_dernier() {
 // Another document gives way to the next one, which comes up at the closed sheet's cursor, on
 // purpose: the closed row still stands at that place.
 void ferme_milieu() {
-    ferme_changements(documents.document_courant);
-    for (int i = documents.document_courant + 1; i <= documents.nombre_document; ++i) {
-        documents.nom_copie(i - 1) = documents.nom_copie(i);
-        documents.document_modifie(i - 1) = documents.document_modifie(i);
-    }
+    retire_document(documents.document_courant);
     --documents.nombre_document;
     LitNomCopie();
     efface_nomdoc(documents.document_courant);
@@ -178,6 +188,11 @@ void remplit_item(int k, const std::string& nom, bool actif) {
 article& ligne_courante_ini() { return reglages.table_ini(documents.document_courant); }
 
 void marque_modifie() { documents.document_modifie(documents.document_courant) = 1; }
+
+void donne_identite(int rang) {
+    ferme_changements(rang);
+    documents.identite(rang) = ++documents.derniere_identite;
+}
 
 void InitNomRepertoire() {
     const auto nomme = [](const article& ligne) {

@@ -13,6 +13,8 @@ struct Documents {
     std::int16_t nombre_document = 1;    // open documents, 1 to 15
     Table<std::string> nom_copie{kDocumentsMaxi};       // working copy of each, by document number
     Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
+    Table<std::uint64_t> identite{kDocumentsMaxi};      // of each open sheet, from 1, never given twice
+    std::uint64_t derniere_identite = 0; // the last one given in this run
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
     bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
     bool enregistrement_rate = false;    // the last Save As has not brought the sheet to its file
@@ -21,6 +23,8 @@ extern Documents documents;
 
 article& ligne_courante_ini();           // the current document's row
 void marque_modifie();                   // the current sheet differs from its file
+void donne_identite(int rang);           // another sheet than before is open there: the changes of the
+                                         // one before are forgotten
 
 void InitNomRepertoire();                // nom_repertoire, at start-up
 bool dejaOuvert(const std::string& nomfic);

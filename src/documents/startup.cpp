@@ -187,6 +187,7 @@ void prepare_feuille(Demarrage& pas) {
     documents.document_courant = documents.nombre_document = 1;
     recherche.registre_recherche = 1;
     pas([] { documents.document_modifie(1) = 0; });
+    pas([] { donne_identite(1); });
     pas([] { InitNomRepertoire(); });
     pas([] { port.texte.pose_texte({}); });
     pas([] { razVar(); });

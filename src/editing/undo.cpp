@@ -30,7 +30,9 @@ void vide(HistoireFeuille& h) noexcept {
     h.octets = h.empreinte = 0;
 }
 
-HistoireFeuille& courante() { return historique.feuilles(documents.document_courant); }
+std::uint64_t identite_courante() { return documents.identite(documents.document_courant); }
+
+HistoireFeuille& courante() { return historique.feuilles[identite_courante()]; }
 
 // The control shows the sheet, and not the guide, the list of functions or the empty text of key
 // help.
@@ -111,19 +113,19 @@ void range(HistoireFeuille& h, Changement&& neuf) {
 
 // Another document is shown. Its list is only good for the text that it was made on.
 void prend_document(const std::string& texte) {
-    if (historique.document != 0)
-        historique.feuilles(historique.document).empreinte = empreinte(historique.texte);
-    historique.document = 0;
+    if (historique.document)
+        historique.feuilles[*historique.document].empreinte = empreinte(historique.texte);
+    historique.document.reset();
     HistoireFeuille& h = courante();
     if (h.empreinte != empreinte(texte)) vide(h);
     historique.texte = texte;
-    historique.document = documents.document_courant;
+    historique.document = identite_courante();
 }
 
 void note(bool frappe) {
     const std::string& texte = port.texte.texte();
     const Selection selection = selection_actuelle();
-    if (historique.document != documents.document_courant) {
+    if (historique.document != identite_courante()) {
         prend_document(texte);
     } else if (texte != historique.texte) {
         Changement neuf = difference(historique.texte, texte);
@@ -142,8 +144,8 @@ void note_ou_oublie(bool frappe) noexcept {
     try {
         note(frappe);
     } catch (...) {
-        for (HistoireFeuille& h : historique.feuilles) vide(h);
-        historique.document = 0;
+        historique.feuilles.clear();
+        historique.document.reset();
     }
 }
 
@@ -172,7 +174,7 @@ void deplace(Depart& depart, Arrivee& arrivee, bool avance) {
 template <class Liste>
 bool possible(const Liste& liste) {
     return feuille_montree() && !fenetre.txt_lecture_seule && fenetre.txt.visible &&
-           historique.document == documents.document_courant && !liste.empty();
+           historique.document == identite_courante() && !liste.empty();
 }
 
 }  // namespace
@@ -181,19 +183,14 @@ void note_frappe() noexcept { note_ou_oublie(true); }
 void note_commande() noexcept { note_ou_oublie(false); }
 
 void oublie_changements() noexcept {
-    const int document = documents.document_courant;
-    if (document >= 1 && document <= kDocumentsMaxi) vide(historique.feuilles(document));
-    if (historique.document == document) historique.document = 0;
+    ferme_changements(documents.document_courant);
 }
 
 void ferme_changements(int rang) noexcept {
     if (rang < 1 || rang > kDocumentsMaxi) return;
-    Table<HistoireFeuille>& feuilles = historique.feuilles;
-    if (historique.document != 0)
-        feuilles(historique.document).empreinte = empreinte(historique.texte);
-    historique.document = 0;
-    for (int i = rang; i < kDocumentsMaxi; ++i) std::swap(feuilles(i), feuilles(i + 1));
-    vide(feuilles(kDocumentsMaxi));
+    const std::uint64_t identite = documents.identite(rang);
+    historique.feuilles.erase(identite);
+    if (historique.document == identite) historique.document.reset();
 }
 
 void annule() {

@@ -5,12 +5,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
-
-#include "base/table.hpp"
-#include "documents/settings.hpp"
 
 // Bytes that the changes of one sheet may hold. The last change stays, however large it is.
 inline constexpr std::size_t kOctetsHistorique = std::size_t{16} * 1024 * 1024;
@@ -36,8 +36,8 @@ struct HistoireFeuille {
 };
 
 struct Historique {
-    Table<HistoireFeuille> feuilles{kDocumentsMaxi};   // by document number
-    int document = 0;                // whose text is in `texte`; 0: none, the next text seen is new
+    std::map<std::uint64_t, HistoireFeuille> feuilles;  // by the identity of the open sheet
+    std::optional<std::uint64_t> document;   // whose text is in `texte`; none: the next text seen is new
     std::string texte;               // the sheet as it was seen last
     Selection selection;             // its cursor at that moment
 };
@@ -50,7 +50,7 @@ void note_commande() noexcept;
 
 // The current document gets another text that isn't a change of the one before: its list is emptied.
 void oublie_changements() noexcept;
-// That document is closed: those behind it have one number less.
+// The sheet of that document number is no longer open: its list goes.
 void ferme_changements(int rang) noexcept;
 
 void annule();                       // takes the last change back and says the line under the cursor

@@ -43,6 +43,7 @@ void prepare_documents(const json& tache) {
     reglages_par_defaut();
     reglages.table_ini(1).champ3 = tache.value("repere", 1);
     documents.nom_copie(1) = reglages.dossier_travail + reglages.nom_sanstitre;
+    donne_identite(1);
     InitNomRepertoire();
     dlg.extension = "VXT";
     batit_caracteres();

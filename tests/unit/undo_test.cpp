@@ -36,8 +36,8 @@ std::size_t octets_gardes() {
     const auto ajoute = [&](const auto& liste) {
         for (const Changement& c : liste) n += sizeof c + c.enleve.size() + c.mis.size();
     };
-    ajoute(historique.feuilles(documents.document_courant).faits);
-    ajoute(historique.feuilles(documents.document_courant).defaits);
+    ajoute(historique.feuilles[documents.identite(documents.document_courant)].faits);
+    ajoute(historique.feuilles[documents.identite(documents.document_courant)].defaits);
     return n;
 }
 
@@ -57,7 +57,7 @@ TEST_CASE("undo: a thousand calculations of the largest sheet stay within the bo
         // Each of the two changes is as wide as the text.
         change_texte(grande_feuille(n), 0);
         evenement_menu("mnuCalculItem");
-        const HistoireFeuille& h = historique.feuilles(1);
+        const HistoireFeuille& h = historique.feuilles[documents.identite(1)];
         REQUIRE(octets_gardes() == h.octets);
         REQUIRE(h.octets <= kOctetsHistorique);
         REQUIRE(h.faits.size() > 1);
@@ -108,7 +108,7 @@ TEST_CASE("undo: random changes go back and forth to the byte") {
         evenement_enfonce("txt", kRetablit);
         REQUIRE(memoire.texte == textes[i]);
     }
-    CHECK(octets_gardes() == historique.feuilles(1).octets);
+    CHECK(octets_gardes() == historique.feuilles[documents.identite(1)].octets);
 }
 
 TEST_CASE("undo: each of the two keys is taken with its modifiers alone, and in the text alone") {

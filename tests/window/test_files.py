@@ -59,16 +59,36 @@ def save_as(p):
     same(read(p.folder / "essai.bak"), "A=3\n", "backup")
 
 
+def extensions(p):
+    """VXT is added to a name that has no extension, also beside a file of just that name; another
+    extension stays."""
+    p.start()
+    write(p.folder / "cahier", "X=1\n")
+    p.type("A=3")
+    for typed, written in (("cahier", "cahier.VXT"), ("cours.txt", "cours.txt"), ("fin.", "fin.VXT"),
+                           ("notes.vxt", "notes.vxt")):
+        p.key("Ctrl+Maj+S")
+        name_file(p, p.folder / typed)
+        wait_same(p.title, f"VOXTAB {p.folder}/{written}", "title")
+        p.wait_no_dialog()
+        same(read(p.folder / written), "A=3\n", "file")
+    same(read(p.folder / "cahier"), "X=1\n", "the file without an extension")
+
+
 def replaces_only_when_told(p):
+    """The question stands on Non: Enter alone replaces nothing."""
     p.start()
     write(p.folder / "ancien.VXT", "X=1\n")
     p.type("A=3")
     p.key("Ctrl+Maj+S")
-    name_file(p, p.folder / "ancien.VXT")
-    d = p.wait_box("ancien.VXT existe déjà, le remplacer ?")
-    same(sorted(buttons_of(d)), ["Non", "Oui"], "buttons")
-    p.key("Alt+N")
-    p.wait_dialog("file chooser")
+    for answer in ("Alt+N", "Entrée"):
+        name_file(p, p.folder / "ancien.VXT")
+        d = p.wait_box("ancien.VXT existe déjà, le remplacer ?")
+        same(sorted(buttons_of(d)), ["Non", "Oui"], "buttons")
+        wait_same(lambda: p.focused(d) and p.focused(d).get_name(), "Non", "button with the focus")
+        p.key(answer)
+        p.wait_dialog("file chooser")
+        same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
     p.key("Échap")
     p.wait_no_dialog()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
@@ -128,8 +148,8 @@ def open_by_name(p):
 def open_from_list(p):
     """From the line for a name, Tab and the down arrow lead to the files, and Escape ends the dialog."""
     folder = documents(p)
-    for name in ("un", "deux"):
-        write(folder / f"{name}.VXT", f"! {name}\n")
+    for name in ("un.VXT", "deux.VXT", "trois.Vxt", "quatre.vXT", "autre.txt"):
+        write(folder / name, f"! {name[:-4]}\n")
     p.start(environment={"HOME": str(folder)})
     for key in ("Tab", "Bas"):
         p.key("Ctrl+O")
@@ -145,7 +165,10 @@ def open_from_list(p):
     p.wait_no_dialog()
     p.key("Ctrl+O")
     dialog = p.wait_dialog("file chooser")
-    wait(lambda: any(n.get_name() == "deux.VXT" for n in walk(dialog)), "the list of files")
+    def listed():
+        return {n.get_name() for n in walk(dialog) if "." in (n.get_name() or "")[-4:-1] and
+                "(" not in n.get_name()}
+    wait_same(listed, {"un.VXT", "deux.VXT", "trois.Vxt", "quatre.vXT"}, "files of the list")
     p.key("Bas")
     wait(lambda: accepts(dialog), "the button that accepts the file")
     p.key("Entrée")
@@ -275,7 +298,7 @@ def installed_for_everybody(p):
     same([f.name for f in (system / "bin").iterdir()], ["voxtab"], "files beside the program")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, open_by_name, open_from_list,
+run([save_as, extensions, replaces_only_when_told, open_and_recent, open_by_name, open_from_list,
      recent_by_menu, command_line, quit_asks, quit_saves, quit_saves_a_known_sheet, close_asks,
      close_box, installed_for_everybody],
     BINARY, PLACE)

@@ -57,14 +57,31 @@ def save_as(p):
     same([f.name for f in p.folder.iterdir() if f.name.startswith(".voxtab")], [], "files left over")
 
 
+def extensions(p):
+    """VXT is added to a name that has no extension, also beside a file of just that name; another
+    extension stays."""
+    write(p.folder / "cahier", "X=1\n")
+    p.start(text="A=3")
+    for typed, written in (("cahier", "cahier.VXT"), ("cours.txt", "cours.txt"), ("jour.v2", "jour.v2"),
+                           ("notes.vxt", "notes.vxt")):
+        p.key("Ctrl+Maj+S")
+        name_file(p, "Enregistrer sous", there(p.folder / typed))
+        wait(lambda: p.title() == f"VOXTAB {there(p.folder)}\\{written}", f"the title with {written}")
+        p.wait_no_box()
+        same(read(p.folder / written), "A=3\n", "file")
+    same(read(p.folder / "cahier"), "X=1\n", "the file without an extension")
+
+
 def replaces_only_when_told(p):
     write(p.folder / "ancien.VXT", "X=1\n")
     p.start(text="A=3")
     p.key("Ctrl+Maj+S")
-    name_file(p, "Enregistrer sous", there(p.folder / "ancien.VXT"))
-    p.wait_box("ancien.VXT existe déjà, le remplacer ?")
-    p.key("Alt+N")
-    wait(lambda: (box := p.box()) and box["title"] == "Enregistrer sous", "the dialog again")
+    for answer in ("Alt+N", "Entrée"):        # the question stands on Non
+        name_file(p, "Enregistrer sous", there(p.folder / "ancien.VXT"))
+        p.wait_box("ancien.VXT existe déjà, le remplacer ?")
+        p.key(answer)
+        wait(lambda: (box := p.box()) and box["title"] == "Enregistrer sous", "the dialog again")
+        same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
     p.key("Échap")
     p.wait_no_box()
     same(read(p.folder / "ancien.VXT"), "X=1\n", "file")
@@ -283,6 +300,6 @@ def long_path(p):
     same(read(folder / "loin.bak"), "A=5\n", "backup")
 
 
-run([save_as, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
+run([save_as, extensions, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
      last_sheet, folder_that_cannot_be_written, folder_with_accents,
      second_start, reader_scripts, long_path], BUILD, PLACE)

@@ -95,6 +95,10 @@ bool saisie(std::string_view invite, std::string_view propose, std::string& repo
 
 }  // namespace
 
+bool demande_remplacement(std::string_view texte) {
+    return montre_boite(texte, wxYES_NO | wxNO_DEFAULT) == wxID_YES;
+}
+
 void installe_boites() {
     port.boites.boite = [](std::string_view texte) { montre_boite(texte, wxOK); };
     port.boites.oui_non = [](std::string_view texte) {

@@ -19,26 +19,25 @@
 
 namespace {
 
-// The kinds of files as this system tells them: small letters are other letters here, and a name
-// needs no dot.
+// The kinds of files as this system tells them: any capitals, and a name needs no dot.
 wxString filtre_du_systeme(std::string_view filtre) {
     wxString sortie;
     bool motif = false;
     for (wxString partie : wxSplit(vers_wx(filtre), '|', 0)) {
-        if (motif) partie = partie == "*.*" ? wxString("*") : partie + ";" + partie.Lower();
+        if (motif) partie = partie == "*.*" ? wxString("*") : motif_du_systeme(partie);
         sortie += (sortie.empty() ? "" : "|") + partie;
         motif = !motif;
     }
     return sortie;
 }
 
-// The name in the code page, with the default extension when it has none. False when it can't be
-// written there: the user has been told.
-bool nom_choisi(const wxFileDialog& dialogue, std::string_view extension, std::string& nom) {
+// The name in the code page, with the default extension when it has none; a file to open that has none
+// is taken as it is. False when it can't be written there: the user has been told.
+bool nom_choisi(const wxFileDialog& dialogue, std::string_view extension, bool enregistre,
+                std::string& nom) {
     wxFileName chemin(dialogue.GetPath());
-    const wxString vxt = vers_wx(extension);
-    const bool existe = wxFileName::FileExists(chemin.GetFullPath());
-    if (!existe && !chemin.HasExt()) chemin.SetExt(vxt);
+    const bool tel_quel = !enregistre && wxFileName::FileExists(chemin.GetFullPath());
+    if (!tel_quel && chemin.GetExt().empty()) chemin.SetExt(vers_wx(extension));
     const auto page = depuis_utf8(chemin.GetFullPath().utf8_string());
     if (!page) {
         port.boites.boite("ce nom de fichier a des caractères qu'une feuille ne connaît pas"_fr);
@@ -56,8 +55,8 @@ bool convient(const std::string& nom, bool enregistre) {
     }
     const bool existe = FichierExistant(nom);
     if (enregistre)
-        return !existe ||
-               port.boites.oui_non(NomFichSeul(nom) + std::string(" existe déjà, le remplacer ?"_fr));
+        return !existe || demande_remplacement(
+                              NomFichSeul(nom) + std::string(" existe déjà, le remplacer ?"_fr));
     if (!existe) port.boites.boite(NomFichSeul(nom) + std::string(" : ce fichier n'existe pas"_fr));
     return existe;
 }
@@ -85,7 +84,7 @@ bool choisit_fichier(std::string& nom, std::string_view filtre, std::string_view
         if (!ok) return false;
         propose.Assign(dialogue.GetPath());
         std::string choisi;
-        if (!nom_choisi(dialogue, extension, choisi) || !convient(choisi, enregistre)) continue;
+        if (!nom_choisi(dialogue, extension, enregistre, choisi) || !convient(choisi, enregistre)) continue;
         nom = choisi;
         return true;
     }

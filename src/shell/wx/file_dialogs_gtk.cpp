@@ -87,6 +87,16 @@ gboolean touche(GtkWidget* dialogue, GdkEventKey* frappe, gpointer) {
 
 }  // namespace
 
+// The toolkit looks at capitals: each letter stands for both.
+wxString motif_du_systeme(const wxString& motif) {
+    wxString sortie;
+    for (const wxUniChar c : motif) {
+        const wxString lettre(c);
+        sortie += lettre.Upper() == lettre.Lower() ? lettre : "[" + lettre.Lower() + lettre.Upper() + "]";
+    }
+    return sortie;
+}
+
 void commence_par_le_nom(wxFileDialog& dialogue) {
     GtkWidget* fenetre = dialogue.GetHandle();
     GtkWidget* choix = premier(fenetre, est_choix);

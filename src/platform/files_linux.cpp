@@ -279,7 +279,8 @@ int cree_dossier(Chemin chemin) {
     return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
 }
 
-// The names in a folder, either its files or its folders.
+// The names in a folder, either its files or its folders. A link to a folder is none: who goes down
+// through links may never come to an end.
 int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
     noms.clear();
     const std::unique_ptr<DIR, int (*)(DIR*)> ouvert(opendir(vers_utf8(chemin).c_str()), closedir);
@@ -290,7 +291,7 @@ int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
         if (entree == nullptr) break;
         const std::string nom = entree->d_name;
         struct stat s {};
-        if (nom == "." || nom == ".." || fstatat(dirfd(ouvert.get()), nom.c_str(), &s, 0) != 0 ||
+        if (nom == "." || nom == ".." || fstatat(dirfd(ouvert.get()), nom.c_str(), &s, dossiers ? AT_SYMLINK_NOFOLLOW : 0) != 0 ||
             S_ISDIR(s.st_mode) != dossiers)
             continue;
         if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));

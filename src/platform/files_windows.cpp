@@ -356,19 +356,24 @@ int cree_dossier(Chemin chemin) {
     return CreateDirectoryW(reel(chemin).c_str(), nullptr) != 0 ? 0 : derniere_erreur();
 }
 
-// The names in a folder, either its files or its folders.
+// The names in a folder, either its files or its folders. A folder that leads elsewhere, a junction, a
+// link or one that lies on the network, is none: who goes down through those may never come to an end.
 int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
     noms.clear();
     std::wstring motif = reel(chemin);
     if (!motif.empty() && motif.back() != L'\\' && motif.back() != L'/') motif += L'\\';
     WIN32_FIND_DATAW entree;
-    const HANDLE recherche = FindFirstFileW((motif + L"*").c_str(), &entree);
+    const HANDLE recherche =
+        FindFirstFileExW((motif + L"*").c_str(), FindExInfoBasic, &entree,
+                         dossiers ? FindExSearchLimitToDirectories : FindExSearchNameMatch, nullptr,
+                         FIND_FIRST_EX_LARGE_FETCH);
     // The root of an empty disk has no entry at all.
     if (recherche == INVALID_HANDLE_VALUE)
         return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : derniere_erreur();
     do {
         const std::string nom = depuis_utf16(entree.cFileName);
         if (nom == "." || nom == ".." || est_dossier(entree.dwFileAttributes) != dossiers) continue;
+        if (dossiers && (entree.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) continue;
         if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));
     } while (FindNextFileW(recherche, &entree) != 0);
     const DWORD erreur = GetLastError();

@@ -90,7 +90,8 @@ class Settings(unittest.TestCase):
             keys[section, key] = int(value)
         self.assertEqual(keys["options", "Punctuation"], 3)
         self.assertEqual(keys["options", "ScreenEcho"], 1)
-        self.assertEqual(keys["HTML", "AnnounceLiveRegionUpdates"], 1)
+        # What stands in other sections means other things: the one of pages, say, nothing here.
+        self.assertEqual({where for where, _ in keys}, {"options"})
 
 
 class Scripts(unittest.TestCase):
@@ -125,6 +126,33 @@ class Scripts(unittest.TestCase):
             elif line in ("EndFunction", "EndScript", "EndIf"):
                 self.assertEqual(opened.pop(), line)
         self.assertEqual(opened, [])
+
+    def test_every_script_is_told_by_the_keyboard_help(self):
+        scripts = re.findall(r"^Script (\w+) \(\)$", plain("voxtab.jss"), re.M)
+        told = re.findall(r"^:script (\w+)\n:Synopsis (\S.*)\n:Description (\S.*)$", plain("voxtab.jsd"), re.M)
+        self.assertEqual([name for name, _, _ in told], scripts)
+
+    def test_every_text_that_is_said_stands_with_the_messages(self):
+        code, texts = plain("voxtab.jss"), plain("voxtab.jsm")
+        defined = re.findall(r"^@(msg\w+)\n\S.*\n@@$", texts, re.M)
+        self.assertTrue(texts.rstrip().endswith("EndMessages"))
+        self.assertIn('Include "voxtab.jsm"', code)
+        said = re.findall(r"\bSay \((.+?), OT_\w+\)", code)
+        self.assertEqual(sorted(words for words in said if words.startswith("msg")), sorted(defined))
+        self.assertEqual([words for words in said if '"' in words], [])
+
+    def test_a_message_is_said_once_by_the_name_and_can_be_silenced(self):
+        code = plain("voxtab.jss")
+        bodies = dict(re.findall(r"^Void Function (\w+) \(.*?\)$(.*?)^EndFunction$", code, re.M | re.S))
+        self.assertIn("Say (sNouveau, OT_SCREEN_MESSAGE)", bodies["NameChangedEvent"])
+        self.assertIn("If !gMessagesMuets Then", bodies["NameChangedEvent"])
+        self.assertNotIn("Say (", bodies["SayNonHighlightedText"])
+
+    def test_the_choice_of_silence_is_kept(self):
+        code = plain("voxtab.jss")
+        self.assertIn("IniReadInteger (SECTION_CHOIX, CLE_MUETS, FALSE, FICHIER_CHOIX)", code)
+        self.assertIn("IniWriteInteger (SECTION_CHOIX, CLE_MUETS, gMessagesMuets, FICHIER_CHOIX)", code)
+        self.assertIn("Void Function AutoStartEvent ()", code)
 
     def test_texts_that_are_said_are_written_whole_on_their_line(self):
         for line in plain("voxtab.jss").splitlines():

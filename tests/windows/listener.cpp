@@ -1,5 +1,6 @@
-// Listens as a screen reader does: one JSON line for every event of a live region, with the
-// identifier of the control and its accessible name at that moment.
+// Listens as screen readers do: one JSON line for every event of a live region, and for every name that
+// changes of a control that can have the focus, with the control's identifier and its accessible name at
+// that moment.
 #include <windows.h>
 
 #include <initguid.h>
@@ -10,26 +11,41 @@
 
 #include <nlohmann/json.hpp>
 
+#include "names.hpp"
 #include "platform/console.hpp"
 #include "platform/utf16_windows.hpp"
 
 namespace {
 
 constexpr DWORD kLiveRegionChanged = 0x8019;
+constexpr int kFirst = 1002;   // identifiers of the controls that can have the focus
+constexpr int kLast = 1011;
 
-void CALLBACK heard(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, DWORD, DWORD) {
+// What a reader finds as the name: what the window has given, or what the system makes of the window.
+std::string name_of(HWND window, LONG object, LONG child) {
+    if (const auto given = noted_name(window)) return depuis_utf16(*given);
     IAccessible* what = nullptr;
     VARIANT part{};
-    std::string name;
-    if (SUCCEEDED(AccessibleObjectFromEvent(window, static_cast<DWORD>(object),
-                                            static_cast<DWORD>(child), &what, &part))) {
-        BSTR words = nullptr;
-        what->get_accName(part, &words);
-        if (words != nullptr) name = depuis_utf16(words);
-        SysFreeString(words);
-        what->Release();
-    }
-    std::cout << nlohmann::json{{"id", GetDlgCtrlID(window)}, {"name", name}}.dump() << std::endl;
+    if (FAILED(AccessibleObjectFromEvent(window, static_cast<DWORD>(object),
+                                         static_cast<DWORD>(child), &what, &part)))
+        return "";
+    BSTR words = nullptr;
+    what->get_accName(part, &words);
+    const std::string name = words == nullptr ? "" : depuis_utf16(words);
+    SysFreeString(words);
+    what->Release();
+    return name;
+}
+
+void CALLBACK heard(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
+    const int id = GetDlgCtrlID(window);
+    const bool live = event == kLiveRegionChanged;
+    if (!live && (id < kFirst || id > kLast)) return;
+    std::cout << nlohmann::json{{"event", live ? "live" : "name"},
+                                {"id", id},
+                                {"name", name_of(window, object, child)}}
+                     .dump()
+              << std::endl;
 }
 
 }  // namespace
@@ -37,9 +53,9 @@ void CALLBACK heard(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, 
 int main(int argc, char** argv) {
     prepare_console(argc, argv);
     CoInitialize(nullptr);
-    if (SetWinEventHook(kLiveRegionChanged, kLiveRegionChanged, nullptr, heard, 0, 0,
-                        WINEVENT_OUTOFCONTEXT) == nullptr)
-        return 1;
+    for (const DWORD event : {static_cast<DWORD>(EVENT_OBJECT_NAMECHANGE), kLiveRegionChanged})
+        if (SetWinEventHook(event, event, nullptr, heard, 0, 0, WINEVENT_OUTOFCONTEXT) == nullptr)
+            return 1;
     std::cout << "{\"ready\": true}" << std::endl;
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);

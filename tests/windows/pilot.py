@@ -53,8 +53,8 @@ def same(seen, expected, what):
 class Helper:
     """A program of ours that answers in lines of JSON."""
 
-    def __init__(self, binary):
-        self.process = subprocess.Popen(["wine", str(binary)], stdin=subprocess.PIPE,
+    def __init__(self, binary, *arguments, folder=None):
+        self.process = subprocess.Popen(["wine", str(binary), *arguments], stdin=subprocess.PIPE, cwd=folder,
                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.lines = queue.Queue()
         threading.Thread(target=self.read, daemon=True).start()
@@ -209,7 +209,8 @@ class Program:
         """What the listener hears next: exactly these texts, each once."""
         heard = [self.listener.next(f"the message {words!r}") for words in expected]
         same([event["name"] for event in heard], list(expected), "heard")
-        same({event["id"] for event in heard}, {MESSAGE}, "the control that speaks")
+        same({(event["event"], event["id"]) for event in heard}, {("live", MESSAGE)},
+             "the event and the control that speaks")
 
     def kill(self):
         if self.process is not None and self.process.poll() is None:

@@ -16,6 +16,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "names.hpp"
 #include "platform/console.hpp"
 #include "platform/utf16_windows.hpp"
 
@@ -94,6 +95,7 @@ HWND focused() {
 }
 
 std::string accessible_name(HWND window) {
+    if (const auto given = noted_name(window)) return depuis_utf16(*given);
     IAccessible* object = nullptr;
     if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
                                           reinterpret_cast<void**>(&object))))
@@ -181,11 +183,20 @@ bool clip(const std::string& utf8) {
     return CloseClipboard() != 0 && set;
 }
 
+// Whether the stand-in reader's library is at work in the program.
+json hooked(int) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(main_window(), &process);
+    return process != 0 && names()->process == static_cast<LONG>(process);
+}
+
 const std::map<std::string, std::function<json(int)>> commands = {
     {"title",
      [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
     {"text", [](int id) { return json(text_of(control(id))); }},
     {"name", [](int id) { return json(accessible_name(control(id))); }},
+    {"hooked", hooked},
+    {"wake", [](int id) { return json(PostMessageW(control(id), WM_NULL, 0, 0) != 0); }},
     {"state", state_answer},
     {"children", [](int) { return children_of(main_window()); }},
     {"box", [](int) { return box_answer(); }},

@@ -1,7 +1,9 @@
-// Messages to the screen reader on Windows: the message line is a live region, and one event for
-// each message tells the reader to say what stands there. A reader asks for the words when it gets
-// to the event, and keeps only the last of several that wait: so messages that come together go out
-// one after the other, with a moment for each.
+// Messages to the screen reader on Windows, by one of two ways, never both. The message line is a
+// live region, and one event for each message tells the reader to say what stands there. Readers that
+// don't listen to such regions are known by the library that they load into every program: then the
+// message becomes the name of the control that has the focus until the focus leaves it. A reader asks
+// for the words when it gets to the event, and keeps only the last of several that wait: so messages
+// that come together go out one after the other, with a moment for each.
 #include "shell/wx/announce.hpp"
 
 #include <windows.h>
@@ -9,7 +11,13 @@
 #include <initguid.h>
 #include <oleacc.h>
 
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
 #include <deque>
+#include <map>
+#include <utility>
 
 #include "platform/utf16_windows.hpp"
 
@@ -21,13 +29,22 @@ constexpr GUID kReglageRegion = {
     0xC12BCD8E, 0x2A8E, 0x4950, {0x8A, 0xE7, 0x36, 0x25, 0x11, 0x1D, 0x58, 0xEB}};   // LiveSetting
 constexpr LONG kPoli = 1;   // said behind what is being said
 
+// The libraries of JAWS and of Dolphin's readers (docs/readers.md).
+constexpr std::array kBibliotheques = {L"jhook.dll", L"dolwinhk.dll"};
+
 constexpr UINT kMoment = 100;   // milliseconds between two messages that come together
 constexpr UINT_PTR kMinuterie = 1;
+constexpr UINT_PTR kSuite = 2;   // of the windows' procedures, beside that of the text
 
 // Messages that wait for their moment, in UTF-8, and where they are shown. The timer ends with the
 // line.
 std::deque<std::string> attente;
 wxStaticText* ligne_des_messages = nullptr;
+
+// The names that the window has given, and the control whose name is a message for the moment.
+std::map<HWND, std::string> noms;
+HWND porteur = nullptr;
+std::string porte;   // its name then, in UTF-8
 
 HWND poignee(const wxWindow& w) { return static_cast<HWND>(w.GetHandle()); }
 
@@ -52,17 +69,73 @@ struct Proprietes {
             services->SetHwndProp(poignee(w), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                                   propriete, v);
     }
-    void pose(const wxWindow& w, const GUID& propriete, const std::string& utf8) const {
+    void nomme(HWND w, const std::string& utf8) const {
         if (services != nullptr)
-            services->SetHwndPropStr(poignee(w), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                     propriete, vers_utf16(utf8).c_str());
+            services->SetHwndPropStr(w, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                                     vers_utf16(utf8).c_str());
+    }
+    void oublie_nom(HWND w) const {
+        const GUID propriete = PROPID_ACC_NAME;
+        if (services != nullptr)
+            services->ClearHwndProps(w, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &propriete, 1);
     }
 };
 
+// A reader is there that hears names and no live region. It may come and go while the program runs.
+bool lecteur_de_noms() {
+    return std::any_of(kBibliotheques.begin(), kBibliotheques.end(),
+                       [](const wchar_t* nom) { return GetModuleHandleW(nom) != nullptr; });
+}
+
+// Gives the control that bears a message its own name again.
+void rend_le_nom() {
+    const HWND w = std::exchange(porteur, nullptr);
+    porte.clear();
+    if (w == nullptr) return;
+    const auto nom = noms.find(w);
+    if (nom != noms.end())
+        Proprietes().nomme(w, nom->second);
+    else
+        Proprietes().oublie_nom(w);
+}
+
+// Follows a control that has a name of its own or bears a message.
+LRESULT CALLBACK suit_le_controle(HWND fenetre, UINT message, WPARAM valeur, LPARAM suite,
+                                  UINT_PTR numero, DWORD_PTR) {
+    const bool finit = message == WM_NCDESTROY;
+    if (fenetre == porteur && (finit || message == WM_KILLFOCUS)) rend_le_nom();
+    if (finit) {
+        noms.erase(fenetre);
+        RemoveWindowSubclass(fenetre, suit_le_controle, numero);
+    }
+    return DefSubclassProc(fenetre, message, valeur, suite);
+}
+
+// The message as the name of the control that has the focus. A reader passes over a name that stays
+// the same: the same words again get a blank.
+void dit_par_le_nom(const std::string& utf8) {
+    const HWND w = GetFocus();
+    if (w != porteur) rend_le_nom();
+    if (w == nullptr) return;
+    porteur = w;
+    porte = utf8 == porte ? utf8 + " " : utf8;
+    SetWindowSubclass(w, suit_le_controle, kSuite, 0);
+    Proprietes().nomme(w, porte);
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, w, OBJID_CLIENT, CHILDID_SELF);
+}
+
 void dit_le_suivant() {
     if (attente.empty()) return;
-    ligne_des_messages->SetLabelText(wxString::FromUTF8(attente.front()));
+    const std::string message = attente.front();
     attente.pop_front();
+    ligne_des_messages->SetLabel(wxString::FromUTF8(message));
+    // The name that the system makes of a text has no "&".
+    Proprietes().nomme(poignee(*ligne_des_messages), message);
+    if (lecteur_de_noms()) {
+        dit_par_le_nom(message);
+        return;
+    }
+    rend_le_nom();
     NotifyWinEvent(kRegionChangee, poignee(*ligne_des_messages), OBJID_CLIENT, CHILDID_SELF);
 }
 
@@ -74,11 +147,14 @@ void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
 
 }  // namespace
 
-// Nothing said clings to a control here.
+// What clings to a control goes with the focus, by itself.
 void prepare_annonce(wxWindow&) {}
 
+// "&" is a sign like others in a message, and no mark of a key.
 void prepare_ligne(wxStaticText& ligne) {
     ligne_des_messages = &ligne;
+    SetWindowLongPtrW(poignee(ligne), GWL_STYLE,
+                      GetWindowLongPtrW(poignee(ligne), GWL_STYLE) | SS_NOPREFIX);
     Proprietes().pose(ligne, kReglageRegion, kPoli);
 }
 
@@ -93,7 +169,10 @@ void annonce(wxWindow&, const std::vector<std::string>& messages) {
 }
 
 void nomme(wxWindow& controle, const std::string& utf8) {
-    Proprietes().pose(controle, PROPID_ACC_NAME, utf8);
+    const HWND w = poignee(controle);
+    noms.insert_or_assign(w, utf8);
+    SetWindowSubclass(w, suit_le_controle, kSuite, 0);
+    if (w != porteur) Proprietes().nomme(w, utf8);
 }
 
 // A text labels the control behind it only where that one has no name of its own.

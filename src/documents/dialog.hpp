@@ -10,7 +10,5 @@ struct Dlg {
     std::string nom_fichier;              // path proposed, then the path chosen
     std::string police_nom;               // font proposed, then chosen
     double police_taille = 0;             // its size, points
-    bool annulation_defaillance = false;  // Cancel is a failure: set by the first file or font
-                                          // dialog and never cleared, on purpose
 };
 extern Dlg dlg;

@@ -7,6 +7,7 @@
 #include "base/failure.hpp"
 
 inline constexpr int kAnnulation = 32755;  // a dialog that reports Cancel as a failure
+inline constexpr int kDejaDit = -1;        // a failure whose box has been shown
 
 // Raises the failure of a file operation, the number that it answered; 0 is none.
 inline void reussit(int numero) {

@@ -17,6 +17,7 @@
 #include "shell/menu_table.hpp"
 #include "shell/message.hpp"
 #include "shell/status.hpp"
+#include "shell/views.hpp"
 
 Documents documents;
 Dlg dlg;
@@ -47,8 +48,11 @@ void ajoute_document() {
 
 // All that belongs to an open sheet beside its row goes to another place of the list.
 void deplace_document(int de, int vers) {
-    documents.nom_copie(vers) = documents.nom_copie(de);
+    documents.nom_copie(vers) = std::move(documents.nom_copie(de));
     documents.document_modifie(vers) = documents.document_modifie(de);
+    documents.texte(vers) = std::move(documents.texte(de));
+    documents.copie_a_jour(vers) = documents.copie_a_jour(de);
+    documents.a_son_fichier(vers) = documents.a_son_fichier(de);
     documents.identite(vers) = documents.identite(de);
 }
 
@@ -57,13 +61,16 @@ void retire_document(int rang) {
     ferme_changements(rang);
     for (int i = rang; i < documents.nombre_document; ++i) deplace_document(i + 1, i);
     documents.identite(documents.nombre_document) = 0;
+    documents.texte(documents.nombre_document).clear();
 }
 
 // The current document becomes the untitled sheet, as far as its copy and its text go.
 void vide_document() {
-    donne_identite(documents.document_courant);
-    documents.nom_copie(documents.document_courant) =
-        reglages.dossier_travail + reglages.nom_sanstitre;
+    const int rang = documents.document_courant;
+    documents.nom_copie(rang) = copie_libre(reglages.dossier_travail + reglages.nom_sanstitre, rang);
+    donne_identite(rang);
+    documents.copie_a_jour(rang) = documents.a_son_fichier(rang) = 0;
+    documents.texte(rang).clear();
     port.texte.pose_texte({});
 }
 
@@ -80,62 +87,65 @@ std::string dossier_propose() {
 // Asks for a file to open. Cancel is a failure.
 std::string demande_fichier() {
     dlg.nom_fichier = dossier_propose() + "." + dlg.extension;
-    dlg.annulation_defaillance = true;
     if (!port.dialogues.ouvre(dlg.nom_fichier, dlg.filtre, dlg.extension)) echoue(kAnnulation);
     std::string nom = dlg.nom_fichier;
     if (nom.size() > 2 && nom.compare(1, 2, ":.") == 0) nom.erase(2, 1);
     return nom;
 }
 
-// Puts the file at the current document's place, with a copy of it. `execute` runs each statement and
-// decides what becomes of its failure. True when the copy was made.
-template <class Execute>
-bool place_fichier(const std::string& nom, Execute&& execute) {
-    execute([&] {
-        reglages.article_courant = reglages.article_vide;
-        reglages.article_courant.nom = nom;
-    });
-    execute([&] { range_ini(nom); });
-    execute([&] { rangenomcopie(nom); });
-    bool copiee = false;
-    execute([&] {
-        reussit(port.fichiers.copie(nom, documents.nom_copie(documents.document_courant)));
-        copiee = true;
-    });
-    return copiee;
+// What is needed to open a file, before anything is changed.
+struct Ouverture {
+    int rang = 1;            // its number among the open sheets
+    std::string copie;       // its working copy
+    FeuilleLue lue;
+};
+
+// Copies the file to its working copy and reads that. One more document, or the place of the empty
+// sheet, which gives way. Failures go up.
+Ouverture prepare_ouverture(const std::string& nom) {
+    Ouverture o;
+    const bool vide = port.texte.texte().empty();
+    o.rang = vide ? documents.document_courant : documents.nombre_document + 1;
+    if (!vide) EcritNomCopie();
+    o.copie = copie_pour(nom, o.rang);
+    reussit(copie_vers_copie(nom, o.copie));
+    if (!Tente(kLitNomCopie, [&] { o.lue = lit_copie_neuve(o.copie); })) echoue(kDejaDit);
+    return o;
 }
 
-// Shows the copy of the current document, another sheet than the one before it.
-template <class Execute>
-void montre_fichier(bool copiee, Execute&& execute) {
-    donne_identite(documents.document_courant);
-    execute([&] { LitNomCopie(copiee); });
-    execute([] { AfficheStatus(); });
-}
-
-// Takes the place of the file to open: one more document, or that of the empty sheet, which gives way
-// and leaves the file its changed mark.
-void prend_place(const std::string& nom) {
-    if (!port.texte.texte().empty()) {
-        EcritNomCopie();
+// The file is read: it takes its place, its row and the text.
+void place_fichier(const std::string& nom, Ouverture&& o) {
+    article ligne = reglages.article_vide;
+    ligne.nom = nom;
+    if (o.rang > documents.nombre_document) {
         ajoute_document();
-        documents.document_modifie(documents.document_courant) = 0;
+        documents.document_modifie(o.rang) = 0;
     }
-    place_fichier(nom, [](auto&& instruction) { instruction(); });
+    reglages.article_courant = std::move(ligne);
+    range_ini(nom);
+    documents.nom_copie(o.rang) = std::move(o.copie);
+    documents.copie_a_jour(o.rang) = documents.a_son_fichier(o.rang) = 1;
+    donne_identite(o.rang);
+    montre_feuille(std::move(o.lue.texte));
+    if (o.lue.amenee) Tente(kLitNomCopie, [&] { ecrit_copie(o.rang); });
+    AfficheStatus();
 }
 
-// Open, from the dialog on. Where the file can't be brought in, the sheet that is shown stays the
-// current one: otherwise it would be saved over that file.
+// Opens that file. A sheet that is open already is shown instead. Where the file can't be brought in
+// nothing has changed: a sheet that is empty for that reason would be saved over its file.
+void ouvre_nom(const std::string& nom) {
+    if (const int rang = rang_ouvert(nom); rang != 0) {
+        montre_document(rang);
+        return;
+    }
+    if (!complet()) place_fichier(nom, prepare_ouverture(nom));
+}
+
+// Open, from the dialog on.
 void ouvre_fichier() {
     const std::string nom = demande_fichier();
     if (dejaOuvert(nom)) return;
-    Documents avant = documents;
-    Table<article> lignes = reglages.table_ini;
-    execute_ou_remet([&] { prend_place(nom); }, [&] {
-        std::swap(documents, avant);
-        std::swap(reglages.table_ini, lignes);
-    });
-    montre_fichier(true, [](auto&& instruction) { instruction(); });
+    ouvre_nom(nom);
 }
 
 // Previous and Next: leaves the sheet, moves, shows the other one.
@@ -144,9 +154,10 @@ void change_document(void (*deplace)()) {
         dit("un seul fichier"_fr);
         return;
     }
+    const std::int16_t quitte = documents.document_courant;
     EcritNomCopie();
     deplace();
-    TestRepertoire();
+    if (!TestRepertoire()) documents.document_courant = quitte;
 }
 
 // The only document gives way to the untitled sheet.
@@ -160,19 +171,26 @@ void ferme_seul() {
 // The last document gives way to the one before it. The status is drawn before the count falls, on
 // purpose: the closed file stays greyed in the menu until the next time.
 void ferme_dernier() {
-    retire_document(documents.document_courant);
     --documents.document_courant;
-    TestRepertoire();
+    if (!TestRepertoire()) {
+        ++documents.document_courant;
+        return;
+    }
+    retire_document(documents.nombre_document);
     --documents.nombre_document;
 }
 
 // Another document gives way to the next one, which comes up at the closed sheet's cursor, on
-// purpose: the closed row still stands at that place.
-void ferme_milieu() {
-    retire_document(documents.document_courant);
+// purpose: the closed row still stands at that place. False when the next one can't be read.
+bool ferme_milieu() {
+    const int rang = documents.document_courant;
+    std::string texte;
+    if (!lit_copie(rang + 1, texte)) return false;
+    retire_document(rang);
     --documents.nombre_document;
-    LitNomCopie();
-    efface_nomdoc(documents.document_courant);
+    montre_feuille(std::move(texte));
+    efface_nomdoc(rang);
+    return true;
 }
 
 // An item of the File menu reads its number and the path.
@@ -224,24 +242,47 @@ void DocPrecedent() {
     if (--documents.document_courant < 1) documents.document_courant = documents.nombre_document;
 }
 
-void TestRepertoire() {
-    LitNomCopie();
+bool TestRepertoire() {
+    if (!LitNomCopie()) return false;
     AfficheStatus();
     dit_nom();
+    return true;
+}
+
+int rang_ouvert(std::string_view nomfic, int sauf) {
+    for (int rang = 1; rang <= documents.nombre_document; ++rang)
+        if (rang != sauf && meme_chemin(reglages.table_ini(rang).nom, nomfic)) return rang;
+    return 0;
+}
+
+bool montre_document(int rang) {
+    const std::int16_t quitte = documents.document_courant;
+    if (rang == quitte) {
+        dit_nom();
+        return true;
+    }
+    EcritNomCopie();
+    documents.document_courant = static_cast<std::int16_t>(rang);
+    if (TestRepertoire()) return true;
+    documents.document_courant = quitte;
+    return false;
 }
 
 void mnuNouveauItem() {
-    if (annonce_item("mnuNouveauItem") || complet()) return;
+    if (annonce_item("mnuNouveauItem")) return;
+    quitte_vues();
+    if (complet()) return;
     if (sans_titre_ouvert()) {
         port.boites.boite("un seul fichier SANSTITRE autorisé"_fr);
         return;
     }
     EcritNomCopie();
+    article ligne = reglages.article_vide;
     ajoute_document();
     reglages.article_courant = reglages.article_vide;
     insert_nomdoc(documents.document_courant);
     documents.document_modifie(documents.document_courant) = 0;
-    ligne_courante_ini() = reglages.article_vide;
+    ligne_courante_ini() = std::move(ligne);
     vide_document();
     AfficheStatus();
     // The variable itself goes to the message line, which may pad it, on purpose: the tests for the
@@ -250,53 +291,62 @@ void mnuNouveauItem() {
 }
 
 void mnuOuvrirItem() {
-    if (annonce_item("mnuOuvrirItem") || complet()) return;
-    // Whatever fails passes without a word, on purpose.
-    EssaieEnSilence(ouvre_fichier);
+    if (annonce_item("mnuOuvrirItem")) return;
+    quitte_vues();
+    if (complet()) return;
+    Essaie(ouvre_fichier, [](int numero) {
+        if (numero != kAnnulation) Tente(kCommande, [] { dit("ouverture impossible"); });
+    });
 }
 
 void mnuOuvrirSousMenuItem(int Index) {
     if (Index <= documents.nombre_document || Index > kItemsRecents) return;
     const std::string libelle = menus.recents[static_cast<std::size_t>(Index)].libelle;
     if (annonce_mots(libelle)) return;
+    quitte_vues();
     const std::string nom = libelle.substr(libelle.find(' ') + 1);
-    if (!FichierExistant(nom)) {
+    const bool ouvert = rang_ouvert(nom) != 0;
+    if (!ouvert && !FichierExistant(nom)) {
         dit("fichier inexistant"_fr);
         return;
     }
-    if (!port.texte.texte().empty()) {
-        EssaieEnSilence(EcritNomCopie);
-        ajoute_document();
-    }
-    EssaieEnSilence([] { documents.document_modifie(documents.document_courant) = 0; });
-    const auto en_silence = [](auto&& instruction) { EssaieEnSilence(instruction); };
-    montre_fichier(place_fichier(nom, en_silence), en_silence);
+    Essaie(
+        [&] {
+            ouvre_nom(nom);
+            if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
+        },
+        [](int numero) {
+            if (numero != kDejaDit) signale_defaillance(kCommande, numero);
+            Tente(kCommande, [] { dit("ouverture impossible"); });
+        });
 }
 
 void mnuFichierPrecedentItem() {
     if (annonce_item("mnuFichierPrecedentItem")) return;
+    quitte_vues();
     change_document(DocPrecedent);
 }
 
 void mnuFichierSuivantItem() {
     if (annonce_item("mnuFichierSuivantItem")) return;
+    quitte_vues();
     change_document(DocSuivant);
 }
 
 void mnuFermerItem() {
     if (annonce_item("mnuFermerItem")) return;
-    EcritNomCopie();
+    quitte_vues();
+    note_feuille();
+    Tente(kCommande, [] { ecrit_copie(documents.document_courant); });
     if (!sauvegarde()) return;
-    // The sheet that couldn't be saved under its new name stays, to be saved elsewhere.
-    if (documents.enregistrement_rate) return marque_modifie();
     reglages.article_courant = ligne_courante_ini();
     if (documents.nombre_document == 1) {
         ferme_seul();
     } else if (documents.document_courant == documents.nombre_document) {
         ferme_dernier();
         return;
-    } else {
-        ferme_milieu();
+    } else if (!ferme_milieu()) {
+        return;
     }
     insert_nomdoc(documents.nombre_document + 1);
     AfficheStatus();

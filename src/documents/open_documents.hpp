@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/table.hpp"
 #include "documents/settings.hpp"
@@ -13,11 +14,14 @@ struct Documents {
     std::int16_t nombre_document = 1;    // open documents, 1 to 15
     Table<std::string> nom_copie{kDocumentsMaxi};       // working copy of each, by document number
     Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
+    Table<std::string> texte{kDocumentsMaxi};           // of each, as it was when `txt` last left it
+    Table<char> copie_a_jour{kDocumentsMaxi};           // 1: the working copy holds `texte`
+    Table<char> a_son_fichier{kDocumentsMaxi};          // 1: it came from the file of its name, or went there
     Table<std::uint64_t> identite{kDocumentsMaxi};      // of each open sheet, from 1, never given twice
     std::uint64_t derniere_identite = 0; // the last one given in this run
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
     bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
-    bool enregistrement_rate = false;    // the last Save As has not brought the sheet to its file
+    bool enregistrement_rate = false;    // the last save on the way out or under a new name has failed
 };
 extern Documents documents;
 
@@ -28,9 +32,12 @@ void donne_identite(int rang);           // another sheet than before is open th
 
 void InitNomRepertoire();                // nom_repertoire, at start-up
 bool dejaOuvert(const std::string& nomfic);
+int rang_ouvert(std::string_view nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
 void DocSuivant();
 void DocPrecedent();
-void TestRepertoire();                   // shows the document that has become current
+bool TestRepertoire();                   // shows the document that has become current; false: told, the
+                                         // sheet before it is still in `txt`
+bool montre_document(int rang);          // leaves the current sheet for that one; false as above
 
 void mnuNouveauItem();
 void mnuOuvrirItem();

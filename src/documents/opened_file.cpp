@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
@@ -15,6 +17,9 @@ constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 constexpr std::string_view kMarquePetit = "\xFF\xFE";  // UTF-16, the low byte first
 constexpr std::string_view kMarqueGrand = "\xFE\xFF";
 constexpr char32_t kIllisible = 0xFFFD;  // stands for what is no character
+
+// Two marks, which only this program writes: every character stands for itself, a no-break space too.
+constexpr std::string_view kMarqueExacte = "\xEF\xBB\xBF\xEF\xBB\xBF";
 
 bool est_utf16(std::string_view octets) {
     return octets.starts_with(kMarquePetit) || octets.starts_with(kMarqueGrand);
@@ -77,10 +82,19 @@ bool est_unicode(std::string_view octets) {
     if (octets.starts_with(kMarqueUtf8) || est_utf16(octets)) return true;
     const bool ascii = std::all_of(octets.begin(), octets.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    return !ascii && est_utf8(octets);
+    return !ascii && est_utf8(octets) && amene_en_page(octets).perdus == 0;
+}
+
+std::string octets_du_fichier(std::string_view texte) {
+    if (!est_unicode(texte)) return std::string(texte);
+    return std::string(kMarqueExacte).append(vers_utf8(texte));
 }
 
 std::string amene_fichier(std::string_view octets) {
+    if (octets.starts_with(kMarqueExacte)) {
+        std::optional<std::string> exact = depuis_utf8(octets.substr(kMarqueExacte.size()));
+        if (exact) return std::move(*exact);
+    }
     std::string converti;
     if (est_utf16(octets)) octets = converti = utf8_depuis_utf16(octets);
     if (octets.starts_with(kMarqueUtf8)) octets.remove_prefix(kMarqueUtf8.size());

@@ -6,8 +6,12 @@
 #include <string_view>
 
 // True when the bytes are recognised as another coding than the code page: a mark of UTF-8 or UTF-16
-// at the start, or UTF-8 throughout with more than ASCII in it.
+// at the start, or UTF-8 throughout with more than ASCII in it, all of which has its place in a sheet.
 bool est_unicode(std::string_view octets);
+
+// What the file of a sheet holds so that it is read back as it was: the text itself, or, where that
+// would be taken for another coding ("Ã©" is the UTF-8 of "é"), the text in UTF-8 behind two marks.
+std::string octets_du_fichier(std::string_view texte);
 
 // Those bytes as a text of the code page. What has no place in it has left a question mark, and one box
 // tells how many characters, which and where.

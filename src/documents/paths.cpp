@@ -1,6 +1,9 @@
 // Names of files and folders: their parts, their final separator, the cut behind the first dot.
 #include "documents/paths.hpp"
 
+#include <algorithm>
+
+#include "base/codepage.hpp"
 #include "platform/platform.hpp"
 
 namespace {
@@ -40,8 +43,20 @@ std::string Sansbackslash(std::string_view chemin) {
 
 bool FichierExistant(const std::string& chemin) { return port.fichiers.existe(chemin); }
 
+bool meme_chemin(std::string_view a, std::string_view b) {
+    if (port.systeme.separateur == '/') return a == b;
+    const auto replie = [](char c) { return est_separateur(c) || c == '/' ? '\\' : capitale(c); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return replie(x) == replie(y); });
+}
+
+std::size_t premier_point(std::string_view nom) {
+    const std::size_t dossier = nom.find_last_of(fins_dossier());
+    return nom.find('.', dossier == std::string_view::npos ? 0 : dossier + 1);
+}
+
 std::string coupe_premier_point(std::string_view nom) {
-    const std::size_t point = nom.find('.');
+    const std::size_t point = premier_point(nom);
     if (point == std::string_view::npos) return std::string(nom);
     return std::string(nom.substr(0, point + 1 + kExtension));
 }

@@ -2,6 +2,7 @@
 // Change no state.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,12 @@ std::string NomFichSeul(std::string_view chemin);     // what stands behind the 
 std::string ajoutbackslash(std::string_view chemin);  // with a final separator
 std::string Sansbackslash(std::string_view chemin);   // without it; "" below two characters
 bool FichierExistant(const std::string& chemin);      // its length can be had
+
+// Both name the same file: case and kind of separator don't count where the separator is "\\".
+bool meme_chemin(std::string_view a, std::string_view b);
+
+// Place of the first dot of the file's name; dots of its folders don't count. npos: none.
+std::size_t premier_point(std::string_view nom);
 
 // The name cut behind the third character that follows its FIRST dot, as saving and opening do on
 // purpose: "a.b.VXT" is cut to "a.b.V".

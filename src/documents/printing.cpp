@@ -3,7 +3,6 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/dialog.hpp"
 #include "documents/failures.hpp"
 #include "documents/settings.hpp"
 #include "platform/platform.hpp"
@@ -34,6 +33,5 @@ void mnuImprimer() {
 }
 
 void mnuParametreImprimer() {
-    // Once a file or a font dialog was shown, Cancel is a failure that nothing catches, on purpose.
-    if (!port.dialogues.imprimante() && dlg.annulation_defaillance) echoue(kAnnulation);
+    port.dialogues.imprimante();
 }

@@ -2,13 +2,17 @@
 #include "documents/saving.hpp"
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "documents/dialog.hpp"
 #include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
+#include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
@@ -19,95 +23,160 @@ namespace {
 
 constexpr Procedure kEnregistrerSous{" sur EnregistrerSous"_fr, true};
 
-const std::string& copie_courante() { return documents.nom_copie(documents.document_courant); }
+constexpr std::string_view kReprise = "reprise";
 
-// The backup's name: "bak" behind the first dot, on purpose, even when a folder's name has it.
+// The backup's name: "bak" behind the first dot of the file's name, on purpose.
 std::string nom_sauvegarde(const std::string& nom) {
-    const std::size_t point = nom.find('.');
+    const std::size_t point = premier_point(nom);
     if (point == std::string::npos) return std::string(sans_blancs(nom)) + ".bak";
     return nom.substr(0, point + 1) + "bak";
 }
 
-void coupe_nom_courant() {
-    std::string& nom = ligne_courante_ini().nom;
-    nom = coupe_premier_point(nom);
+// True for the program's own places, where it deletes and overwrites files: the working folder, that
+// of the sheets that were not taken back, the settings file.
+bool reserve(const std::string& nom) {
+    const std::string dossier = cheminSeul(nom);
+    return meme_chemin(dossier, reglages.dossier_travail) ||
+           meme_chemin(dossier, ajoutbackslash(reglages.dossier_programme + std::string(kReprise))) ||
+           meme_chemin(nom, reglages.fichier_ini);
 }
 
-// Asks for the name to save under, until it is another one than the untitled sheet's. False on
-// Cancel.
+// The current name is cut, on purpose, unless that would make it the name of another file.
+void coupe_nom_courant() {
+    std::string& nom = ligne_courante_ini().nom;
+    std::string coupe = coupe_premier_point(nom);
+    if (coupe == nom || FichierExistant(coupe) || reserve(coupe) ||
+        rang_ouvert(coupe, documents.document_courant) != 0)
+        return;
+    nom = std::move(coupe);
+}
+
+// True when the sheet must ask where it goes: it is untitled, its place is the program's, another
+// open sheet bears its name, or it bears the untitled sheet's and a file is there already.
+bool sans_place() {
+    const int rang = documents.document_courant;
+    const std::string& nom = ligne_courante_ini().nom;
+    if (sans_blancs(nom) == reglages.nom_sanstitre || reserve(nom) || rang_ouvert(nom, rang) != 0)
+        return true;
+    return nom == reglages.article_vide.nom && documents.a_son_fichier(rang) == 0 &&
+           FichierExistant(nom);
+}
+
+// Refuses a chosen name aloud: the untitled sheet's, a place of the program's, another open sheet's.
+bool refuse_nom(const std::string& nom) {
+    if (capitales(NomFichSeul(nom)) == reglages.nom_sanstitre) {
+        port.boites.boite("nom avec \"sanstitre\" interdit"_fr);
+    } else if (reserve(nom)) {
+        port.boites.boite("nom réservé au programme"_fr);
+    } else if (rang_ouvert(nom, documents.document_courant) != 0) {
+        port.boites.boite(nom + std::string("déja ouvert"_fr));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// Asks for the name to save under, until it is one that can be taken. False on Cancel.
 bool demande_nom() {
-    while (true) {
+    do {
         const std::string& nom = ligne_courante_ini().nom;
         dlg.nom_fichier =
             nom != reglages.nom_sanstitre ? nom : reglages.nom_repertoire + reglages.nom_sanstitre;
-        dlg.annulation_defaillance = true;
         if (!port.dialogues.enregistre(dlg.nom_fichier, dlg.filtre, dlg.extension)) return false;
-        if (capitales(NomFichSeul(dlg.nom_fichier)) != reglages.nom_sanstitre) return true;
-        port.boites.boite("nom avec \"sanstitre\" interdit"_fr);
-    }
+    } while (refuse_nom(dlg.nom_fichier));
+    return true;
 }
 
-// The working copy follows the new name.
-void deplace_copie(const std::string& ancienne) {
-    // Only the last document's path was renewed, on purpose: the copy of any other one would go
-    // onto itself, and that fails.
-    if (documents.document_courant != documents.nombre_document) echoue(kAccesFichier);
-    if (copie_courante() != ancienne) reussit(port.fichiers.deplace(ancienne, copie_courante()));
+// The text of the current sheet goes onto that file, whatever has become of its working copy.
+void ecrit_fichier(const std::string& nom) {
+    const std::string& texte = documents.texte(documents.document_courant);
+    reussit(port.fichiers.remplace(nom, octets_du_fichier(texte + "\r\n")));
+    documents.a_son_fichier(documents.document_courant) = 1;
+}
+
+// The current sheet's backup, then its file, under the cut name. A failure leaves the name as it was.
+template <class Instruction>
+void ecrit_sous_son_nom(Instruction&& avant_fichier) {
+    std::string ancien = ligne_courante_ini().nom;
+    execute_ou_remet(
+        [&] {
+            coupe_nom_courant();
+            sauvebak();
+            avant_fichier();
+            ecrit_fichier(ligne_courante_ini().nom);
+        },
+        [&] { ligne_courante_ini().nom = std::move(ancien); });
+}
+
+// The working copy follows the new name; where it can't, the sheet keeps the copy that it has.
+void deplace_copie(const std::string& nom) {
+    const int rang = documents.document_courant;
+    std::string nouvelle = copie_pour(nom, rang);
+    std::string& copie = documents.nom_copie(rang);
+    if (meme_chemin(copie, nouvelle)) return;
+    if (documents.copie_a_jour(rang) != 0) {
+        reussit(port.fichiers.deplace(copie, nouvelle));
+        copie = std::move(nouvelle);
+    } else {
+        copie = std::move(nouvelle);
+        EssaieEnSilence([&] { ecrit_copie(rang); });
+    }
 }
 
 // The current row takes the chosen name, and the list and the working copy follow.
 void renomme(const std::string& nom) noexcept {
     Tente(kEnregistrerSous, [&] {
-        reglages.article_courant = ligne_courante_ini();
-        reglages.article_courant.nom = nom;
+        article ligne = ligne_courante_ini();
+        ligne.nom = nom;
+        reglages.article_courant = std::move(ligne);
+        range_ini(nom);
     });
-    Tente(kEnregistrerSous, [&] { range_ini(nom); });
-    std::string ancienne;
-    Tente(kEnregistrerSous, [&] { ancienne = copie_courante(); });
-    Tente(kEnregistrerSous, [&] { rangenomcopie(nom); });
-    Tente(kEnregistrerSous, [&] { deplace_copie(ancienne); });
+    Tente(kEnregistrerSous, [&] { deplace_copie(nom); });
 }
 
-// The changed sheet goes to its file without a word; an untitled one asks for a name.
+// The changed sheet goes to its file without a word; one without a place asks for a name.
 bool sauve_modifie() {
-    if (ligne_courante_ini().nom == reglages.nom_sanstitre) return enregistrersous();
-    coupe_nom_courant();
-    sauvebak();
-    reussit(port.fichiers.copie(copie_courante(), ligne_courante_ini().nom));
+    if (sans_place()) return enregistrersous();
+    documents.enregistrement_rate = true;
+    ecrit_sous_son_nom([] {});
+    documents.enregistrement_rate = false;
     return true;
 }
 
 }  // namespace
 
+// The user's own sheets are never overwritten by a backup.
 void sauvebak() {
     const std::string& nom = ligne_courante_ini().nom;
     if (!FichierExistant(nom)) return;
-    EssaieEnSilence([&] { reussit(port.fichiers.copie(nom, nom_sauvegarde(nom))); });
+    const std::string sauvegarde = nom_sauvegarde(nom);
+    const int rang = rang_du_nom(sauvegarde);
+    if (rang != 0 && rang != documents.document_courant) return;
+    EssaieEnSilence([&] { reussit(port.fichiers.copie(nom, sauvegarde)); });
 }
 
 void rangefichier() {
-    coupe_nom_courant();
-    sauvebak();
-    EcritNomCopie();
-    reussit(port.fichiers.copie(copie_courante(), ligne_courante_ini().nom));
+    note_feuille();
+    ecrit_sous_son_nom([] { EssaieEnSilence(EcritNomCopie); });
     documents.document_modifie(documents.document_courant) = 0;
 }
 
 bool enregistrersous() noexcept {
     if (annonce_item("mnuEnregistrerSousItem")) return false;
+    documents.enregistrement_rate = false;
     Tente(kEnregistrerSous, sauvebak);
-    bool ecrite = Tente(kEnregistrerSous, EcritNomCopie);
+    if (!Tente(kEnregistrerSous, note_feuille)) return false;
+    Tente(kEnregistrerSous, EcritNomCopie);
     bool choisi = false;
     EssaieEnSilence([&] { choisi = demande_nom(); });
     if (!choisi) return false;
     Tente(kEnregistrerSous, sauvebak);
-    ecrite &= Tente(kEnregistrerSous,
-                    [] { reussit(port.fichiers.copie(copie_courante(), dlg.nom_fichier)); });
-    documents.enregistrement_rate = !ecrite;
+    documents.enregistrement_rate =
+        !Tente(kEnregistrerSous, [] { ecrit_fichier(dlg.nom_fichier); });
+    if (documents.enregistrement_rate) return false;
     renomme(dlg.nom_fichier);
     Tente(kEnregistrerSous, [] { documents.document_modifie(documents.document_courant) = 0; });
     Tente(kEnregistrerSous, AfficheStatus);
-    // Failures have been told; only Cancel gives false, on purpose.
     return true;
 }
 
@@ -126,7 +195,7 @@ bool sauvegarde() {
 
 void mnuEnregistrerItem() {
     if (annonce_item("mnuEnregistrerItem")) return;
-    if (sans_blancs(ligne_courante_ini().nom) != reglages.nom_sanstitre) {
+    if (!sans_place()) {
         rangefichier();
     } else {
         if (!enregistrersous()) return;

@@ -4,7 +4,7 @@
 
 void sauvebak();                 // the current document's file to its backup; a failed copy passes
 void rangefichier();             // saves under its own name; failures go up
-bool enregistrersous() noexcept; // saves under a chosen name; false when the user cancels
-bool sauvegarde();               // asks about a changed sheet; false when the user cancels
+bool enregistrersous() noexcept; // saves under a chosen name; false: not saved, cancelled or told
+bool sauvegarde();               // asks about a changed sheet; false: not dealt with, cancelled or told
 void mnuEnregistrerItem();
 void mnuEnregistrerSousItem();

@@ -2,9 +2,11 @@
 #include "documents/settings.hpp"
 
 #include <array>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/paths.hpp"
 
 Reglages reglages;
 
@@ -27,12 +29,14 @@ void ecrit_entier(std::string& octets, std::int32_t valeur) {
     for (int i = 0; i < 4; ++i, n >>= 8) octets += static_cast<char>(n & 0xFF);
 }
 
-// The name that the file keeps of a document. A dot early in the path cuts it short, on purpose.
+// The name that the file keeps of a document. A dot early in the path cuts it short, on purpose,
+// unless the list would then have that name twice.
 std::string nom_garde(const std::string& nom) {
     constexpr std::size_t kLongueurCoupee = 16;
-    const std::size_t point = nom.find('.');
+    const std::size_t point = premier_point(nom);
     if (point == std::string::npos || point + 4 >= kLongueurCoupee) return nom;
-    return nom.substr(0, point + 4);
+    const std::string coupe = nom.substr(0, point + 4);
+    return rang_du_nom(coupe) == 0 ? coupe : nom;
 }
 
 article ligne_libre(std::int32_t debut) { return {reglages.nom_sanstitre, debut, 0, 1}; }
@@ -91,26 +95,35 @@ Table<article> lignes_a_garder() {
 
 void range_ini(std::string_view nomfic) {
     if (sans_blancs(nomfic).empty()) return;
-    const std::string cherche = capitales(nomfic);
-    for (int rang = 1; rang <= kDocumentsMaxi; ++rang) {
-        if (capitales(reglages.table_ini(rang).nom) != cherche) continue;
-        if (rang == documents.document_courant) return;
+    const int courant = documents.document_courant;
+    const int rang = rang_du_nom(nomfic);
+    if (rang == courant) return;
+    if (rang > documents.nombre_document) {
         reglages.article_courant = reglages.table_ini(rang);
         efface_nomdoc(rang);
-        break;
     }
-    insert_nomdoc(documents.document_courant);
+    // The row that the sheet had goes behind the open ones: each of these keeps its own.
+    std::swap(reglages.table_ini(courant), reglages.article_courant);
+    if (documents.nombre_document < kDocumentsMaxi) insert_nomdoc(documents.nombre_document + 1);
+}
+
+int rang_du_nom(std::string_view nomfic) {
+    for (int rang = 1; rang <= kDocumentsMaxi; ++rang)
+        if (meme_chemin(reglages.table_ini(rang).nom, nomfic)) return rang;
+    return 0;
 }
 
 void efface_nomdoc(int rang) {
+    article libre = reglages.article_vide;
+    libre.nom = reglages.nom_sanstitre;
     auto& table = reglages.table_ini;
-    for (int i = rang; i < kDocumentsMaxi; ++i) table(i) = table(i + 1);
-    table(kDocumentsMaxi) = reglages.article_vide;
-    table(kDocumentsMaxi).nom = reglages.nom_sanstitre;
+    for (int i = rang; i < kDocumentsMaxi; ++i) table(i) = std::move(table(i + 1));
+    table(kDocumentsMaxi) = std::move(libre);
 }
 
 void insert_nomdoc(int rang) {
+    article neuve = reglages.article_courant;
     auto& table = reglages.table_ini;
-    for (int i = kDocumentsMaxi; i > rang; --i) table(i) = table(i - 1);
-    table(rang) = reglages.article_courant;
+    for (int i = kDocumentsMaxi; i > rang; --i) table(i) = std::move(table(i - 1));
+    table(rang) = std::move(neuve);
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/codepage.hpp"
@@ -27,6 +28,7 @@
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/status.hpp"
+#include "shell/views.hpp"
 #include "shell/window.hpp"
 
 namespace {
@@ -219,16 +221,32 @@ void choisit_feuille(Demarrage& pas) {
     if (!existe) pas([&] { pas.nomfic = reglages.nom_sanstitre; });
 }
 
-// The chosen file takes the place of row 1, with the cursor noted there.
-void ouvre_feuille(Demarrage& pas) {
-    pas([&] { ligne(1).nom = pas.nomfic; });
-    pas([&] { rangenomcopie(pas.nomfic); });
-    bool copiee = false;
+// The file's row: the first one, with the cursor noted there. A row of that name further down goes.
+void prend_ligne(const std::string& nomfic) {
+    const auto ailleurs = [&](int rang) { return meme_chemin(ligne(rang).nom, nomfic); };
+    for (int rang = kDocumentsMaxi; rang > 1; --rang)
+        if (ailleurs(rang)) efface_nomdoc(rang);
+    ligne(1).nom = nomfic;
+}
+
+// The chosen file is copied and read before it takes the place of row 1. False when it can't be: no
+// empty sheet may bear its name.
+bool ouvre_feuille(Demarrage& pas) {
+    FeuilleLue lue;
+    bool prete = false;
     pas([&] {
-        reussit(port.fichiers.copie(pas.nomfic, documents.nom_copie(1)));
-        copiee = true;
+        rangenomcopie(pas.nomfic, 1);
+        reussit(copie_vers_copie(pas.nomfic, documents.nom_copie(1)));
+        prete = Tente(kLitNomCopie, [&] { lue = lit_copie_neuve(documents.nom_copie(1)); });
     });
-    pas([&] { LitNomCopie(copiee); });
+    if (!prete) return false;
+    pas([&] {
+        prend_ligne(pas.nomfic);
+        documents.copie_a_jour(1) = documents.a_son_fichier(1) = 1;
+        montre_feuille(std::move(lue.texte));
+    });
+    if (lue.amenee) pas([] { Tente(kLitNomCopie, [] { ecrit_copie(1); }); });
+    return true;
 }
 
 // An untitled sheet pushes the list down by one row.
@@ -238,7 +256,7 @@ void ouvre_sans_titre(Demarrage& pas) {
         reglages.article_courant.nom = reglages.nom_sanstitre;
     });
     pas([] { insert_nomdoc(1); });
-    pas([] { documents.nom_copie(1) = reglages.dossier_travail + reglages.nom_sanstitre; });
+    pas([] { rangenomcopie(reglages.nom_sanstitre, 1); });
 }
 
 // The settings file with the named documents first; written whole, or left as it was.
@@ -259,30 +277,36 @@ void vide_dossier_travail() {
     reussit(echec);
 }
 
-// Asks about each changed sheet. False on Cancel: the number stays that of the sheet where the user
-// cancelled, on purpose, though `txt` still shows the one that was current. False too when a sheet
-// couldn't be saved under its new name: the program must not end without it.
-bool demande_sauvegardes() {
+// Asks about each changed sheet. Answers the number of the sheet that isn't dealt with, because the
+// user cancelled there or because it can't be saved: the program must not end without it. 0: none.
+std::int16_t demande_sauvegardes() {
     const std::int16_t garde = documents.document_courant;
-    bool continuer = true;
+    const std::string panneau = fenetre.panneaux[1];
+    const auto revient = [&] {
+        documents.document_courant = garde;
+        documents.feuille_ailleurs = false;
+        // A Save As has drawn the status of its sheet.
+        if (fenetre.panneaux[1] != panneau) AfficheStatus();
+    };
     for (std::int16_t i = 1; i <= documents.nombre_document; ++i) {
+        bool continuer = true;
         documents.document_courant = i;
         documents.feuille_ailleurs = i != garde;
-        execute_ou_remet([&] { continuer = sauvegarde(); }, [&] {
-            documents.document_courant = garde;
-            documents.feuille_ailleurs = false;
-        });
-        documents.feuille_ailleurs = false;
-        if (!continuer) return false;
-        if (documents.enregistrement_rate) {
-            marque_modifie();
-            documents.document_courant = garde;
-            AfficheStatus();
-            return false;
-        }
+        execute_ou_remet([&] { continuer = sauvegarde(); }, revient);
+        revient();
+        if (!continuer) return i;
     }
-    documents.document_courant = garde;
-    return true;
+    return 0;
+}
+
+// The user cancelled at that sheet: it is shown, so that the next command acts on what was asked
+// about. After a save that failed the sheet that was shown stays, under its own title.
+void reste(std::int16_t rang) {
+    const std::int16_t garde = documents.document_courant;
+    if (documents.enregistrement_rate || rang == garde) return;
+    quitte_vues();
+    documents.document_courant = rang;
+    if (!TestRepertoire()) documents.document_courant = garde;
 }
 
 // The current sheet comes first in the list at the next start.
@@ -308,7 +332,7 @@ void demarre() noexcept {
     prepare_dialogues(pas);
     prepare_feuille(pas);
     choisit_feuille(pas);
-    pas.nomfic != reglages.nom_sanstitre ? ouvre_feuille(pas) : ouvre_sans_titre(pas);
+    if (pas.nomfic == reglages.nom_sanstitre || !ouvre_feuille(pas)) ouvre_sans_titre(pas);
     pas([] { feuille.formule_ligne.redimensionne(1); });
     pas([] { feuille.valeur_ligne.redimensionne(1); });
     pas([] { AfficheStatus(); });
@@ -317,10 +341,11 @@ void demarre() noexcept {
 
 void quitter() {
     if (annonce_item("mnuQuitterItem")) return;
-    EcritNomCopie();
+    note_feuille();
+    Tente(kCommande, [] { ecrit_copie(documents.document_courant); });
     ligne(kLigneNombres).nom = recherche.chaine_recherche;
     ligne(kLigneAffichage).nom = recherche.chaine_remplacement;
-    if (!demande_sauvegardes()) return;
+    if (const std::int16_t rang = demande_sauvegardes(); rang != 0) return reste(rang);
     const Table<article> lignes = reglages.table_ini;
     execute_ou_remet(
         [] {

@@ -8,6 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/working_copies.hpp"
 #include "editing/words.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
@@ -33,10 +34,6 @@ void vide(HistoireFeuille& h) noexcept {
 std::uint64_t identite_courante() { return documents.identite(documents.document_courant); }
 
 HistoireFeuille& courante() { return historique.feuilles[identite_courante()]; }
-
-// The control shows the sheet, and not the guide, the list of functions or the empty text of key
-// help.
-bool feuille_montree() { return !documents.liste_fonction_active && !aide.aide_touche; }
 
 Selection selection_actuelle() { return {port.texte.sel_start(), port.texte.sel_length()}; }
 

@@ -103,6 +103,8 @@ bool propose_utilisateurs(RechercheScripts& r) noexcept {
 // The settings folder of a reader in the root of the disk; the last one of the list counts. False
 // when there is none.
 bool propose_racine(RechercheScripts& r) noexcept {
+    // A system without that disk has no reader there.
+    if (!port.fichiers.existe_dossier("C:\\")) return false;
     std::vector<std::string> noms;
     Tente(kJaws, [&] { reussit(port.fichiers.liste_dossiers("C:\\", noms)); });
     bool propose = false;

@@ -172,10 +172,11 @@ void touche_texte(const FrappeTouche& frappe) {
 void evenement_chargement() { evenement(demarre); }
 
 // The window closes all the same when the user cancels or key help is on, on purpose: nothing is
-// written then.
+// written then. It stays when a sheet couldn't be saved.
 void evenement_fermeture() {
+    documents.enregistrement_rate = false;
     evenement(quitter);
-    if (fenetre.fermee) return;
+    if (fenetre.fermee || documents.enregistrement_rate) return;
     fenetre.fermee = true;
     port.fenetre.termine();
 }

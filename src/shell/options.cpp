@@ -68,7 +68,6 @@ bool choisit_police(int ligne_nom, int ligne_taille, std::string_view question, 
     port.boites.boite("police " + nom + " Taille " + taille);
     change = port.boites.oui_non(question);
     if (!change) return true;
-    dlg.annulation_defaillance = true;
     dlg.police_nom = nom;
     dlg.police_taille = prefixe_numerique(taille);
     const bool imprimante = ligne_nom == kLignePoliceImprimante;

@@ -26,8 +26,7 @@
 namespace {
 
 // The sheet gives way to a text that can be read and not written, whose first line is said. From here
-// on the working copy isn't written. Key help has emptied the text without this mark, so that a text
-// opened from it loses the sheet's copy, on purpose.
+// on the working copy isn't written.
 void montre_texte(std::string texte) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
@@ -60,7 +59,28 @@ void montre_angle(bool angle) {
     fenetre.txt.actif = fenetre.txt.visible = !angle;
 }
 
+// The sheet comes back in place of the text of another view.
+void ramene_feuille() {
+    const bool ailleurs = !feuille_montree();
+    documents.liste_fonction_active = false;
+    aide.aide_touche = false;
+    if (ailleurs) remontre_feuille();
+    fenetre.txt_lecture_seule = false;
+    fenetre.CmdVoxtab.visible = false;
+    fenetre.CmdModifTexte.visible = true;
+}
+
 }  // namespace
+
+// The commands that show another sheet act on sheets: what is typed afterwards must be what is saved.
+void quitte_vues() {
+    if (fenetre.Liste.visible) RetourListe();
+    if (fenetre.FrameAngle.visible) {
+        montre_angle(false);
+        donne_focus(fenetre.txt);
+    }
+    if (documents.liste_fonction_active) ramene_feuille();
+}
 
 void mnuAngleItem() {
     if (annonce_item("mnuAngleItem")) return;
@@ -81,14 +101,9 @@ void CmdAngle() {
 
 void CmdVoxtab() {
     if (fenetre.CmdVoxtab.texte == "OK" && ValideCouleur()) return;
-    documents.liste_fonction_active = false;
-    aide.aide_touche = false;
     aide.aide_touche_traitee = true;
-    LitNomCopie();
-    fenetre.txt_lecture_seule = false;
+    ramene_feuille();
     dit(extraitLigne(port.texte.sel_start()));
-    fenetre.CmdVoxtab.visible = false;
-    fenetre.CmdModifTexte.visible = true;
 }
 
 void CmdQuitter() {

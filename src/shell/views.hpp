@@ -6,6 +6,7 @@
 
 void mnuAngleItem();             // opens the angle view
 void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated
+void quitte_vues();              // the sheet again, from the angle, the colours or a read-only text
 void CmdVoxtab();                // validates a colour, or brings the sheet back
 void CmdQuitter();               // cancels a choice of colour, or quits
 void CmdModifTexte();            // replacement on the text

@@ -7,7 +7,6 @@ using Etapes = std::vector<std::string>;
 
 const std::string kCommande = "<N> <N>";
 const std::string kSous = "<N> <N> sur EnregistrerSous";
-const std::string kSous75 = "75 75 sur EnregistrerSous";
 const std::string kLecture = "<N> <N>sur litnomcopie";
 const std::string kJaws = "<N> <N>sur jaws";
 const std::string kDemarrage = "démarrage:";
@@ -87,12 +86,12 @@ void ajoute_ouvertures(std::vector<Scenario>& tous) {
                     {kRepondB, kOuvre},
                     {"XA=1", "B=1"},
                     {kSilence, kSilence, {{kLecture}}}});
-    // The same; a copy that can't be written passes in silence too, and the sheet is left.
+    // The same, told in one box.
     tous.push_back({"open a recent file",
                     puis(deux(), {"choisit mnuQuitterItem", "redémarre", "tape \"U=1\""}),
                     {"choisit mnuOuvrirSousMenuItem 2"},
                     {"U=1", "A=1", "B=1"},
-                    {{{}, true, true}, kSilence, {{kLecture}}}});
+                    {kArret, kArret, {{kLecture}}}});
     tous.push_back(
         {"new sheet", puis(deux(), {"tape \"X\""}), {"touche Ctrl+N"}, {"A=1", "XB=1"}, {kArret}});
     // The copy is written, the other one is read.
@@ -143,45 +142,32 @@ void ajoute_enregistrements(std::vector<Scenario>& tous) {
                     puis(deux(), {"tape \"X\"", "touche Ctrl+S", "tape \"Y\""}),
                     {"touche Ctrl+S"},
                     {"A=1", "XYB=1"},
-                    {kSilence, kArret, kArret}});
-    // Copy, file, copy moved: without a copy there is nothing to save and to move.
+                    {kSilence, kSilence, kArret}});
+    // Copy, file, copy moved.
     tous.push_back({"save the untitled sheet",
                     puis(kUn, {"touche Ctrl+N", "tape \"U=1\""}),
                     {kRepondU, "touche Ctrl+S"},
                     {"A=1", "U=1"},
-                    {{{kSous, "53 53 sur EnregistrerSous", "53 53 sur EnregistrerSous"}},
-                     {{kSous}},
-                     {{kSous}}}});
-    // Backup, copy, backup, file, copy moved. An older copy is saved when it can't be written.
+                    {{{kSous}}, {{kSous}}, {{kSous}}}});
+    // Backup, copy, backup, file, copy moved; the same for a sheet that isn't the last.
+    const std::vector<Rapport> sous{kSilence, {{kSous}}, kSilence, {{kSous}}, {{kSous}}};
     tous.push_back({"save the last sheet under a new name",
                     puis(deux(), {"tape \"X\""}),
                     {kRepondD, "touche Ctrl+Maj+S"},
                     {"A=1", "XB=1"},
-                    {kSilence,
-                     {{kSous},
-                      true,
-                      false,
-                      {{"C:\\D.VXT", "B=1\r\n"}, {"C:\\VOXTAB\\TRAVAIL\\C__D.VXT", "B=1\r\n"}}},
-                     kSilence,
-                     {{kSous}},
-                     {{kSous}}}});
-    // The copy of a sheet that isn't the last can't be moved, on purpose.
+                    sous});
     tous.push_back({"save the first sheet under a new name",
                     puis(deux(), {"touche F6", "tape \"X\""}),
                     {kRepondD, "touche Ctrl+Maj+S"},
                     {"XA=1", "B=1"},
-                    {{{kSous75}},
-                     {{kSous, kSous75}, true, false, {{"C:\\D.VXT", "A=1\r\n"}}},
-                     {{kSous75}},
-                     {{kSous, kSous75}}},
-                    {kSous75},
-                    true});
+                    sous});
 }
 
-// Copy written; backup and file of two sheets; settings, list of the copies, their deletion.
-std::vector<Rapport> fins_de_deux(bool continue_apres) {
-    const Rapport arret{{kCommande}, continue_apres};
-    return {arret, kFin, arret, kFin, arret, arret, kFinDite, kFinDite, kFinDite, kFinDite};
+// Copy written; backup and file of two sheets; settings, list of the copies, their deletion. A copy
+// that can't be written doesn't keep the program; a sheet that can't be saved does, the close box too.
+std::vector<Rapport> fins_de_deux(const Rapport& sans_reglages) {
+    return {kFinDite, kFin,     kArret,   kFin,     kArret,
+            sans_reglages, kFinDite, kFinDite, kFinDite, kFinDite};
 }
 
 // Quitting with changed sheets, with Yes, by the menu and by the close box.
@@ -190,15 +176,13 @@ void ajoute_fins(std::vector<Scenario>& tous) {
                     deux_modifies(),
                     {"répond oui", "répond oui", "choisit mnuQuitterItem"},
                     {"XA=1", "XB=1", "C=1"},
-                    fins_de_deux(true)});
-    // The window closes in any case: what could not even be copied goes with it, on purpose.
-    std::vector<Rapport> fermees = fins_de_deux(false);
-    fermees.front().perdu = true;
+                    fins_de_deux(kArret)});
+    // Without the settings the window closes: every sheet is in its file.
     tous.push_back({"close box with two changed sheets",
                     deux_modifies(),
                     {"répond oui", "répond oui", "ferme"},
                     {"XA=1", "XB=1", "C=1"},
-                    fermees});
+                    fins_de_deux(kFinDite)});
     // Copy written, written again, file, copy moved, settings, list, two deletions. The program
     // doesn't end without a sheet that could not be written.
     const Rapport sous{{kSous}};
@@ -206,18 +190,15 @@ void ajoute_fins(std::vector<Scenario>& tous) {
                     puis(kUn, {"touche Ctrl+N", "tape \"U=1\""}),
                     {"répond oui", kRepondU, "choisit mnuQuitterItem"},
                     {"A=1", "U=1"},
-                    {kArret, sous, sous, {{kSous}, false}, kArret, kFinDite, kFinDite, kFinDite}});
-    // Copy of the current sheet, file of the untitled one, whose copy can't be moved, on purpose;
-    // settings, list, two deletions.
-    const Rapport arret{{kSous75, kCommande}};
-    const Rapport fin{{kSous75, kCommande}, false};
+                    {kFinDite, {{kSous}, false}, sous, {{kSous}, false}, kArret, kFinDite, kFinDite,
+                     kFinDite}});
+    // Copy of the current sheet, file of the untitled one, its copy moved; settings, list, two
+    // deletions.
     tous.push_back({"quit with a changed untitled sheet that isn't shown",
                     sans_titre_devant(),
                     {"répond oui", kRepondU, "choisit mnuQuitterItem"},
                     {"U=1", "B=1"},
-                    {kArret, {{kSous, kSous75}}, arret, fin, fin, fin},
-                    {kSous75},
-                    true});
+                    {kFinDite, sous, {{kSous}, false}, kArret, kFinDite, kFinDite, kFinDite}});
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 // What is due when one operation of the scenario fails.
@@ -11,10 +10,6 @@ struct Rapport {
     // the first sheet for the words of start-up.
     std::vector<std::string> boites;
     bool continue_apres = true;  // the program runs on
-    // A text that was told as not saved is nowhere afterwards, on purpose: the steps say so.
-    bool perdu = false;
-    // Whole contents of files that only this failure leaves: path in capitals, content.
-    std::vector<std::pair<std::string, std::string>> aussi{};
 };
 
 struct Scenario {
@@ -23,8 +18,6 @@ struct Scenario {
     std::vector<std::string> action;  // steps in which an operation fails
     std::vector<std::string> textes;  // texts of the user that must be somewhere afterwards
     std::vector<Rapport> rapports;    // one a file operation of the action
-    std::vector<std::string> boites_saines{};  // boxes of the run without a failure
-    bool decale = false;  // a working copy no longer has the name of its sheet, on purpose
 };
 
 const std::vector<Scenario>& scenarios();

@@ -145,7 +145,7 @@ TEST_CASE("menus: an item without words acts in key help as it does without") {
     CHECK(essayes == 9);
 }
 
-TEST_CASE("menus: the guide and the about text take the sheet's working copy in key help") {
+TEST_CASE("menus: the guide and the about text leave the sheet's working copy in key help") {
     for (const char* nom : {"mnuAideTxtItem", "mnuApropos"}) {
         CAPTURE(nom);
         demarre_avec_feuille();
@@ -155,7 +155,7 @@ TEST_CASE("menus: the guide and the about text take the sheet's working copy in 
         demarre_en_aide(false);
         evenement_menu(nom);
         CHECK(memoire.texte == montre);
-        CHECK(lit_memoire(documents.nom_copie(1)) == "\r\n");
+        CHECK(lit_memoire(documents.nom_copie(1)) == kUneFeuille);
         CHECK(lit_memoire("C:\\A.VXT") == kUneFeuille);
     }
 }

@@ -35,17 +35,30 @@ std::size_t debut_ligne(const std::string& texte, std::int32_t numero) {
 
 }  // namespace
 
+std::size_t sur_sa_ligne(std::size_t position) {
+    const std::string& texte = port.texte.texte();
+    const bool dans_fin = position > 0 && position < texte.size() &&
+                          texte[position - 1] == '\r' && texte[position] == '\n';
+    return dans_fin ? position + 1 : position;
+}
+
+std::size_t curseur() { return sur_sa_ligne(port.texte.sel_start()); }
+
+std::size_t fin_selection() {
+    return sur_sa_ligne(port.texte.sel_start() + port.texte.sel_length());
+}
+
 std::size_t Debutligne() {
-    return saut_avant(port.texte.texte(), std::max<std::size_t>(port.texte.sel_start(), 1));
+    return saut_avant(port.texte.texte(), std::max<std::size_t>(curseur(), 1));
 }
 
 std::size_t FinLigne() {
-    return retour_apres(port.texte.texte(), std::max<std::size_t>(port.texte.sel_start(), 1));
+    return retour_apres(port.texte.texte(), std::max<std::size_t>(curseur(), 1));
 }
 
 std::size_t WhereX() {
     const std::string& texte = port.texte.texte();
-    const std::size_t sel = port.texte.sel_start();
+    const std::size_t sel = curseur();
     if (NumeroTxt(sel) == 1) return sel + 1;
     if (sel <= texte.size() && texte[sel - 1] == '\n') return 1;
     return sel - saut_avant(texte, sel) + 1;

@@ -30,12 +30,23 @@ bool demande_recherche() {
     return true;
 }
 
-// Asks for the replacement. A cancelled box counts as an empty answer, on purpose: like an answer
-// without a character it makes the matches go.
-void demande_remplacement() {
+// Asks for the replacement; an empty one makes the matches go. False when the user cancels: then the text
+// searched is `ancienne` again, so that it never meets the replacement of another search.
+bool demande_remplacement(const std::string& ancienne) {
     std::string reponse;
-    if (!port.boites.saisie("Remplace", recherche.chaine_remplacement, reponse)) reponse.clear();
+    if (!port.boites.saisie("Remplace", recherche.chaine_remplacement, reponse)) {
+        recherche.chaine_recherche = ancienne;
+        return false;
+    }
     recherche.chaine_remplacement = reponse;
+    return true;
+}
+
+// Puts the cursor at a replacement, where a search would have put it: one character inside. Where nothing
+// came and the line ends there, it stays in front of the line's end, not on the line below.
+void pose_sur_remplacement(std::size_t octet) {
+    const bool finit_ligne = port.texte.texte().compare(octet, 1, "\r") == 0;
+    port.texte.pose_selection(finit_ligne ? octet : octet + 1, 0);
 }
 
 void dit_ligne_du_curseur() { dit(extraitLigne(port.texte.sel_start())); }
@@ -123,13 +134,12 @@ void remplace_depuis(Reconstruction& r, std::size_t depart) {
     if (!dite) dit_remplacement(r);
 }
 
-// Writes the rebuilt text once and puts the cursor at the first replacement, where a search would
-// have put it.
+// Writes the rebuilt text once and puts the cursor at the first replacement.
 void ecrit(Reconstruction& r) {
     ajoute(r, std::string_view(r.ancien).substr(r.reste));
     port.texte.pose_texte(std::move(r.nouveau));
     marque_modifie();
-    port.texte.pose_selection(r.premiere + 1, 0);
+    pose_sur_remplacement(r.premiere);
 }
 
 }  // namespace
@@ -142,7 +152,7 @@ void EntreeRecherche(std::string_view mode) {
     if (!demande_recherche()) return;
     recherche.mode_recherche = vers_16_arrondi(prefixe_numerique(mode));
     switch (recherche.mode_recherche) {
-        case 1: rechercher(port.texte.sel_start() + recherche.chaine_recherche.size() + 1); break;
+        case 1: rechercher(curseur() + recherche.chaine_recherche.size() + 1); break;
         case 2: rechercher(1); break;
         case 3: AppelRechercheArriere(); break;
         default: break;
@@ -156,9 +166,8 @@ void rechercher(std::size_t debut) {
 }
 
 void AppelRechercheArriere() {
-    const std::size_t limite = port.texte.sel_start();
-    const std::size_t trouve = derniere_avant(limite);
-    port.texte.pose_selection(trouve > 0 ? trouve : limite, 0);
+    const std::size_t trouve = derniere_avant(curseur());
+    port.texte.pose_selection(trouve > 0 ? trouve : port.texte.sel_start(), 0);
     if (trouve > 0) return dit_ligne_du_curseur();
     bips(2);
     // Another word than that of the forward search, on purpose.
@@ -166,25 +175,27 @@ void AppelRechercheArriere() {
 }
 
 void modifligne(bool avec_dialogue) {
+    const std::string ancienne = recherche.chaine_recherche;
     if (avec_dialogue && !demande_recherche()) return;
     std::string texte = port.texte.texte();
     // The character in front of the cursor counts: a search leaves the cursor inside its match.
-    const std::size_t debut = std::max<std::size_t>(port.texte.sel_start(), 1) - 1;
+    const std::size_t debut = std::max<std::size_t>(curseur(), 1) - 1;
     const std::size_t longueur = std::min(texte.find('\r', debut), texte.size()) - debut;
     const std::size_t trouve =
         capitales(std::string_view(texte).substr(debut, longueur)).find(recherche.chaine_recherche);
     if (trouve == kAbsent) return dit("introuvable"_fr);
-    if (avec_dialogue) demande_remplacement();
+    if (avec_dialogue && !demande_remplacement(ancienne)) return;
     texte.replace(debut + trouve, recherche.chaine_recherche.size(), recherche.chaine_remplacement);
     port.texte.pose_texte(std::move(texte));
-    port.texte.pose_selection(debut + trouve + 1, 0);
+    pose_sur_remplacement(debut + trouve);
     dit_ligne_du_curseur();
     marque_modifie();
 }
 
 void modifTexte() {
+    const std::string ancienne = recherche.chaine_recherche;
     if (annonce_item("mnumodifTexteItem") || !demande_recherche()) return;
-    demande_remplacement();
+    if (!demande_remplacement(ancienne)) return;
     Remplacer();
 }
 
@@ -193,7 +204,7 @@ void Remplacer() {
     Reconstruction r{ancien};
     // An empty text would be found for ever: there is nothing to replace.
     if (!recherche.chaine_recherche.empty())
-        remplace_depuis(r, std::max<std::size_t>(port.texte.sel_start(), 1) - 1);
+        remplace_depuis(r, std::max<std::size_t>(curseur(), 1) - 1);
     if (r.compte == 0) return dit("introuvable"_fr);
     ecrit(r);
     dit(forme_blanc(r.compte) + " remplacement");
@@ -211,7 +222,7 @@ void mnuRechercherSuivantItem() {
     if (annonce_item("mnuRechercherSuivantItem")) return;
     // The text's length is leapt over even when the cursor doesn't come from a search, on purpose.
     const std::string& chaine = recherche.chaine_recherche;
-    if (find(chaine, port.texte.sel_start() + chaine.size()) != -1) return dit_ligne_du_curseur();
+    if (find(chaine, curseur() + chaine.size()) != -1) return dit_ligne_du_curseur();
     bips(2);
     dit("introuvable"_fr);
 }

@@ -44,7 +44,7 @@ void surBlancDroite(std::size_t& x, std::string_view ligne) {
 
 // Moves the cursor from one column of its line to another.
 void va_a_colonne(std::size_t de, std::size_t vers) {
-    port.texte.pose_selection(port.texte.sel_start() + vers - de, 0);
+    port.texte.pose_selection(curseur() + vers - de, 0);
 }
 
 void dit_nombre(std::size_t n) { dit(forme_blanc(static_cast<double>(n))); }
@@ -106,7 +106,7 @@ void batit_caracteres() {
 void chaineGAUCHE() {
     if (annonce_item("mnuChaineGaucheItem")) return;
     const std::size_t x = WhereX();
-    std::string ligne = extraitLigne(port.texte.sel_start());
+    std::string ligne = extraitLigne(curseur());
     if (x == 1) {
         bips(2);
         if (!ligne.empty()) dit(std::string_view(ligne).substr(0, 1));
@@ -126,7 +126,7 @@ void chaineGAUCHE() {
 void chainedroite() {
     if (annonce_item("mnuChaineDroiteItem")) return;
     const std::size_t x0 = WhereX();
-    const std::string ligne = extraitLigne(port.texte.sel_start());
+    const std::string ligne = extraitLigne(curseur());
     const std::size_t debut = debut_mot_droite(x0, ligne);
     if (debut == 0) return bips(2);
     std::size_t fin = debut;
@@ -140,7 +140,7 @@ void chainedroite() {
 void mnuEffaceMotItem() {
     if (annonce_item("mnuEffaceMotItem")) return;
     const std::size_t x = WhereX();
-    const std::string ligne = extraitLigne(port.texte.sel_start());
+    const std::string ligne = extraitLigne(curseur());
     const bool mot = !dans(" ", ligne, x);
     const std::size_t fin =
         fin_serie(mot ? std::string_view(caracteres.caracteres_identificateur) : " ", ligne, x);
@@ -164,7 +164,7 @@ void mnuTabulationAvantItem() {
     if (arret > port.texte.texte().size()) return;
     // The stop is added, not the distance to it, on purpose: near the end of the line the cursor
     // goes to the end early.
-    if (port.texte.sel_start() + arret <= fin) {
+    if (curseur() + arret <= fin) {
         va_a_colonne(x, arret);
         return dit_nombre(arret);
     }
@@ -186,7 +186,7 @@ void mnuTabulationArriereItem() {
 void mnuPoseRepereItem() {
     if (annonce_item("mnuPoseRepereItem")) return;
     dit("Pose d'un repère"_fr);
-    ligne_courante_ini().champ3 = vers_32_tronque(static_cast<double>(port.texte.sel_start()));
+    ligne_courante_ini().champ3 = vers_32_tronque(static_cast<double>(curseur()));
 }
 
 void mnuRepereItem() {
@@ -198,7 +198,7 @@ void mnuRepereItem() {
 
 void mnuXYItem() {
     if (annonce_item("mnuXYItem")) return;
-    const std::size_t sel = port.texte.sel_start();
+    const std::size_t sel = curseur();
     dit("colonne" + forme_blanc(static_cast<double>(WhereX())) + " ligne" +
         forme_blanc(NumeroTxt(sel)));
 }

@@ -6,13 +6,11 @@
 #include <array>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "documents/open_documents.hpp"
-#include "documents/saving.hpp"
 #include "documents/startup.hpp"
-#include "editing/search.hpp"
 #include "editing/undo.hpp"
-#include "editing/words.hpp"
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
@@ -21,8 +19,6 @@
 #include "shell/message.hpp"
 #include "shell/views.hpp"
 #include "shell/window.hpp"
-#include "sheet/column.hpp"
-#include "sheet/recalculation.hpp"
 
 namespace {
 
@@ -104,67 +100,16 @@ void caractere_liste(int code) {
     if (code == kToucheEntree) ValideCouleur();
 }
 
-// What must be down with a key that the text handles.
-enum class Avec { rien, alt, ctrl, maj_ctrl };
-
-struct ToucheTexte {
-    int touche;
-    Avec avec;
-    void (*action)();
-};
-
-// The keys that the text handles on their release. Only the bits named are looked at: AltGr, which is
-// Ctrl and Alt, does for Alt. A key that isn't here with its modifiers is "any other".
-constexpr std::array kTouchesTexte = {
-    ToucheTexte{kToucheF1, Avec::alt, AfficheFonction},
-    ToucheTexte{kToucheGauche, Avec::alt, chaineGAUCHE},
-    ToucheTexte{kToucheDroite, Avec::alt, chainedroite},
-    ToucheTexte{kToucheSuppr, Avec::rien, marque_modifie},
-    ToucheTexte{kToucheEntree, Avec::ctrl, calcul_colonne},
-    ToucheTexte{'C', Avec::alt, [] { recalcul(); }},
-    ToucheTexte{'R', Avec::alt, mnuRechercherCurseurItem},
-    ToucheTexte{'S', Avec::maj_ctrl, [] { enregistrersous(); }},
-    ToucheTexte{kToucheFin, Avec::rien, [] {}},
-    ToucheTexte{kToucheMaj, Avec::rien, [] {}},
-    ToucheTexte{kToucheCtrl, Avec::rien, [] {}},
-};
-
-bool tient(const FrappeTouche& frappe, Avec avec) {
-    switch (avec) {
-        case Avec::alt: return frappe.alt;
-        case Avec::ctrl: return frappe.ctrl;
-        case Avec::maj_ctrl: return frappe.maj && frappe.ctrl;
-        case Avec::rien: break;
+// The button that can be reached and whose access key that is, or nullptr.
+const Controle* bouton_de(const FrappeTouche& f) {
+    if (!f.alt || f.ctrl || f.touche < 'A' || f.touche > 'Z') return nullptr;
+    for (const Controle* c : controles()) {
+        const std::size_t marque = c->texte.find('&');
+        const bool sienne = c->nom.starts_with("Cmd") && marque != std::string::npos &&
+                            marque + 1 < c->texte.size() && capitale(c->texte[marque + 1]) == f.touche;
+        if (sienne && accessible(*c)) return c;
     }
-    return true;
-}
-
-// The keys that the text takes as they are pressed, so that they repeat while they are held down. The
-// modifiers must be those and no other: AltGr types characters.
-struct ToucheEnfoncee {
-    FrappeTouche frappe;
-    void (*action)();
-};
-constexpr std::array kTouchesEnfoncees = {
-    ToucheEnfoncee{{'Z', false, true, false}, annule},
-    ToucheEnfoncee{{'Z', true, true, false}, retablit},
-};
-
-bool meme_frappe(const FrappeTouche& a, const FrappeTouche& b) {
-    return a.touche == b.touche && a.maj == b.maj && a.ctrl == b.ctrl && a.alt == b.alt;
-}
-
-// A key of the text is released. In key-help mode one that has reached no command says so; the note
-// that a command has spoken holds for the next key that the table doesn't know.
-void touche_texte(const FrappeTouche& frappe) {
-    for (const ToucheTexte& ligne : kTouchesTexte) {
-        if (ligne.touche != frappe.touche || !tient(frappe, ligne.avec)) continue;
-        ligne.action();
-        return;
-    }
-    if (!aide.aide_touche) return;
-    if (!aide.aide_touche_traitee) dit("aucune fonction");
-    aide.aide_touche_traitee = false;
+    return nullptr;
 }
 
 }  // namespace
@@ -214,15 +159,31 @@ void evenement_caractere(std::string_view nom, int code) {
     });
 }
 
+bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
+    if (note_pression(nom == "txt", frappe)) return true;
+    if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
+        note_servie(frappe.touche);
+        evenement_menu(item);
+        return true;
+    }
+    if (const Controle* bouton = bouton_de(frappe)) {
+        note_servie(frappe.touche);
+        note_servie(kToucheAlt);
+        evenement_clic(bouton->nom);
+        return true;
+    }
+    if (!evenement_enfonce(nom, frappe)) return nom == "txt" && touche_reservee(frappe);
+    note_servie(frappe.touche);
+    return true;
+}
+
 bool evenement_enfonce(std::string_view nom, const FrappeTouche& frappe) {
-    const auto* const ligne =
-        std::find_if(kTouchesEnfoncees.begin(), kTouchesEnfoncees.end(),
-                     [&](const ToucheEnfoncee& t) { return meme_frappe(t.frappe, frappe); });
-    if (nom != "txt" || ligne == kTouchesEnfoncees.end()) {
+    void (*const commande)() = nom == "txt" ? commande_enfoncee(frappe) : nullptr;
+    if (commande == nullptr) {
         evenement_avant_changement();
         return false;
     }
-    evenement(ligne->action);
+    evenement(commande);
     return true;
 }
 
@@ -233,6 +194,15 @@ void evenement_avant_changement() {
 void evenement_texte_change() {
     frappe_en_cours([] {
         if (!aide.aide_touche) marque_modifie();
+    });
+}
+
+void evenement_saisie(std::string_view mots, bool refus) {
+    if (mots.empty()) return;
+    frappe_en_cours([&] {
+        if (refus) bips(1);
+        // A sign that the sheet can have, or words of the program: both are in the code page.
+        dit(depuis_utf8(mots).value_or(""));
     });
 }
 

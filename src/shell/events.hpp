@@ -5,11 +5,7 @@
 #include <string>
 #include <string_view>
 
-// A key with the state of the modifiers at that moment. AltGr is Ctrl and Alt together.
-struct FrappeTouche {
-    int touche = 0;                  // code of menu_table.hpp
-    bool maj = false, ctrl = false, alt = false;
-};
+#include "shell/keys.hpp"
 
 void evenement_chargement();                          // the window loads: the whole of start-up
 void evenement_fermeture();                           // the close box: quitter, then it closes all the same
@@ -17,10 +13,15 @@ void evenement_menu(std::string_view nom, int index = 0);   // an item was chose
 void evenement_clic(std::string_view controle);       // a button or an option was clicked
 void evenement_caractere(std::string_view controle, int code);   // a key press: its character
 void evenement_touche(std::string_view controle, const FrappeTouche& frappe);   // a key release
-// A key press, before its character; true when a command took it, and it must do nothing else.
+// A key press in the window, whatever has the focus: menus take theirs first, then the letters of the
+// buttons, then the control. True when it is dealt with and must do nothing else.
+bool evenement_pression(std::string_view controle, const FrappeTouche& frappe);
+// The last of these: the control takes the press. True when a command ran.
 bool evenement_enfonce(std::string_view controle, const FrappeTouche& frappe);
 void evenement_avant_changement();                    // the user is about to change the text
 void evenement_texte_change();                        // the user has changed it, by a key or without one
+// What is to be said of what was typed or pasted, in UTF-8: nothing when it is "". A refusal beeps.
+void evenement_saisie(std::string_view mots, bool refus);
 
 // The item whose shortcut that is, or "": menus take their keys before the focused control.
 std::string_view item_du_raccourci(const FrappeTouche& frappe);

@@ -13,6 +13,7 @@
 #include "sheet/sheet.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
+#include "shell/keys.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/message.hpp"
 #include "shell/window.hpp"
@@ -32,6 +33,7 @@ void reinitialise_tout() {
     historique = Historique{};
     caracteres = Caracteres{};
     aide = Aide{};
+    oublie_touches();
     couleurs = Couleurs{};
     fenetre = Fenetre{};
     reinitialise_menus();

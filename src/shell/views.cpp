@@ -103,7 +103,7 @@ void CmdVoxtab() {
     if (fenetre.CmdVoxtab.texte == "OK" && ValideCouleur()) return;
     aide.aide_touche_traitee = true;
     ramene_feuille();
-    dit(extraitLigne(port.texte.sel_start()));
+    dit(extraitLigne(curseur()));
 }
 
 void CmdQuitter() {
@@ -152,16 +152,16 @@ void mnuApropos() {
 
 // Without a blank in the line the whole line is the word.
 void RangeFonction() {
-    const std::string ligne = extraitLigne(port.texte.sel_start());
+    const std::string ligne = extraitLigne(curseur());
     if (ligne.starts_with(' ')) {
         port.boites.bip();
         return;
     }
     const std::string mot = ligne.substr(0, ligne.find(' '));
-    const std::size_t debut = port.texte.sel_start();
+    const std::size_t debut = curseur();
     std::string texte = port.texte.texte();
-    texte.replace(debut, port.texte.sel_length(), mot);
+    texte.replace(debut, fin_selection() - debut, mot);
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(debut + mot.size(), 0);
-    dit(extraitLigne(port.texte.sel_start()));
+    dit(extraitLigne(curseur()));
 }

@@ -69,6 +69,7 @@ void redemarre(Etape& etape) {
     memoire.sel_start = memoire.sel_length = 0;
     reinitialise_tout();
     script.commence = true;
+    script.tenus = {};
     script.debut = memoire.journal.size();
     evenement_chargement();
 }
@@ -181,6 +182,7 @@ constexpr std::array kVerbes = {
     Verbe{"panne", Sorte::action, panne},         Verbe{"démarre", Sorte::action, demarre_script},
     Verbe{"redémarre", Sorte::action, redemarre}, Verbe{"choisit", Sorte::action, choisit},
     Verbe{"clique", Sorte::action, clique},       Verbe{"touche", Sorte::action, touche},
+    Verbe{"presse", Sorte::action, presse},       Verbe{"lâche", Sorte::action, lache},
     Verbe{"tape", Sorte::action, tape},           Verbe{"curseur", Sorte::action, curseur},
     Verbe{"ferme", Sorte::action, ferme},         Verbe{"entend", Sorte::regard, entend},
     Verbe{"voit", Sorte::regard, voit},           Verbe{"ignore", Sorte::oubli, ignore},

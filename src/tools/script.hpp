@@ -18,6 +18,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/keys.hpp"
+
 // A step that failed; texts in UTF-8.
 struct EchecEtape {
     int ligne;          // of the script, from 1
@@ -39,6 +41,7 @@ struct Script {
     std::size_t racontes = 0;  // elements of the journal that were told
     int regards = 0;           // steps that have looked at something
     BoutsSelection bouts;      // of the last selection that the hand made
+    FrappeTouche tenus;        // modifiers that the hand holds down
     std::vector<EchecEtape> echecs;
 };
 extern Script script;

@@ -105,8 +105,11 @@ bool enfonce_modificateur(FrappeTouche& f, std::string_view nom) {
     return true;
 }
 
-Frappe lit_frappe(std::string_view mot) {
+// The key that a word names, with the modifiers of the word and those that are held already.
+Frappe lit_frappe(std::string_view mot, const FrappeTouche& tenus = {}) {
     Frappe frappe;
+    frappe.touche = tenus;
+    frappe.touche.touche = kToucheAucune;
     for (;;) {
         const std::size_t plus = mot.find('+', 1);  // the key "+" itself may stand last
         const std::string_view nom = mot.substr(0, plus);
@@ -188,31 +191,10 @@ void frappe_tab(bool recule) {
 
 // --- The way of a key ---------------------------------------------------------------------------
 
-// Whether the caption gives the control that letter, behind "&".
-bool porte_lettre(const Controle& c, int lettre) {
-    const std::size_t et = c.texte.find('&');
-    return et != std::string::npos && et + 1 < c.texte.size() &&
-           capitale(c.texte[et + 1]) == static_cast<char>(lettre);
-}
-
-// The button of that letter, "" when none that can be reached has it.
-std::string_view bouton_de_la_lettre(int lettre) {
-    for (const Controle* c : controles())
-        if (c->nom.starts_with("Cmd") && est_actif(*c) && porte_lettre(*c, lettre)) return c->nom;
-    return {};
-}
-
-// The menus take their keys first, then the letters of the buttons, then the focused control.
+// The menus and the letters of the buttons take their keys first, then the focused control.
 void enfonce(const Frappe& frappe) {
     const FrappeTouche& f = frappe.touche;
-    if (const std::string_view item = item_du_raccourci(f); !item.empty()) {
-        const EtatItem* const etat = etat_item(item);
-        if (etat != nullptr && etat->actif && etat->visible) evenement_menu(item);
-        return;
-    }
-    if (f.alt && !f.ctrl && est_lettre(f.touche))
-        if (const std::string_view bouton = bouton_de_la_lettre(f.touche); !bouton.empty())
-            return evenement_clic(bouton);
+    if (evenement_pression(fenetre.focus, f)) return;
     if (f.touche == kToucheTab && !f.ctrl && !f.alt) return frappe_tab(f.maj);
     if (!est_actif(controle_nomme(std::string(fenetre.focus)))) return;
     if (fenetre.focus == "txt") return frappe_texte(frappe);
@@ -221,25 +203,45 @@ void enfonce(const Frappe& frappe) {
     frappe_bouton(frappe);
 }
 
-// The text control reports the release of a key while it has the focus.
+// The text control reports the release of a key while it has the focus; elsewhere it is only over.
 void relache(const FrappeTouche& f) {
     if (programme_en_marche() && fenetre.focus == "txt" && est_actif(fenetre.txt))
         evenement_touche("txt", f);
+    else
+        oublie_touche(f.touche);
+}
+
+// The modifiers and their keys, in the order in which a hand lets them go.
+constexpr std::array kModificateurs = {std::pair{&FrappeTouche::ctrl, kToucheCtrl},
+                                       std::pair{&FrappeTouche::maj, kToucheMaj},
+                                       std::pair{&FrappeTouche::alt, kToucheAlt}};
+
+// The modifiers of `voulus` go down beside those that are down.
+void enfonce_modificateurs(FrappeTouche& tenus, const FrappeTouche& voulus) {
+    for (const auto& [modificateur, code] : kModificateurs) {
+        if (!(voulus.*modificateur) || std::exchange(tenus.*modificateur, true)) continue;
+        tenus.touche = code;
+        evenement_pression(fenetre.focus, tenus);
+    }
+}
+
+// They come up, each with the others still down.
+void relache_modificateurs(FrappeTouche& tenus, const FrappeTouche& voulus) {
+    for (const auto& [modificateur, code] : kModificateurs) {
+        if (!(voulus.*modificateur) || !std::exchange(tenus.*modificateur, false)) continue;
+        tenus.touche = code;
+        relache(tenus);
+    }
 }
 
 void frappe_entiere(const Frappe& frappe) {
-    FrappeTouche f = frappe.touche;
-    if (f.touche != kToucheAucune) {
+    FrappeTouche tenus;
+    enfonce_modificateurs(tenus, frappe.touche);
+    if (frappe.touche.touche != kToucheAucune) {
         enfonce(frappe);
-        relache(f);
+        relache(frappe.touche);
     }
-    for (const auto& [modificateur, code] :
-         {std::pair{&FrappeTouche::ctrl, kToucheCtrl}, std::pair{&FrappeTouche::maj, kToucheMaj},
-          std::pair{&FrappeTouche::alt, kToucheAlt}}) {
-        if (!std::exchange(f.*modificateur, false)) continue;
-        f.touche = code;
-        relache(f);
-    }
+    relache_modificateurs(tenus, frappe.touche);
 }
 
 void exige_marche() { exige(programme_en_marche(), "un programme en marche", "aucun"); }
@@ -249,6 +251,25 @@ void exige_marche() { exige(programme_en_marche(), "un programme en marche", "au
 void touche(Etape& etape) {
     exige_marche();
     frappe_entiere(lit_frappe(prend_mot(etape)));
+}
+
+void presse(Etape& etape) {
+    exige_marche();
+    const Frappe frappe = lit_frappe(prend_mot(etape), script.tenus);
+    if (frappe.touche.touche == kToucheAucune)
+        enfonce_modificateurs(script.tenus, frappe.touche);
+    else
+        enfonce(frappe);
+}
+
+void lache(Etape& etape) {
+    exige_marche();
+    const std::string mot = prend_mot(etape);
+    const FrappeTouche nommee = lit_frappe(mot).touche;
+    if (nommee.touche == kToucheAucune)
+        relache_modificateurs(script.tenus, nommee);
+    else
+        relache(lit_frappe(mot, script.tenus).touche);
 }
 
 void tape(Etape& etape) {

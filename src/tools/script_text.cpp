@@ -7,6 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "base/codepage.hpp"
+#include "base/typed_text.hpp"
+#include "editing/lines.hpp"
 #include "platform/platform.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/window.hpp"
@@ -18,7 +21,7 @@ namespace {
 // The selection of the moment by its two ends. Keys know which one moves; any other selection moves
 // at its end.
 BoutsSelection bouts_selection() {
-    const std::size_t debut = port.texte.sel_start(), fin = debut + port.texte.sel_length();
+    const std::size_t debut = curseur(), fin = fin_selection();
     const auto [bas, haut] = std::minmax(script.bouts.fixe, script.bouts.mobile);
     return bas == debut && haut == fin ? script.bouts : BoutsSelection{debut, fin};
 }
@@ -99,7 +102,7 @@ void remplace_texte(std::size_t debut, std::size_t fin, std::string_view nouveau
 // Deletes the selection, or else one character in front of the cursor or behind it.
 void efface_caractere(bool devant) {
     const std::string& texte = port.texte.texte();
-    std::size_t debut = port.texte.sel_start(), fin = debut + port.texte.sel_length();
+    std::size_t debut = curseur(), fin = fin_selection();
     if (debut == fin && devant)
         debut = a_gauche(texte, debut);
     else if (debut == fin)
@@ -107,15 +110,24 @@ void efface_caractere(bool devant) {
     if (debut != fin) remplace_texte(debut, fin, "");
 }
 
+// Puts a sign in place of the selection as the text control takes it, and says what was another.
+void ecrit_signe(std::size_t debut, std::size_t fin, int caractere) {
+    const std::string& texte = port.texte.texte();
+    const std::string utf8 = vers_utf8(std::string(1, static_cast<char>(caractere)));
+    const std::size_t ligne = debut_ligne(texte, debut);
+    const TexteSaisi saisi = saisit(utf8, vers_utf8(texte.substr(ligne, debut - ligne)));
+    remplace_texte(debut, fin, depuis_utf8(saisi.texte).value());
+    evenement_saisie(mots_saisie(saisi, utf8), false);
+}
+
 void ecrit_caractere(int caractere) {
-    const std::size_t debut = port.texte.sel_start(), fin = debut + port.texte.sel_length();
-    const char octet = static_cast<char>(caractere);
+    const std::size_t debut = curseur(), fin = fin_selection();
     if (caractere == kCaractereArriere)
         efface_caractere(true);
     else if (caractere == kCaractereEntree)
         remplace_texte(debut, fin, "\r\n");
     else if (caractere >= ' ')
-        remplace_texte(debut, fin, {&octet, 1});
+        ecrit_signe(debut, fin, caractere);
 }
 
 // The event may have taken the focus or made the text read-only.
@@ -128,7 +140,6 @@ bool peut_ecrire() {
 
 void frappe_texte(const Frappe& frappe) {
     const FrappeTouche& f = frappe.touche;
-    if (evenement_enfonce("txt", f)) return;
     if (frappe.caractere != 0) {
         evenement_caractere("txt", frappe.caractere);
         if (peut_ecrire()) ecrit_caractere(frappe.caractere);

@@ -45,9 +45,9 @@ TEST_CASE("lines: start and end of the cursor's line") {
     struct Rangee {
         std::size_t curseur, debut, fin;
     };
-    const Rangee rangees[] = {{0, 1, 3},  {1, 1, 3},   {2, 1, 3},    {3, 1, 3},
-                              {4, 4, 8},  {5, 4, 8},   {7, 4, 8},    {8, 4, 8},
-                              {9, 9, 10}, {10, 9, 10}, {11, 11, 13}, {12, 11, 13}};
+    const Rangee rangees[] = {{0, 1, 3},  {1, 1, 3},    {2, 1, 3},    {3, 4, 8},
+                              {4, 4, 8},  {5, 4, 8},    {7, 4, 8},    {8, 9, 10},
+                              {9, 9, 10}, {10, 11, 13}, {11, 11, 13}, {12, 11, 13}};
     for (const Rangee& r : rangees) {
         CAPTURE(r.curseur);
         pose_feuille(kTexte, r.curseur);

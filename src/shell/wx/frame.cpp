@@ -96,7 +96,7 @@ void Cadre::relie_evenements() {
         place_controles();
     });
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& e) {
-        if (!e.GetActive()) enfoncees_.clear();
+        if (!e.GetActive()) oublie_touches();
         e.Skip();
     });
 }

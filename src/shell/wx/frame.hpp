@@ -11,7 +11,6 @@
 #include <wx/textctrl.h>
 
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,7 +48,6 @@ private:
 
     void relie_saisie();                             // frame_keys.cpp
     void texte_change();
-    void refuse_caractere(char32_t caractere);
     void touche_avant(wxKeyEvent& e);
     void touche_relachee(wxKeyEvent& e);
 
@@ -81,7 +79,6 @@ private:
     std::unique_ptr<ZoneTexte> zone_;
     std::vector<std::string> messages_;              // in UTF-8, not told yet
     std::vector<std::string> lignes_vues_;           // of the list, as shown
-    std::set<int> enfoncees_;                        // keys pressed in this window, not released yet
     bool alt_pris_ = false;                          // Alt is down and has served a combination
     wxRect place_vue_;                               // place of the window as the data had it, twips
     int couleur_vue_ = -2, fond_vu_ = -2;            // colours of the text as shown

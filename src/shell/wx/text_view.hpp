@@ -18,11 +18,12 @@ void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a);
 void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a);
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long position);
 
-// What is typed, pasted or dropped goes through texte_accepte(); `refus` is told of each character
-// that the sheet can't have. `programme` answers true while the program itself writes.
+// What is typed, pasted or dropped goes through saisit(). `dit` is given what the user must hear of it,
+// in UTF-8, when the text is final, and whether it was refused. `programme` answers true while the program
+// itself writes.
 struct FiltreSaisie {
     std::function<bool()> programme;
-    std::function<void(char32_t)> refus;
+    std::function<void(const std::string& mots, bool refus)> dit;
     std::function<void()> avant;     // the user is about to change the text
     std::function<void()> change;    // the text has changed
     std::function<void()> annule;    // the system's own means to take back are used

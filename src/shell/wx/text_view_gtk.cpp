@@ -39,24 +39,110 @@ bool joint_accent(GtkTextBuffer* buffer, const GtkTextIter* place, char32_t acce
     return true;
 }
 
+// The filter at work on one view.
+struct Saisie {
+    FiltreSaisie filtre;
+    bool au_travail = false;         // what goes in now has been through it
+    int place_effacee = -1;          // where a selection was that gives way to what comes,
+    std::string efface{};            // and its text
+};
+
+// What stands in the line in front of a place.
+std::string ligne_devant(GtkTextBuffer* buffer, const GtkTextIter* place) {
+    GtkTextIter debut = *place;
+    gtk_text_iter_set_line_offset(&debut, 0);
+    return TexteGtk(gtk_text_buffer_get_text(buffer, &debut, place, TRUE)).get();
+}
+
+void insere(Saisie& s, GtkTextBuffer* buffer, GtkTextIter* place, const std::string& utf8) {
+    s.au_travail = true;
+    gtk_text_buffer_insert(buffer, place, utf8.data(), static_cast<int>(utf8.size()));
+    s.au_travail = false;
+}
+
+// A refused text leaves the selection that it was to replace.
+void remet_selection(Saisie& s, GtkTextBuffer* buffer, GtkTextIter* place) {
+    if (s.efface.empty() || s.place_effacee != gtk_text_iter_get_offset(place)) return;
+    insere(s, buffer, place, s.efface);
+    GtkTextIter debut;
+    gtk_text_buffer_get_iter_at_offset(buffer, &debut, s.place_effacee);
+    gtk_text_buffer_select_range(buffer, place, &debut);
+}
+
 // Before a text goes in: it passes, goes in as the sheet can have it, or not at all. The place that
 // GTK goes on with must stay valid whatever happened.
 void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int octets,
                      gpointer donnees) {
-    const auto& filtre = *static_cast<FiltreSaisie*>(donnees);
-    const std::string_view venu(texte, static_cast<std::size_t>(octets));
-    if (filtre.programme()) return;
-    char32_t refuse = 0;
-    const auto accepte = texte_accepte(venu, refuse);
-    if (accepte && *accepte == venu) return;
+    auto& s = *static_cast<Saisie*>(donnees);
+    const std::string venu(texte, static_cast<std::size_t>(octets));
+    if (s.au_travail || s.filtre.programme()) return;
+    const TexteSaisi saisi = saisit(venu, ligne_devant(buffer, place));
+    const std::string mots = mots_saisie(saisi, venu);
+    if (!saisi.refuse && saisi.texte == venu && mots.empty()) return;
     g_signal_stop_emission_by_name(buffer, "insert-text");
     GtkTextMark* marque = gtk_text_buffer_create_mark(buffer, nullptr, place, FALSE);
-    if (accepte)
-        gtk_text_buffer_insert(buffer, place, accepte->data(), static_cast<int>(accepte->size()));
-    else if (!joint_accent(buffer, place, refuse))
-        filtre.refus(refuse);
+    const bool joint = saisi.refuse && joint_accent(buffer, place, saisi.refuse->caractere);
+    if (!saisi.refuse)
+        insere(s, buffer, place, saisi.texte);
+    else if (!joint)
+        remet_selection(s, buffer, place);
+    if (!joint) s.filtre.dit(mots, saisi.refuse.has_value());
     gtk_text_buffer_get_iter_at_mark(buffer, place, marque);
     gtk_text_buffer_delete_mark(buffer, marque);
+}
+
+// What is deleted in front of an insertion is kept until the user does something else.
+void avant_effacement(GtkTextBuffer* buffer, GtkTextIter* debut, GtkTextIter* fin, gpointer donnees) {
+    auto& s = *static_cast<Saisie*>(donnees);
+    if (s.filtre.programme()) return;
+    s.place_effacee = gtk_text_iter_get_offset(debut);
+    s.efface = TexteGtk(gtk_text_buffer_get_text(buffer, debut, fin, TRUE)).get();
+}
+
+// --- Paste ---------------------------------------------------------------------------------------
+
+// The clipboard's text has come, nullptr when it has none: it replaces the selection, or nothing happens.
+void colle(Saisie& s, GtkTextView* vue, const char* venu) {
+    if (!gtk_text_view_get_editable(vue)) return;
+    GtkTextBuffer* buffer = gtk_text_view_get_buffer(vue);
+    GtkTextIter debut;
+    GtkTextIter fin;
+    if (!gtk_text_buffer_get_selection_bounds(buffer, &debut, &fin))
+        gtk_text_buffer_get_iter_at_mark(buffer, &debut, gtk_text_buffer_get_insert(buffer));
+    const TexteSaisi saisi = saisit(venu == nullptr ? "" : venu, ligne_devant(buffer, &debut));
+    if (!saisi.refuse && saisi.caracteres > 0) {
+        gtk_text_buffer_begin_user_action(buffer);
+        gtk_text_buffer_delete_selection(buffer, TRUE, TRUE);
+        gtk_text_buffer_get_iter_at_mark(buffer, &debut, gtk_text_buffer_get_insert(buffer));
+        insere(s, buffer, &debut, saisi.texte);
+        gtk_text_buffer_end_user_action(buffer);
+        gtk_text_view_scroll_mark_onscreen(vue, gtk_text_buffer_get_insert(buffer));
+    }
+    s.filtre.dit(mots_collage(saisi), saisi.refuse.has_value());
+}
+
+// A paste that waits for the clipboard: the view may be gone when it answers.
+struct Collage {
+    Saisie& saisie;
+    GWeakRef vue{};
+};
+
+void presse_papiers_lu(GtkClipboard*, const char* texte, gpointer donnees) {
+    const std::unique_ptr<Collage> collage(static_cast<Collage*>(donnees));
+    GObject* vue = static_cast<GObject*>(g_weak_ref_get(&collage->vue));
+    g_weak_ref_clear(&collage->vue);
+    if (vue == nullptr) return;
+    colle(collage->saisie, GTK_TEXT_VIEW(vue), texte);
+    g_object_unref(vue);
+}
+
+// GTK would delete the selection first and tell nobody how much has come.
+void avant_collage(GtkTextView* vue, gpointer donnees) {
+    g_signal_stop_emission_by_name(vue, "paste-clipboard");
+    auto* collage = new Collage{*static_cast<Saisie*>(donnees)};
+    g_weak_ref_init(&collage->vue, vue);
+    gtk_clipboard_request_text(gtk_widget_get_clipboard(GTK_WIDGET(vue), GDK_SELECTION_CLIPBOARD),
+                               presse_papiers_lu, collage);
 }
 
 // True while a key press is handled: the window has told of it before.
@@ -67,12 +153,13 @@ bool touche_en_cours() {
 
 // What the user changes without a key begins here: a paste, a drop, the menu of the mouse.
 void avant_changement(GtkTextBuffer*, gpointer donnees) {
-    const auto& filtre = *static_cast<const FiltreSaisie*>(donnees);
-    if (!filtre.programme() && !touche_en_cours()) filtre.avant();
+    auto& s = *static_cast<Saisie*>(donnees);
+    s.efface.clear();
+    if (!s.filtre.programme() && !touche_en_cours()) s.filtre.avant();
 }
 
 void apres_changement(GtkTextBuffer*, gpointer donnees) {
-    static_cast<const FiltreSaisie*>(donnees)->change();
+    static_cast<const Saisie*>(donnees)->filtre.change();
 }
 
 }  // namespace
@@ -106,11 +193,14 @@ void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) { controle.
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) { controle.ShowPosition(position); }
 
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
-    auto* donnees = new FiltreSaisie(std::move(filtre));   // goes with the first connection
+    auto* donnees = new Saisie{std::move(filtre)};   // goes with the first connection
+    GtkWidget* vue = gtk_bin_get_child(GTK_BIN(controle.GetHandle()));
     g_signal_connect_data(
         tampon(controle), "insert-text", G_CALLBACK(avant_insertion), donnees,
-        [](gpointer d, GClosure*) { delete static_cast<FiltreSaisie*>(d); },
+        [](gpointer d, GClosure*) { delete static_cast<Saisie*>(d); },
         static_cast<GConnectFlags>(0));
+    g_signal_connect(tampon(controle), "delete-range", G_CALLBACK(avant_effacement), donnees);
     g_signal_connect(tampon(controle), "begin-user-action", G_CALLBACK(avant_changement), donnees);
     g_signal_connect(tampon(controle), "changed", G_CALLBACK(apres_changement), donnees);
+    g_signal_connect(vue, "paste-clipboard", G_CALLBACK(avant_collage), donnees);
 }

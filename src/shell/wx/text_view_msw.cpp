@@ -88,13 +88,23 @@ bool joint_accent(const wxTextCtrl& controle, char32_t accent) {
     return true;
 }
 
-// What comes in and isn't there yet goes in as the sheet can have it, or not at all.
+// What stands in the line in front of the selection, in UTF-8.
+std::string ligne_devant(const wxTextCtrl& controle) {
+    DWORD de = 0;
+    SendMessageW(poignee(controle), EM_GETSEL, reinterpret_cast<WPARAM>(&de), 0);
+    const std::wstring texte = texte_large(controle).substr(0, de);
+    return depuis_utf16(texte.substr(texte.rfind(L'\n') + 1));
+}
+
+// What is typed goes in as the sheet can have it, or not at all.
 void insere(const wxTextCtrl& controle, const FiltreSaisie& filtre, std::string_view utf8) {
-    char32_t refuse = 0;
-    if (const auto accepte = texte_accepte(utf8, refuse))
-        remplace_selection(controle, *accepte);
-    else if (!joint_accent(controle, refuse))
-        filtre.refus(refuse);
+    const TexteSaisi saisi = saisit(utf8, ligne_devant(controle));
+    if (!saisi.refuse)
+        remplace_selection(controle, saisi.texte);
+    else if (joint_accent(controle, saisi.refuse->caractere))
+        return;
+    if (const std::string mots = mots_saisie(saisi, utf8); !mots.empty())
+        filtre.dit(mots, saisi.refuse.has_value());
 }
 
 // The filter at work on one control.
@@ -121,12 +131,16 @@ void caractere_tape(Saisie& s, wxKeyEvent& e) {
     insere(s.controle, s.filtre, depuis_utf16(tape));
 }
 
+// The clipboard's text replaces the selection, or nothing happens.
 void colle(Saisie& s) {
     wxTextDataObject texte;
     if (!s.controle.IsEditable() || !wxTheClipboard->Open()) return;
     const bool lu = wxTheClipboard->GetData(texte);
     wxTheClipboard->Close();
-    if (lu) insere(s.controle, s.filtre, texte.GetText().utf8_string());
+    const TexteSaisi saisi =
+        saisit(lu ? texte.GetText().utf8_string() : "", ligne_devant(s.controle));
+    if (!saisi.refuse && saisi.caracteres > 0) remplace_selection(s.controle, saisi.texte);
+    s.filtre.dit(mots_collage(saisi), saisi.refuse.has_value());
 }
 
 constexpr WPARAM kSigneAnnuler = 0x1A;   // what Ctrl+Z types

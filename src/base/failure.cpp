@@ -2,13 +2,27 @@
 #include "base/failure.hpp"
 
 #include <string>
+#include <utility>
 
+#include "base/codepage.hpp"
 #include "engine/context.hpp"
+#include "platform/patience.hpp"
 #include "platform/platform.hpp"
 
 void echoue(int numero) { throw Defaillance{numero}; }
 
+namespace {
+
+// The user's own wish needs no number, and is told by the first procedure that meets it.
+void signale_abandon() noexcept {
+    if (!std::exchange(patience.dite, true)) port.boites.boite("calcul interrompu"_fr);
+    moteur.erreur_formule = true;
+}
+
+}  // namespace
+
 void signale_defaillance(const Procedure& procedure, int numero) noexcept {
+    if (numero == kAbandon) return signale_abandon();
     const std::string n = std::to_string(numero);
     std::string texte = procedure.numero_seul ? " " + n : n + " " + n;
     port.boites.boite(texte.append(procedure.mots));

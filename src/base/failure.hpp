@@ -18,7 +18,8 @@ enum NumeroDefaillance : int {
     kFichierAbsent = 53,     // file not found
     kDisquePlein = 61,       // disk full
     kAccesFichier = 75,      // file can't be read or written
-    kDossierAbsent = 76      // folder not found
+    kDossierAbsent = 76,     // folder not found
+    kAbandon = 1000          // the user gave up a long calculation: told once, in words
 };
 
 // What is thrown: only Tente and the two command-level guards catch it.
@@ -39,7 +40,8 @@ inline constexpr Procedure kCommande{"", false};
 // Raises failure `numero`. Never returns.
 [[noreturn]] void echoue(int numero);
 
-// Shows the box "N N<words>" and sets erreur_formule when the procedure does so.
+// Shows the box "N N<words>" and sets erreur_formule when the procedure does so. A calculation that the
+// user gave up is told once, "calcul interrompu", and marks the formula in any procedure.
 void signale_defaillance(const Procedure& procedure, int numero) noexcept;
 
 #ifdef VOXTAB_INJECTION

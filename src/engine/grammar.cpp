@@ -18,6 +18,7 @@
 #include "engine/reader.hpp"
 #include "matrix/arithmetic.hpp"
 #include "matrix/store.hpp"
+#include "platform/patience.hpp"
 #include "platform/platform.hpp"
 
 namespace {
@@ -224,7 +225,11 @@ double evalue_formule() noexcept {
     moteur.l_matrice = ' ';
     moteur.flag_travail = false;
     moteur.flag_travail2 = false;
-    if (!Tente(kEvalueFormule, [] { moteur.p_formule += '@'; })) return 0;
+    const bool prete = Tente(kEvalueFormule, [] {
+        demande_suite(moteur.p_formule.size());
+        moteur.p_formule += '@';
+    });
+    if (!prete) return 0;
     lis_symbole();
     compile_egalite();
     return moteur.l_valeur_egalite;

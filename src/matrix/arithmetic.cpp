@@ -16,6 +16,7 @@
 #include "engine/functions.hpp"
 #include "engine/reader.hpp"
 #include "matrix/store.hpp"
+#include "platform/patience.hpp"
 
 namespace {
 
@@ -52,6 +53,7 @@ void somme_produits(TableMatrice& produit, int i, int j) noexcept {
     const TableMatrice& b = matrices.matrice_travail2;
     double& somme = produit(i, j);
     somme = 0;
+    if (!Tente(kMultiplication, [&] { demande_suite(static_cast<std::size_t>(a.colonnes()) * 4); })) return;
     for (int k = 1; k <= a.colonnes(); ++k)
         Tente(kMultiplication, [&] {
             const double x = a(i, k), y = b(k, j);
@@ -61,12 +63,13 @@ void somme_produits(TableMatrice& produit, int i, int j) noexcept {
 
 // The product x * y of two square matrices of size n, bit for bit that of MultiplicationMatrice,
 // into p. False when an element is not finite: that is for the product with its boxes. A size known
-// to the compiler (0: it isn't) makes the small ones several times faster.
+// to the compiler (0: it isn't) makes the small ones several times faster. Asks whether to go on.
 template <std::size_t Taille>
 bool produit_fini(const double* x, const double* y, double* p, std::size_t taille) {
     const std::size_t n = Taille != 0 ? Taille : taille;
     bool fini = true;
     for (std::size_t i = 0; i < n; ++i, x += n, p += n) {
+        demande_suite(n * n);
         std::fill_n(p, n, 0.0);
         for (std::size_t k = 0; k < n; ++k)
             for (std::size_t j = 0; j < n; ++j) p[j] += x[k] * y[k * n + j];

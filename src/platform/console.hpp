@@ -8,3 +8,12 @@
 // The arguments behind the program's name, in UTF-8. From then on the standard streams carry bytes
 // as they are, and a terminal shows them as UTF-8.
 std::vector<std::string> prepare_console(int argc, char** argv);
+
+// While it lives, a request to end the program (Ctrl+C, or the system's) waits, so that a file that is
+// being written is not left in pieces; the program ends behind it.
+struct SansInterruption {
+    SansInterruption();
+    ~SansInterruption();
+    SansInterruption(const SansInterruption&) = delete;
+    SansInterruption& operator=(const SansInterruption&) = delete;
+};

@@ -44,3 +44,7 @@ std::vector<std::string> prepare_console(int, char**) {
         arguments.push_back(depuis_utf16(liste.get()[i]));
     return arguments;
 }
+
+// Ctrl+C alone can be held back here.
+SansInterruption::SansInterruption() { SetConsoleCtrlHandler(nullptr, TRUE); }
+SansInterruption::~SansInterruption() { SetConsoleCtrlHandler(nullptr, FALSE); }

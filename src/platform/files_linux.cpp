@@ -87,18 +87,27 @@ std::string chemin_reel(std::string chemin) {
     return chemin;
 }
 
-// Rights for the new file: those of the old one, or the usual ones. A file that its owner may not
+// Rights of a file that is new: those of `modele`, its owner's to write always, or the usual ones.
+mode_t droits_nouveaux(const std::string& modele) {
+    struct stat source {};
+    if (!modele.empty() && stat(modele.c_str(), &source) == 0)
+        return (source.st_mode & 0777) | S_IRUSR | S_IWUSR;
+    const mode_t masque = umask(0);
+    umask(masque);
+    return 0666 & ~masque;
+}
+
+// Rights for the new file: those of the old one, or those of a new one. A file that its owner may not
 // write is refused as a direct write would be.
-int droits(const std::string& chemin, mode_t& mode) {
+int droits(const std::string& chemin, mode_t& mode, const std::string& modele = "") {
     struct stat ancien {};
     if (stat(chemin.c_str(), &ancien) != 0) {
-        const mode_t masque = umask(0);
-        umask(masque);
-        mode = 0666 & ~masque;
-        return errno == ENOENT ? 0 : numero_erreur(errno);
+        const int erreur = errno;
+        mode = droits_nouveaux(modele);
+        return erreur == ENOENT ? 0 : numero_erreur(erreur);
     }
     if (!S_ISREG(ancien.st_mode)) return kAccesFichier;
-    mode = ancien.st_mode & 07777;
+    mode = modele.empty() ? ancien.st_mode & 07777 : droits_nouveaux(modele);
     return (ancien.st_mode & 0222) == 0 || access(chemin.c_str(), W_OK) != 0 ? kAccesFichier : 0;
 }
 
@@ -168,10 +177,13 @@ ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Descripteur fichier(open(chemin.c_str(), O_RDONLY | O_CLOEXEC));
     if (fichier.fd < 0) return numero_erreur(errno);
     struct stat etat {};
-    if (fstat(fichier.fd, &etat) != 0 || S_ISDIR(etat.st_mode)) return kAccesFichier;
+    if (fstat(fichier.fd, &etat) != 0 || S_ISDIR(etat.st_mode) || S_ISCHR(etat.st_mode) ||
+        S_ISBLK(etat.st_mode))
+        return kAccesFichier;
     contenu.clear();
     std::array<char, 65536> bloc;
     for (;;) {
+        if (contenu.size() > kOctetsMaxi) return kMemoire;
         const ssize_t n = read(fichier.fd, bloc.data(), bloc.size());
         if (n < 0 && errno == EINTR) continue;
         if (n < 0) return numero_erreur(errno);
@@ -187,10 +199,11 @@ ResultatFichier verifie_ecriture(const std::string& chemin) {
     return access(dossier(cible).c_str(), W_OK | X_OK) == 0 ? 0 : kAccesFichier;
 }
 
-ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu) {
+ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu,
+                                 const std::string& modele) {
     const std::string cible = chemin_reel(chemin);
     mode_t mode = 0;
-    if (const int refus = droits(cible, mode); refus != 0) return refus;
+    if (const int refus = droits(cible, mode, modele); refus != 0) return refus;
     std::string voisin;
     const Descripteur fichier = ouvre_temporaire(cible, voisin);
     if (fichier.fd < 0) return errno == ENOENT ? kDossierAbsent : numero_erreur(errno);
@@ -203,6 +216,25 @@ ResultatFichier remplace_fichier(const std::string& chemin, const std::string& c
     }
     fixe_nom(cible);
     return 0;
+}
+
+bool a_d_autres_noms(const std::string& chemin) {
+    struct stat etat {};
+    return stat(chemin.c_str(), &etat) == 0 && S_ISREG(etat.st_mode) && etat.st_nlink > 1;
+}
+
+ResultatFichier recrit_fichier(const std::string& chemin, const std::string& ancien,
+                               const std::string& contenu) {
+    const Descripteur fichier(open(chemin.c_str(), O_WRONLY | O_CLOEXEC));
+    if (fichier.fd < 0) return numero_erreur(errno);
+    const auto pose = [&](const std::string& octets) {
+        return lseek(fichier.fd, 0, SEEK_SET) == 0 && ecrit_tout(fichier.fd, octets) &&
+               ftruncate(fichier.fd, static_cast<off_t>(octets.size())) == 0 && fsync(fichier.fd) == 0;
+    };
+    if (pose(contenu)) return 0;
+    const int erreur = errno;
+    pose(ancien);
+    return numero_erreur(erreur);
 }
 
 namespace {
@@ -231,8 +263,11 @@ bool existe(Chemin chemin) {
 
 bool existe_dossier(Chemin chemin) { return est_dossier(vers_utf8(chemin)); }
 
+// A pipe is no sheet: opening it could wait for ever.
 int lit(Chemin chemin, std::string& contenu) {
     const std::string reel = vers_utf8(chemin);
+    struct stat s {};
+    if (etat(reel, s) && !S_ISREG(s.st_mode)) return kAccesFichier;
     return numero_absence(reel, lit_fichier(reel, contenu));
 }
 
@@ -240,10 +275,13 @@ int remplace(Chemin chemin, const std::string& contenu) {
     return remplace_fichier(vers_utf8(chemin), contenu);
 }
 
+// A file that the copy makes has the rights of its source; one that stands there keeps its own.
 int copie(Chemin source, Chemin destination) {
     std::string contenu;
-    const int refus = lit(source, contenu);
-    return refus != 0 ? refus : remplace(destination, contenu);
+    if (const int refus = lit(source, contenu); refus != 0) return refus;
+    const std::string vers = vers_utf8(destination);
+    struct stat s {};
+    return remplace_fichier(vers, contenu, etat(vers, s) ? "" : vers_utf8(source));
 }
 
 // A move to another disk: the copy is whole before the first file goes.

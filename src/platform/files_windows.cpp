@@ -255,9 +255,11 @@ ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
                                       OPEN_EXISTING, 0, nullptr));
     if (!fichier.ouverte()) return derniere_erreur();
+    if (GetFileType(fichier.h) == FILE_TYPE_CHAR) return kAccesFichier;
     contenu.clear();
     std::vector<char> bloc(kBloc);
     for (;;) {
+        if (contenu.size() > kOctetsMaxi) return kMemoire;
         DWORD n = 0;
         if (ReadFile(fichier.h, bloc.data(), kBloc, &n, nullptr) == 0) return derniere_erreur();
         if (n == 0) return 0;
@@ -274,7 +276,9 @@ ResultatFichier verifie_ecriture(const std::string& chemin) {
     return voisin.ouverte() ? 0 : derniere_erreur();
 }
 
-ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu) {
+// A new file has the access rights of its folder here, whatever the model.
+ResultatFichier remplace_fichier(const std::string& chemin, const std::string& contenu,
+                                 const std::string&) {
     const std::wstring cible = chemin_reel(chemin_entier(chemin_large(chemin)));
     DWORD attributs = 0;
     if (const int refus = attributs_voulus(cible, attributs); refus != 0) return refus;
@@ -289,6 +293,29 @@ ResultatFichier remplace_fichier(const std::string& chemin, const std::string& c
     }
     const int echec = derniere_erreur();
     efface_ouvert(fichier.h);
+    return echec;
+}
+
+bool a_d_autres_noms(const std::string& chemin) {
+    const Poignee fichier(
+        CreateFileW(chemin_large(chemin).c_str(), 0, kPartage, nullptr, OPEN_EXISTING, 0, nullptr));
+    BY_HANDLE_FILE_INFORMATION fiche{};
+    return fichier.ouverte() && GetFileInformationByHandle(fichier.h, &fiche) != 0 &&
+           fiche.nNumberOfLinks > 1;
+}
+
+ResultatFichier recrit_fichier(const std::string& chemin, const std::string& ancien,
+                               const std::string& contenu) {
+    const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_WRITE, kPartage, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    if (!fichier.ouverte()) return derniere_erreur();
+    const auto pose = [&](const std::string& octets) {
+        return SetFilePointer(fichier.h, 0, nullptr, FILE_BEGIN) == 0 && ecrit_tout(fichier.h, octets) &&
+               SetEndOfFile(fichier.h) != 0 && FlushFileBuffers(fichier.h) != 0;
+    };
+    if (pose(contenu)) return 0;
+    const int echec = derniere_erreur();
+    pose(ancien);
     return echec;
 }
 

@@ -18,6 +18,7 @@
 #include "engine/context.hpp"
 #include "engine/identifiers.hpp"
 #include "matrix/definition.hpp"
+#include "platform/patience.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/message.hpp"
@@ -233,6 +234,7 @@ void parcourt(const std::string& texte, Passe& p) {
 void recalcul() noexcept {
     if (annonce_item("mnuCalculItem")) return;
     feuille.passe_refusee = false;
+    patience = Patience{};
     if (port.texte.texte().empty()) return;
     moteur.erreur_formule = false;
     razVar();

@@ -11,6 +11,7 @@
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
 #include "engine/repetition.hpp"
+#include "platform/patience.hpp"
 #include "platform/platform.hpp"
 #include "shell/message.hpp"
 #include "sheet/line.hpp"
@@ -103,7 +104,7 @@ bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double p
 bool sonde(Repetition& fonction, double x, std::string_view nom) {
     double valeur = 0;
     if (evalue_en(fonction, x, valeur)) return true;
-    boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
+    if (!patience.abandonnee) boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
     return false;
 }
 
@@ -114,30 +115,39 @@ bool sonde_intervalle(Repetition& fonction, double x1, double x2) {
 
 // A sign of life every thousand trapezoids: one beep where k is a multiple of a thousand (beyond 2^53
 // k stands still). Answers true when the user gives up waiting.
-bool abandonne(double k, int& tours) {
+bool donne_signe(double k, int& tours) {
     if (++tours < kTrapezesParBip) return false;
     tours = 0;
     if (std::fmod(k, kTrapezesParBip) == 0) port.boites.bip();
-    return port.systeme.interrompu();
+    return abandonne();
 }
 
-// Adds up the trapezoids in valeur_ligne of the heading. Each evaluates both its ends. Answers the
-// words of the box when the sum can't be finished, nothing otherwise.
-std::string_view somme_trapezes(Repetition& fonction, std::int16_t numero, double x1, double h,
+// Adds up the trapezoids in valeur_ligne of the heading. Each evaluates both its ends. Answers false when
+// the sum can't be finished: the function has no value, or the user gives up.
+bool somme_trapezes(Repetition& fonction, std::int16_t numero, double x1, double h,
                                 double nombre) {
     double& somme = feuille.valeur_ligne(numero);
     somme = 0;
     int tours = 0;
     for (double k = 1; k <= nombre; k += 1) {
-        if (abandonne(k, tours)) return "calcul interrompu"_fr;
+        if (donne_signe(k, tours)) return false;
         double a = 0, b = 0, x = 0;
         range(x, (k - 1) * h + x1, h, x1);
-        if (!evalue_en(fonction, x, a)) return "fonction non définie"_fr;
+        if (!evalue_en(fonction, x, a)) return false;
         range(x, h * k + x1, h, x1);
-        if (!evalue_en(fonction, x, b)) return "fonction non définie"_fr;
+        if (!evalue_en(fonction, x, b)) return false;
         range(somme, somme + (a + b) / 2 * h, somme, a, b, h);
     }
-    return {};
+    return true;
+}
+
+// Tells why the sum wasn't finished; the rest of the sheet is only copied.
+void refuse_somme() {
+    if (patience.abandonnee)
+        signale_defaillance(kCommande, kAbandon);
+    else
+        boite("fonction non définie"_fr);
+    moteur.erreur_formule = true;
 }
 
 }  // namespace
@@ -156,7 +166,7 @@ void CalculInc(std::int16_t numero, int variable) {
     moteur.muet_erreur = true;
     Repetition fonction(variable);
     if (!remplit_table(fonction, numero, debut, pas, nombre)) {
-        dit("fonction non définie"_fr);
+        if (!patience.abandonnee) dit("fonction non définie"_fr);
         feuille.resultat_bloc.clear();
     }
     fonction.termine();
@@ -178,15 +188,14 @@ void Calculair(std::int16_t numero, int variable) {
     moteur.muet_erreur = true;
     Repetition fonction(variable);
     if (sonde_intervalle(fonction, x1, x2)) {
-        const std::string_view mots = somme_trapezes(fonction, numero, x1, h, nombre);
+        const bool finie = somme_trapezes(fonction, numero, x1, h, nombre);
         fonction.termine();
-        if (mots.empty()) {
+        if (finie) {
             moteur.muet_erreur = false;
             affiche_valeur(numero);
             return;
         }
-        boite(mots);
-        moteur.erreur_formule = true;   // given up: the rest of the sheet is only copied
+        refuse_somme();
     }
     moteur.muet_erreur = false;
 }

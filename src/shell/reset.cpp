@@ -10,6 +10,7 @@
 #include "engine/context.hpp"
 #include "matrix/definition.hpp"
 #include "matrix/store.hpp"
+#include "platform/patience.hpp"
 #include "sheet/sheet.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
@@ -36,5 +37,6 @@ void reinitialise_tout() {
     oublie_touches();
     couleurs = Couleurs{};
     fenetre = Fenetre{};
+    patience = Patience{};
     reinitialise_menus();
 }

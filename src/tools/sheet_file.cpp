@@ -5,6 +5,7 @@
 
 #include "base/codepage.hpp"
 #include "base/typed_text.hpp"
+#include "base/utf16.hpp"
 
 namespace {
 
@@ -32,6 +33,10 @@ std::string avec_cr_lf(std::string_view texte) {
     return sortie;
 }
 
+bool est_16_bits(Codage codage) {
+    return codage == Codage::utf16_petit || codage == Codage::utf16_grand;
+}
+
 std::string_view signes(FinsDeLigne fins) {
     return fins == FinsDeLigne::cr_lf ? "\r\n" : fins == FinsDeLigne::lf ? "\n" : "\r";
 }
@@ -40,6 +45,8 @@ std::string_view signes(FinsDeLigne fins) {
 
 Codage devine_codage(std::string_view octets) {
     if (octets.starts_with(kMarque)) return Codage::utf8_avec_marque;
+    if (est_utf16(octets))
+        return octets.starts_with(kMarquePetit) ? Codage::utf16_petit : Codage::utf16_grand;
     const bool ascii = std::all_of(octets.begin(), octets.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     return !ascii && est_utf8(octets) ? Codage::utf8 : Codage::windows_1252;
@@ -50,9 +57,10 @@ std::optional<TexteFeuille> lit_feuille(std::string_view octets, Codage codage,
     TexteFeuille feuille_lue;
     feuille_lue.codage = codage;
     std::string texte(octets);
+    if (est_16_bits(codage)) octets = texte = utf8_depuis_utf16(octets);
     if (codage != Codage::windows_1252) {
-        if (octets.starts_with(kMarque)) feuille_lue.codage = Codage::utf8_avec_marque;
-        const bool marque = octets.starts_with(kMarque);
+        const bool marque = !est_16_bits(codage) && octets.starts_with(kMarque);
+        if (marque) feuille_lue.codage = Codage::utf8_avec_marque;
         TexteAmene amene = amene_en_page(octets.substr(marque ? kMarque.size() : 0));
         if (amene.ligne_fausse != 0 || amene.perdus != 0) {
             refus = amene.ligne_fausse != 0
@@ -82,6 +90,7 @@ std::string ecrit_feuille(std::string_view texte, Codage codage, FinsDeLigne fin
     }
     if (fin_finale) lignes += signes(fins);
     if (codage == Codage::windows_1252) return lignes;
+    if (est_16_bits(codage)) return utf16_depuis_utf8(vers_utf8(lignes), codage == Codage::utf16_petit);
     return (codage == Codage::utf8_avec_marque ? std::string(kMarque) : std::string()) +
            vers_utf8(lignes);
 }

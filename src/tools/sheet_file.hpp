@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-enum class Codage { windows_1252, utf8, utf8_avec_marque };
+enum class Codage { windows_1252, utf8, utf8_avec_marque, utf16_petit, utf16_grand };
 enum class FinsDeLigne { cr_lf, lf, cr };
 
 struct TexteFeuille {
@@ -23,7 +23,7 @@ struct RefusFeuille {
     char32_t caractere = 0;                       // 0: the bytes are no UTF-8
 };
 
-// Codage of a file that names none: UTF-8 when it is valid UTF-8 and holds more than ASCII.
+// Codage of a file that names none: by its mark, or UTF-8 when it is valid UTF-8 and holds more than ASCII.
 Codage devine_codage(std::string_view octets);
 
 // The sheet that the bytes hold; nothing, with `refus` set, when they can't be brought to the code page.

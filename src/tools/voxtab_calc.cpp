@@ -1,5 +1,6 @@
 // The calculation in a terminal: a sheet from a file or standard input, the calculated sheet to
 // standard output or back into the file. Messages and boxes go to standard error, one a line.
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -33,9 +34,6 @@ constexpr int kReussite = 0;
 constexpr int kLigneEnErreur = 1;
 constexpr int kImpossible = 2;
 
-// What standard input may hold: a device without end must not fill the memory of the machine.
-constexpr std::size_t kEntreeMaxi = std::size_t{256} << 20;
-
 bool boite_vue = false;   // a box was shown: some line has no result
 
 int refuse(const std::string& mots) {
@@ -48,18 +46,24 @@ std::string mots_fichier(int numero) {
         case kFichierAbsent: return "fichier introuvable";
         case kDossierAbsent: return "dossier introuvable";
         case kDisquePlein: return "disque plein";
+        case kMemoire: return "fichier trop long";
         default: return "accès impossible";
     }
 }
 
-bool est_dossier(const std::string& chemin) {
+// What a path that can't be read or written is, where that tells why.
+std::string mots_chemin(const std::string& chemin, int numero) {
     std::error_code erreur;
-    return std::filesystem::is_directory(chemin_du_systeme(chemin), erreur);
+    const auto etat = std::filesystem::status(chemin_du_systeme(chemin), erreur);
+    if (std::filesystem::is_directory(etat)) return "c'est un dossier";
+    if (std::filesystem::is_character_file(etat) || std::filesystem::is_block_file(etat))
+        return "c'est un périphérique";
+    return mots_fichier(numero);
 }
 
 // One French line for what a file refused.
 int refuse_fichier(const std::string& chemin, int numero) {
-    return refuse(chemin + " : " + (est_dossier(chemin) ? "c'est un dossier" : mots_fichier(numero)));
+    return refuse(chemin + " : " + mots_chemin(chemin, numero));
 }
 
 int refuse_texte(const std::string& nom, const RefusFeuille& refus) {
@@ -83,11 +87,18 @@ void installe_port_terminal() {
     };
 }
 
+// Writes to standard output.
+int montre(const std::string& texte) {
+    std::cout << texte << std::flush;
+    return std::cout ? kReussite : refuse("la sortie ne peut pas être écrite");
+}
+
 // How the bytes are coded: as the option says, or as the file itself shows.
 Codage codage_entree(const OptionsCalcul& options, const std::string& octets, bool fichier) {
-    if (options.codage == "utf-8") return Codage::utf8;
     if (options.codage == "windows-1252") return Codage::windows_1252;
-    return fichier ? devine_codage(octets) : Codage::utf8;
+    const Codage devine = devine_codage(octets);
+    if (devine == Codage::utf16_petit || devine == Codage::utf16_grand) return devine;
+    return fichier && options.codage.empty() ? devine : Codage::utf8;
 }
 
 // Path of the backup: the sheet's name with the extension "bak".
@@ -95,16 +106,28 @@ std::string chemin_sauvegarde(const std::string& chemin) {
     return chemin_en_utf8(chemin_du_systeme(chemin).replace_extension(".bak"));
 }
 
-// Writes the sheet back, its former content kept in the backup.
+// True when the file still holds what was read.
+bool inchangee(const std::string& chemin, const std::string& anciens) {
+    std::string octets;
+    return lit_fichier(chemin, octets) == 0 && octets == anciens;
+}
+
+// Writes the sheet back, its former content kept in the backup, which is as private as the sheet. What
+// another program has written meanwhile stays.
 int ecrit_en_place(const OptionsCalcul& options, const std::string& anciens,
                    const std::string& nouveaux) {
-    const std::string copie = chemin_sauvegarde(options.feuille);
-    if (copie != options.feuille)
-        if (const int numero = remplace_fichier(copie, anciens); numero != 0)
+    const SansInterruption garde;
+    const std::string& feuille_ecrite = options.feuille;
+    if (!inchangee(feuille_ecrite, anciens))
+        return refuse(feuille_ecrite + " : le fichier a changé pendant le calcul, rien n'a été écrit");
+    const std::string copie = chemin_sauvegarde(feuille_ecrite);
+    if (copie != feuille_ecrite)
+        if (const int numero = remplace_fichier(copie, anciens, feuille_ecrite); numero != 0)
             return refuse_fichier(copie, numero);
-    if (const int numero = remplace_fichier(options.feuille, nouveaux); numero != 0)
-        return refuse_fichier(options.feuille, numero);
-    return kReussite;
+    const int numero = a_d_autres_noms(feuille_ecrite)
+                           ? recrit_fichier(feuille_ecrite, anciens, nouveaux)
+                           : remplace_fichier(feuille_ecrite, nouveaux);
+    return numero == 0 ? kReussite : refuse_fichier(feuille_ecrite, numero);
 }
 
 int ecrit(const OptionsCalcul& options, const TexteFeuille& lue, const std::string& octets) {
@@ -112,8 +135,7 @@ int ecrit(const OptionsCalcul& options, const TexteFeuille& lue, const std::stri
         return ecrit_en_place(options, octets,
                               ecrit_feuille(memoire.texte, lue.codage, FinsDeLigne::cr_lf, true));
     const Codage sortie = options.codage == "windows-1252" ? Codage::windows_1252 : Codage::utf8;
-    std::cout << ecrit_feuille(memoire.texte, sortie, lue.fins, lue.fin_finale) << std::flush;
-    return std::cout ? kReussite : refuse("la sortie ne peut pas être écrite");
+    return montre(ecrit_feuille(memoire.texte, sortie, lue.fins, lue.fin_finale));
 }
 
 // A file that can't be written back is refused before anything is calculated.
@@ -130,25 +152,36 @@ int lit_entree(std::string& octets) {
     while (std::cin) {
         std::cin.read(bloc.data(), bloc.size());
         octets.append(bloc.data(), static_cast<std::size_t>(std::cin.gcount()));
-        if (octets.size() > kEntreeMaxi) return refuse("entrée standard : trop longue");
+        if (octets.size() > kOctetsMaxi) return refuse("entrée standard : trop longue");
     }
     return std::cin.bad() ? refuse("entrée standard : accès impossible") : kReussite;
 }
 
+// Reads the sheet's file or standard input; the exit status of what went wrong.
+int lit_octets(const OptionsCalcul& options, bool fichier, std::string& octets) {
+    if (!fichier) return lit_entree(octets);
+    const int numero = lit_fichier(options.feuille, octets);
+    return numero == 0 ? kReussite : refuse_fichier(options.feuille, numero);
+}
+
+// A file with code 0 is no text: it must not be written back as one.
+int verifie_texte(const OptionsCalcul& options, const std::string& texte) {
+    const std::size_t nul = options.en_place ? texte.find('\0') : std::string::npos;
+    if (nul == std::string::npos) return kReussite;
+    const auto ligne = std::count(texte.begin(), texte.begin() + static_cast<std::ptrdiff_t>(nul), '\n') + 1;
+    return refuse(options.feuille + ", ligne " + std::to_string(ligne) +
+                  " : le code 0 n'existe pas dans une feuille");
+}
+
 int calcule(const OptionsCalcul& options) {
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
-    const std::string nom = fichier ? options.feuille : "entrée standard";
     std::string octets;
-    if (fichier) {
-        if (const int numero = lit_fichier(options.feuille, octets); numero != 0)
-            return refuse_fichier(options.feuille, numero);
-    } else {
-        if (const int statut = lit_entree(octets); statut != kReussite) return statut;
-    }
-    if (const int refus = verifie_en_place(options, fichier); refus != 0) return refus;
+    if (const int statut = lit_octets(options, fichier, octets); statut != kReussite) return statut;
+    if (const int refus = verifie_en_place(options, fichier); refus != kReussite) return refus;
     RefusFeuille refus;
     const auto lue = lit_feuille(octets, codage_entree(options, octets, fichier), refus);
-    if (!lue) return refuse_texte(nom, refus);
+    if (!lue) return refuse_texte(fichier ? options.feuille : "entrée standard", refus);
+    if (const int nul = verifie_texte(options, lue->texte); nul != kReussite) return nul;
     port.texte.pose_texte(std::string(lue->texte));
     execute_commande(options.colonne ? "mnuCalculColonneItem" : "mnuCalculItem");
     const int ecriture = ecrit(options, *lue, octets);
@@ -184,8 +217,8 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     const LectureOptions lecture = lis_options(prepare_console(argc, argv));
     if (lecture.statut) {
-        std::cout << lecture.sortie;
-        return *lecture.statut == kReussite ? kReussite : refuse(lecture.erreur);
+        if (*lecture.statut != kReussite) return refuse(lecture.erreur);
+        return montre(lecture.sortie);
     }
     installe_port_terminal();
     reinitialise_tout();

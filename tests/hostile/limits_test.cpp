@@ -1,6 +1,7 @@
 // The largest that the counts, the memory and the patience allow, and one more.
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -266,4 +267,74 @@ TEST_CASE("limits: a refused letter that closes an open block marks no matrix") 
         CHECK(lues[1] == cloture);
         CHECK(lues[2] == "B=2");
     }
+}
+
+// The user gives up at the n-th question.
+int questions = 0, questions_oui = 0;
+void renonce_a(int n) {
+    questions = 0;
+    questions_oui = n;
+    port.systeme.interrompu = [] { return ++questions >= questions_oui; };
+}
+
+// A matrix of that order without a zero in its determinant.
+std::string matrice(int ordre) {
+    std::string texte = "DEFMA";
+    for (int i = 1; i <= ordre; ++i)
+        for (int j = 1; j <= ordre; ++j)
+            (texte += j == 1 ? "\r\n" : ",") += std::to_string((i * 7 + j * j * 3 + i * j) % 11 - 5);
+    return texte + "\r\nFIN\r\n";
+}
+
+TEST_CASE("limits: the inverse of a large matrix asks whether to go on, and stops") {
+    pose_feuille(matrice(20) + "MB=INVMAT(MA)\r\nA=1");
+    renonce_a(3);
+    execute_commande("recalcul");
+    CHECK(questions == 3);
+    CHECK(boites() == Textes{"calcul interrompu"});
+    CHECK(moteur.erreur_formule);
+    CHECK(memoire.texte.ends_with("\r\nA=1"));
+}
+
+TEST_CASE("limits: a table of a function that calls itself stops at once, with one box and no word more") {
+    pose_feuille("DEFFON=X+FON(X)\r\nINCX(1,1,30000)\r\nFON(X)");
+    renonce_a(2);
+    execute_commande("recalcul");
+    CHECK(questions == 2);
+    CHECK(std::count(memoire.boites.begin(), memoire.boites.end(), "calcul interrompu") == 1);
+    for (const std::string& m : memoire.messages) CHECK(m.find("fonction non d") == std::string::npos);
+}
+
+TEST_CASE("limits: an area of such a function is given up between two trapezoids, also at its ends") {
+    for (const int question : {1, 2, 40}) {
+        CAPTURE(question);
+        pose_feuille("DEFFON=X+FON(X)\r\nAIRX(0,1,1000000)\r\nFON(X)\r\n2+2");
+        renonce_a(question);
+        execute_commande("recalcul");
+        CHECK(questions == question);
+        CHECK(memoire.boites.back() == "calcul interrompu");
+        CHECK(memoire.texte.ends_with("\r\n2+2"));
+    }
+}
+
+TEST_CASE("limits: products and powers of large matrices can be given up") {
+    for (const std::string formule : {"MB=MA*MA", "MB=MA^50"}) {
+        CAPTURE(formule);
+        pose_feuille(matrice(200) + formule);
+        memoire.boites.clear();
+        renonce_a(2);
+        execute_commande("recalcul");
+        CHECK(questions == 2);
+        CHECK(boites() == Textes{"calcul interrompu"});
+    }
+}
+
+TEST_CASE("limits: the next pass after one that was given up is calculated") {
+    pose_feuille(matrice(20) + "MB=INVMAT(MA)\r\nA=1");
+    renonce_a(1);
+    execute_commande("recalcul");
+    renonce_a(1000000);
+    memoire.texte = "A=1\r\nA+1";
+    execute_commande("recalcul");
+    CHECK(memoire.texte == "A=1 = 1\r\nA+1 = 2");
 }

@@ -18,11 +18,12 @@ def limited(kilobytes):
     return limit
 
 
-def check(what, arguments, source, kilobytes, words):
+def check(what, arguments, source, kilobytes, words, *inherited):
     """The last line on standard error is `words`, and nothing is written to standard output. A sheet that
     is nearly too large may show failures of single lines before."""
     done = subprocess.run([PROGRAM, *arguments], stdin=source, capture_output=True, text=True,
-                          encoding="utf-8", timeout=60, preexec_fn=limited(kilobytes), check=False)
+                          encoding="utf-8", timeout=60, preexec_fn=limited(kilobytes), pass_fds=inherited,
+                          check=False)
     heard = done.stderr.splitlines()
     if done.returncode != 2 or done.stdout or heard[-1:] != [words]:
         faults.append(f"{what}: status {done.returncode}, heard {heard[-3:]}")
@@ -35,7 +36,12 @@ with tempfile.TemporaryDirectory() as folder:
     with open("/dev/zero", "rb") as endless:
         check("an input without end", [], endless, 0, "voxtab-calc : entrée standard : trop longue")
         check("the same with little memory", [], endless, 60000, NO_MEMORY)
-    check("a file without end", ["/dev/zero"], subprocess.DEVNULL, 60000, NO_MEMORY)
+    check("a device", ["/dev/zero"], subprocess.DEVNULL, 60000, "voxtab-calc : /dev/zero : c'est un périphérique")
+    endless = subprocess.Popen(["yes"], stdout=subprocess.PIPE)
+    check("a pipe without end", [f"/dev/fd/{endless.stdout.fileno()}"], subprocess.DEVNULL, 0,
+          f"voxtab-calc : /dev/fd/{endless.stdout.fileno()} : fichier trop long", endless.stdout.fileno())
+    endless.kill()
+    endless.wait()
     sheet = folder + "/long.VXT"
     with open(sheet, "w", encoding="ascii") as target:
         target.writelines(f"A={i}+SIN({i})*2 ! {'x' * 50}\n" for i in range(32000))

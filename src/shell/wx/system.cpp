@@ -17,10 +17,13 @@
 namespace {
 
 constexpr long kEntreDeuxRegards = 100;   // milliseconds between two looks at the Escape key
+constexpr long kEntreDeuxCalculs = 1000;  // without a question: the one that comes is another calculation's
+constexpr long kEntreDeuxSignes = 2000;   // between two beeps of a long calculation
 
 std::string dossier_des_fichiers;         // Windows-1252, set once by installe_systeme
 std::string commande;                     // ... the command line too
 wxStopWatch dernier_regard;               // time since the last look at the Escape key
+wxStopWatch dernier_signe;                // time since the last beep, or the start of the calculation
 
 // The path in the code page. A folder or file whose name can't be written there may have a short name
 // that can.
@@ -40,10 +43,15 @@ std::string en_page(const std::string& utf8) {
     return sortie;
 }
 
-// Escape gives up a long sum.
+// Escape gives up a long calculation, which beeps now and then as a sign of life.
 bool interrompu() {
     if (dernier_regard.Time() < kEntreDeuxRegards) return false;
+    if (dernier_regard.Time() > kEntreDeuxCalculs) dernier_signe.Start();
     dernier_regard.Start();
+    if (dernier_signe.Time() >= kEntreDeuxSignes) {
+        port.boites.bip();
+        dernier_signe.Start();
+    }
     return wxGetKeyState(WXK_ESCAPE);
 }
 

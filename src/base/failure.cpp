@@ -4,10 +4,10 @@
 #include <string>
 #include <utility>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "engine/context.hpp"
 #include "platform/patience.hpp"
-#include "platform/platform.hpp"
 
 void echoue(int numero) { throw Defaillance{numero}; }
 
@@ -15,7 +15,7 @@ namespace {
 
 // The user's own wish needs no number, and is told by the first procedure that meets it.
 void signale_abandon() noexcept {
-    if (!std::exchange(patience.dite, true)) port.boites.boite("calcul interrompu"_fr);
+    if (!std::exchange(patience.dite, true)) montre_boite("calcul interrompu"_fr);
     moteur.erreur_formule = true;
 }
 
@@ -25,7 +25,7 @@ void signale_defaillance(const Procedure& procedure, int numero) noexcept {
     if (numero == kAbandon) return signale_abandon();
     const std::string n = std::to_string(numero);
     std::string texte = procedure.numero_seul ? " " + n : n + " " + n;
-    port.boites.boite(texte.append(procedure.mots));
+    montre_boite(texte.append(procedure.mots));
     if (procedure.marque_erreur) moteur.erreur_formule = true;
 }
 

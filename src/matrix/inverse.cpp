@@ -18,12 +18,12 @@
 #include <utility>
 #include <vector>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "platform/patience.hpp"
-#include "platform/platform.hpp"
 
 namespace {
 
@@ -276,7 +276,7 @@ Expansion developpe_tout(const TableMatrice& M, int n) {
 // inverse is 0: an oddity that stays.
 void inverse(TableMatrice& M, int n, const Expansion& e) {
     const double d = e.determinant;
-    if (d == 0) port.boites.boite(" déterminant nulle matrice non inversible"_fr);
+    if (d == 0) montre_boite(" déterminant nulle matrice non inversible"_fr);
     TableMatrice C(n, n);
     const int voies = static_cast<int>(kVoies);
     for (int ordre = 0; ordre < n; ordre += voies)

@@ -55,6 +55,11 @@ void note_boite(Mots texte) {
     entend("boite", texte);
 }
 
+// The list of boxes holds those that a pass counts, and not the one that counts them; the journal is what
+// the user hears.
+void note_boite_comptee(Mots texte) { memoire.boites.emplace_back(texte); }
+void note_compte(Mots texte) { entend("boite", texte); }
+
 bool demande_oui_non(Mots texte) {
     entend("question", texte);
     return reponse_suivante() == "oui";
@@ -349,7 +354,8 @@ void installe_port_memoire() {
     memoire = Memoire{};
     pose_dossier(memoire.dossier_programme);
     port = Port{{lit_texte, pose_texte, lit_sel_start, lit_sel_length, pose_selection},
-                {note_boite, demande_oui_non, demande_oui_non_annuler, repond, note_bip},
+                {note_boite, demande_oui_non, demande_oui_non_annuler, repond, note_bip,
+                 note_boite_comptee, note_compte},
                 {note_message},
                 {existe, existe_dossier, lit, remplace, copie, deplace, efface, cree_dossier,
                  liste_fichiers, liste_dossiers},

@@ -16,7 +16,9 @@ constexpr PortBoites kBoites{[](std::string_view) {},
                              [](std::string_view) { return false; },
                              [](std::string_view) { return Reponse::annuler; },
                              [](std::string_view, std::string_view, std::string&) { return false; },
-                             [] {}};
+                             [] {},
+                             [](std::string_view) {},
+                             [](std::string_view) {}};
 
 using Chemin = const std::string&;
 constexpr PortFichiers kFichiers{

@@ -29,6 +29,8 @@ struct PortBoites {
     // Entry box with one line; false on Cancel.
     bool (*saisie)(std::string_view invite, std::string_view propose, std::string& reponse);
     void (*bip)();
+    void (*boite_comptee)(std::string_view texte);              // a box that is not shown, see base/boxes.hpp
+    void (*boite_du_compte)(std::string_view texte);            // one OK button: how many there were
 };
 
 // The message line: called once per `message` with the text displayed.

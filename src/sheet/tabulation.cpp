@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
@@ -22,8 +23,6 @@ namespace {
 
 constexpr int kTrapezesParBip = 1000;
 
-void boite(std::string_view texte) { port.boites.boite(texte); }
-
 // Brings the function's line into p_formule. Answers false, with the report that is due, when there
 // is no function of that variable.
 bool ouvre_fonction(std::int16_t numero, int variable) {
@@ -33,7 +32,7 @@ bool ouvre_fonction(std::int16_t numero, int variable) {
     if (capitales(texte).find(lettre) == std::string::npos) {
         std::string mots("fonction de "_fr);
         mots += lettre;
-        boite(mots.append(" est inconnue sur la ligne suivante"_fr));
+        montre_boite(mots.append(" est inconnue sur la ligne suivante"_fr));
         return false;
     }
     bool correct = true;
@@ -53,7 +52,7 @@ bool ouvre_fonction(std::int16_t numero, int variable) {
 // Reads the three arguments of the heading. Answers false when it can't be calculated.
 bool lis_arguments_entete(std::int16_t numero, int variable) {
     if (variable < 1 || variable > 26) {
-        boite("erreur de syntaxe"_fr);
+        montre_boite("erreur de syntaxe"_fr);
         return false;
     }
     if (numero == feuille.nombre_ligne) return false;
@@ -104,7 +103,7 @@ bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double p
 bool sonde(Repetition& fonction, double x, std::string_view nom) {
     double valeur = 0;
     if (evalue_en(fonction, x, valeur)) return true;
-    if (!patience.abandonnee) boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
+    if (!patience.abandonnee) montre_boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
     return false;
 }
 
@@ -146,7 +145,7 @@ void refuse_somme() {
     if (patience.abandonnee)
         signale_defaillance(kCommande, kAbandon);
     else
-        boite("fonction non définie"_fr);
+        montre_boite("fonction non définie"_fr);
     moteur.erreur_formule = true;
 }
 
@@ -156,7 +155,7 @@ void CalculInc(std::int16_t numero, int variable) {
     if (!lis_arguments_entete(numero, variable)) return;
     const std::int16_t nombre = vers_16_arrondi(moteur.l_argument3);
     if (nombre < 1) {
-        boite("nombre d'incrément < = 0"_fr);
+        montre_boite("nombre d'incrément < = 0"_fr);
         return;
     }
     const double debut = moteur.l_argument1, pas = moteur.l_argument2;
@@ -178,7 +177,7 @@ void Calculair(std::int16_t numero, int variable) {
     if (!lis_arguments_entete(numero, variable)) return;
     const double x1 = moteur.l_argument1, x2 = moteur.l_argument2, nombre = moteur.l_argument3;
     if (nombre < 1) {
-        boite("nombre de trapèze < = 0"_fr);
+        montre_boite("nombre de trapèze < = 0"_fr);
         return;
     }
     if (!ouvre_fonction(numero, variable)) return;

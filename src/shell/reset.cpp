@@ -1,6 +1,7 @@
 // Every subsystem back at its initial state. Changes them all; the port stays as it was installed.
 #include "shell/reset.hpp"
 
+#include "base/boxes.hpp"
 #include "documents/dialog.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/settings.hpp"
@@ -22,6 +23,7 @@
 
 void reinitialise_tout() {
     reinitialise_moteur();
+    boites_de_passe = BoitesDePasse{};
     feuille = Feuille{};
     matrices = Matrices{};
     definition_de_matrice = DefinitionMatrice{};

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
@@ -15,7 +16,6 @@
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
 #include "engine/reader.hpp"
-#include "platform/platform.hpp"
 #include "sheet/line.hpp"
 #include "sheet/sheet.hpp"
 #include "stats/data.hpp"
@@ -147,7 +147,7 @@ bool TestEffectif(std::string_view NomStat) {
     if (ouvrante == std::string::npos) return false;
     const std::size_t fermante = formule.find(')');
     if (fermante == std::string::npos) {
-        port.boites.boite(std::string("manque ) sur "_fr).append(NomStat));
+        montre_boite(std::string("manque ) sur "_fr).append(NomStat));
         return false;
     }
     std::string_view groupes;

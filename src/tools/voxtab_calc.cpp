@@ -85,6 +85,8 @@ void installe_port_terminal() {
         boite_vue = true;
         std::cerr << vers_utf8(texte) << '\n';
     };
+    port.boites.boite_comptee = [](std::string_view) {};
+    port.boites.boite_du_compte = port.boites.boite;
 }
 
 // Writes to standard output.

@@ -101,6 +101,8 @@ bool demande_remplacement(std::string_view texte) {
 
 void installe_boites() {
     port.boites.boite = [](std::string_view texte) { montre_boite(texte, wxOK); };
+    port.boites.boite_comptee = [](std::string_view) {};
+    port.boites.boite_du_compte = port.boites.boite;
     port.boites.oui_non = [](std::string_view texte) {
         return montre_boite(texte, wxYES_NO) == wxID_YES;
     };

@@ -186,6 +186,7 @@ double prefixe_numerique(std::string_view texte) {
 
 std::string texte_general(double x) {
     if (x == 0) return "0";
+    if (std::isnan(x)) return "NAN";   // never with a sign
     std::array<char, 40> texte;
     const auto ecrit = std::to_chars(texte.data(), texte.data() + texte.size(), x,
                                      std::chars_format::general, 15);

@@ -206,7 +206,7 @@ std::string FormatNombre(double x) {
 
 std::string FormatPuissance(double x) {
     std::string s = texte_general(x);
-    if (s == "0") return s;
+    if (s == "0" || !std::isfinite(x)) return s;
     const auto d = static_cast<std::size_t>(modes.nombre_decimal < 0 ? 0 : modes.nombre_decimal);
     std::string signe;
     if (s.front() == '-') {

@@ -89,17 +89,15 @@ void SurNumero(std::int32_t numero) {
     if (debut > 0) port.texte.pose_selection(debut - 1, 0);
 }
 
-void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
+void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
                bool& trouve) {
     const std::size_t longueur = texte.size();
     trouve = position <= longueur;
-    if (!trouve) {
-        ligne.clear();
-        return;
-    }
+    ligne = {};
+    if (!trouve) return;
     if (position == longueur) {
         const char c = texte.back();
-        ligne.assign(c == '\r' || c == '\n' ? 0 : 1, c);
+        if (c != '\r' && c != '\n') ligne = texte.substr(longueur - 1);
         fin = true;
         ++position;
         return;
@@ -107,9 +105,16 @@ void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position
     const std::size_t paire = texte.find("\r\n", position - 1);
     fin = paire == std::string_view::npos;
     const std::size_t borne = fin ? longueur : paire;
-    ligne.assign(texte.substr(position - 1, borne - position + 1));
+    ligne = texte.substr(position - 1, borne - position + 1);
     // Behind the pair that closes the text one empty line is still to be read.
     position = fin ? longueur + 1 : std::min(paire + 3, longueur);
+}
+
+void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
+               bool& trouve) {
+    std::string_view vue;
+    VoirLigne(vue, texte, position, fin, trouve);
+    ligne.assign(vue);
 }
 
 std::ptrdiff_t find(std::string_view chaine, std::size_t debut) {

@@ -37,6 +37,9 @@ void SurNumero(std::int32_t numero);
 // false past the end.
 void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
                bool& trouve);
+// The same for who only looks: the line stays where it stands.
+void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
+               bool& trouve);
 
 // Looks for `chaine` (in capitals) from `debut` on, whatever the case; puts the cursor one character
 // inside the match. -1 when there is none: the cursor stays.

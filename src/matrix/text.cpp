@@ -61,5 +61,5 @@ void ChaineMatriceColonne(char lettre) noexcept {
             ajoute_element(kColonne, bloc, i, j, j == 1 ? kEgal : kEgalSansBlanc);
             Tente(kColonne, [&] { bloc += j < colonnes ? "," : "\r\n"; });
         }
-    Tente(kColonne, [&] { bloc += "fin résultat matrice"_fr; });
+    Tente(kColonne, [&] { bloc += kFinMatrice; });
 }

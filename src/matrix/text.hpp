@@ -5,6 +5,11 @@
 
 #include <string>
 
+#include "base/codepage.hpp"
+
+// Last line of the block of a matrix in column form.
+inline constexpr std::string_view kFinMatrice = "fin résultat matrice"_fr;
+
 // The whole matrix of that letter as one text: "," between elements, ";" between rows.
 std::string ChaineMatriceLigne(char lettre) noexcept;
 

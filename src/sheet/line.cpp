@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
@@ -14,7 +15,6 @@
 #include "engine/identifiers.hpp"
 #include "matrix/definition.hpp"
 #include "matrix/store.hpp"
-#include "platform/platform.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/rendering.hpp"
 #include "sheet/sheet.hpp"
@@ -41,6 +41,11 @@ bool est_definition_fonction(const std::string& ligne) {
            capitales(ligne).find(kDefFonction.mot) != npos;
 }
 
+// True for a comment and for the echo of a statistics result: they never carry a result of their own.
+bool est_sans_resultat(const std::string& ligne) {
+    return ligne.starts_with('!') || ligne.find(", X=") != npos;
+}
+
 // Length of what stays in front of an old result, or npos when the line has none. The head of a line
 // protects its own "=": two columns, four for a matrix, eight for a function definition, which is
 // cut one column earlier since its result always stands as a blank and "=".
@@ -60,7 +65,7 @@ bool refuse_controle(const std::string& formule) {
         return static_cast<unsigned char>(c) < 32;
     });
     if (controle == formule.end()) return false;
-    port.boites.boite(std::string("code < 32 en colonne "_fr) +
+    montre_boite(std::string("code < 32 en colonne "_fr) +
                       chiffres(controle - formule.begin() + 1));
     moteur.erreur_formule = true;
     return true;
@@ -143,9 +148,13 @@ void calcule_formule(std::int16_t numero, std::string_view genre) {
 
 }  // namespace
 
+std::size_t fin_gardee(const std::string& ligne) {
+    return est_sans_resultat(ligne) ? npos : longueur_gardee(ligne);
+}
+
 void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexcept {
     correct = true;
-    if (ligne.starts_with('!') || ligne.find(", X=") != npos) return;
+    if (est_sans_resultat(ligne)) return;
     Tente(kEffaceEgalite, [&] {
         const std::size_t gardee = longueur_gardee(ligne);
         if (gardee == npos) return;

@@ -2,12 +2,17 @@
 // and the context.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 // Cuts the old result from `ligne` and leaves in formule_ligne of the line what is to be evaluated.
 // `correct` is false when a control character stands in that: the box has told it.
 void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexcept;
+
+// Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the
+// echo of a statistics result, a line without a result.
+std::size_t fin_gardee(const std::string& ligne);
 
 // Calculates formule_ligne of the line: sets valeur_ligne, resultat_ligne and erreur_formule, and
 // adds the statistics lines to resultat_bloc.

@@ -1,5 +1,5 @@
 // What the files of the pass share: its state from line to line, and the ways to write to the rebuilt
-// text. The blocks of results that wait until the old ones below are dropped have a file of their own.
+// text. The blocks of results that lines write below themselves have a file of their own.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "sheet/marks.hpp"
+#include "sheet/old_blocks.hpp"
 
 inline constexpr Procedure kRecalcul{" sur recalcul"_fr, false};
 inline constexpr std::string_view kFinDeLigne = "\r\n";
@@ -18,26 +19,30 @@ enum class Suite { continuer, finie };
 
 // The state that goes from line to line.
 struct Passe {
+    std::string_view source;             // the text before the pass
+    std::size_t position = 1;            // where its next line begins, from 1
     std::int16_t numero = 0;             // number of the current line, from 1
     std::string ligne;                   // the line, trimmed, then cut by effaceEgalite
     std::string majuscule;               // the line in capitals, before the cut
     std::string ligne_avant;             // the line before the cut
     Lettres lettres = 0;                 // letters of majuscule
     bool fin = false;                    // this is the last line of the sheet
-    std::int16_t ligne_curseur = 1;      // line where the cursor will stand
     bool texte_complet = true;           // every line has been written to the rebuilt text
 
+    std::int16_t ligne_curseur = 1;      // line of the source that the cursor is for
+    std::size_t curseur_ecrit = 1;       // line of the new text where it will stand
+    bool curseur_pris = false;           // a line that failed has taken it
+    std::size_t debut_ligne = 0;         // where the last line of the rebuilt text begins
+
     bool attente_fonction = false;       // the line above was an INC or AIR heading
+    bool entete_inc = false;             // it was an INC
     std::string entete;                  // that heading, without its old result
+    std::string entete_entiere;          // as it goes back to the text when no function follows
     std::string commentaire_inc;         // its comment, with its "!"
-    bool bloc_inc = false;               // the table of an INC waits in resultat_bloc
-    bool bloc_stat = false;              // a statistics result waits there
-    bool paire_statxy = false;           // the two lists of a bare STATXY are still to come
+    int listes_attendues = 0;            // lists of a bare STATXY still to come: 2, then 1
     std::int16_t ligne_statx = 0;        // line of that STATXY
     std::string premiere_liste;          // the first of the two lists
-    bool bloc_tri = false;               // a sorted data set waits in resultat_bloc
-    bool bloc_matrice = false;           // a matrix in column form waits there
-    bool saut_ancien = false;            // the lines now read are an old block, to be dropped
+    std::size_t ligne_donnees = 1;       // line of the new text with the last heading of a data set
 
     bool majuscule_contient(const Marque& marque) const {
         return (lettres & marque.lettres) == marque.lettres &&
@@ -53,9 +58,13 @@ inline void garde(Passe& p, Instruction&& instruction) {
 }
 
 void ajoute(Passe& p, std::string_view texte);            // appends to the rebuilt text
+void commence_ligne(Passe& p, std::int16_t numero, std::string_view texte);   // a line of the sheet begins
 void ajoute_resultat(Passe& p, std::int16_t numero);      // the result of that line
+void fin_de_ligne(Passe& p);                              // a line end
 Suite ligne_suivante(Passe& p);                           // a line is done: its line end, unless it is the last
-Suite bloc_en_attente(Passe& p);                          // a waiting block is written where the sheet ends
+void prend_curseur(Passe& p);                             // the line that is being written has failed
 
-Suite blocs_en_attente(Passe& p);                         // the lines below a block that waits, or an old one
-Suite retient_blocs(Passe& p);                            // the blocks that a calculated line has made wait
+Suite pose_bloc(Passe& p, GenreBloc genre);               // resultat_bloc below the line, for the old block there
+Suite pose_bloc(Passe& p, std::string_view bloc, const AncienBloc& ancien);
+Suite prend_liste(Passe& p);                              // a list of a bare STATXY
+Suite retient_blocs(Passe& p);                            // the block that a calculated line has made

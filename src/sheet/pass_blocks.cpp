@@ -1,11 +1,12 @@
-// The blocks of results of the pass: they wait until the old ones below their line are dropped.
-// Changes the pass's state and the rebuilt text of `feuille`.
+// Writing to the rebuilt text, and the blocks of results that lines write below themselves, each in the place
+// of the old block there. Changes the pass's state and the rebuilt text of `feuille`.
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 #include "base/failure.hpp"
 #include "documents/settings.hpp"
+#include "engine/context.hpp"
 #include "matrix/store.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/sheet.hpp"
@@ -13,72 +14,32 @@
 
 namespace {
 
-// The waiting block below the last line written.
-void ajoute_bloc(Passe& p) {
-    ajoute(p, kFinDeLigne);
-    ajoute(p, feuille.resultat_bloc);
+// Appends a block below the last line written. When the cursor stood in the old block, it goes to the line of
+// the same rank in this one, if there is such a line.
+void ajoute_bloc(Passe& p, std::string_view bloc, int anciennes) {
+    const std::size_t dessus = feuille.colonne_resultat.size();
+    fin_de_ligne(p);
+    ajoute(p, bloc);
+    garde(p, [&] {
+        feuille.colonne_resultat.resize(feuille.colonne_resultat.size() + lignes_closes(bloc));
+    });
+    const int rang = p.ligne_curseur - p.numero;
+    if (p.curseur_pris || rang < 1 || rang > anciennes) return;
+    const std::size_t place = dessus + static_cast<std::size_t>(rang);
+    if (place <= feuille.colonne_resultat.size()) p.curseur_ecrit = place;
 }
 
-// The table of an INC waits: the rows of the old one are dropped, any other line ends it.
-Suite attend_table_inc(Passe& p) {
-    if (!p.bloc_inc || !p.saut_ancien) return Suite::continuer;
-    if (p.ligne.starts_with("f(")) return bloc_en_attente(p);
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    p.saut_ancien = p.bloc_inc = false;
-    return Suite::continuer;
+// The lines of an old block are not read.
+void saute(Passe& p, const AncienBloc& ancien) {
+    if (ancien.lignes == 0) return;
+    p.numero = static_cast<std::int16_t>(p.numero + ancien.lignes);
+    p.position = ancien.position;
+    p.fin = ancien.fin;
 }
 
-// The two lists of a bare STATXY: behind the second one the pairs are calculated.
-Suite prend_liste(Passe& p) {
-    if (p.numero == p.ligne_statx + 1) {
-        garde(p, [&] {
-            p.premiere_liste = p.ligne;
-            feuille.resultat_bloc = p.ligne;
-        });
-        return Suite::finie;
-    }
-    p.paire_statxy = false;
-    garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
-    rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
-    return bloc_en_attente(p);
-}
-
-// A statistics result waits: an old one below is dropped down to its line with FIN.
-Suite attend_bloc_stat(Passe& p) {
-    if (!p.bloc_stat) return Suite::continuer;
-    if (p.saut_ancien) {
-        if (!p.majuscule_contient(kFin)) return Suite::finie;
-        p.bloc_stat = p.saut_ancien = false;
-        ajoute_bloc(p);
-        return ligne_suivante(p);
-    }
-    if (p.ligne.find("nombre de") != std::string::npos ||
-        p.ligne.find(", X=") != std::string::npos) {
-        p.saut_ancien = true;
-        return Suite::finie;
-    }
-    if (p.paire_statxy) return prend_liste(p);
-    p.bloc_stat = false;
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    return Suite::continuer;
-}
-
-// A block that waits behind `attente` (matrix in column form, sorted data set): the old one is
-// dropped down to its line with FIN when its mark was seen, otherwise the block comes first.
-Suite attend_bloc(Passe& p, bool& attente) {
-    if (!attente) return Suite::continuer;
-    if (p.saut_ancien) {
-        if (!p.majuscule_contient(kFin)) return Suite::finie;
-        attente = p.saut_ancien = false;
-        ajoute_bloc(p);
-        return ligne_suivante(p);
-    }
-    attente = false;
-    ajoute_bloc(p);
-    ajoute(p, kFinDeLigne);
-    return Suite::continuer;
+// The old block below the line; none below the last one.
+AncienBloc ancien_dessous(const Passe& p, GenreBloc genre) {
+    return p.fin ? AncienBloc{} : ancien_bloc(genre, p.source, p.position);
 }
 
 // True when the line's result is a matrix that stands in a column below it.
@@ -88,56 +49,115 @@ bool resultat_en_colonne(const Passe& p) {
             p.ligne_avant.find("==") != std::string::npos);
 }
 
+// Takes two lines, with the line end between them, from the beginning of a text; false when it doesn't begin
+// with them.
+bool retire_debut(std::string_view& texte, std::string_view premiere, std::string_view seconde) {
+    std::string_view reste = texte;
+    for (const std::string_view morceau : {premiere, kFinDeLigne, seconde}) {
+        if (!reste.starts_with(morceau)) return false;
+        reste.remove_prefix(morceau.size());
+    }
+    texte = reste;
+    return true;
+}
+
+// The line of a data set: its block. The two lists of a bare STATXY come first.
+Suite retient_stat(Passe& p) {
+    const AncienBloc ancien = ancien_dessous(p, GenreBloc::statistiques);
+    if (ancien.lignes > 0 || p.fin || !p.majuscule_contient(kMotStatXY) ||
+        p.ligne.find('(') != std::string::npos)
+        return pose_bloc(p, feuille.resultat_bloc, ancien);
+    p.listes_attendues = 2;
+    p.ligne_statx = p.numero;
+    p.ligne_donnees = feuille.colonne_resultat.size();
+    return ligne_suivante(p);
+}
+
 }  // namespace
 
-// Appends to the rebuilt text.
 void ajoute(Passe& p, std::string_view texte) {
     garde(p, [&] { feuille.texte_reconstruit += texte; });
 }
 
-// The end of a line that is done: the line end follows, unless it is the last.
-Suite ligne_suivante(Passe& p) {
-    if (!p.fin) ajoute(p, kFinDeLigne);
-    return Suite::finie;
+void commence_ligne(Passe& p, std::int16_t numero, std::string_view texte) {
+    if (!p.curseur_pris && numero == p.ligne_curseur) p.curseur_ecrit = feuille.colonne_resultat.size();
+    ajoute(p, texte);
 }
 
 void ajoute_resultat(Passe& p, std::int16_t numero) {
-    garde(p, [&] { feuille.texte_reconstruit += feuille.resultat_ligne(numero); });
+    garde(p, [&] {
+        const std::string& resultat = feuille.resultat_ligne(numero);
+        if (resultat.empty()) return;
+        const std::size_t colonne = feuille.texte_reconstruit.size() - p.debut_ligne;
+        feuille.texte_reconstruit += resultat;
+        feuille.colonne_resultat.back() = static_cast<std::int32_t>(colonne);
+    });
 }
 
-// A waiting block is written at once where the sheet ends.
-Suite bloc_en_attente(Passe& p) {
-    if (p.fin) ajoute_bloc(p);
+void fin_de_ligne(Passe& p) {
+    garde(p, [&] {
+        feuille.texte_reconstruit += kFinDeLigne;
+        feuille.colonne_resultat.push_back(0);
+        p.debut_ligne = feuille.texte_reconstruit.size();
+    });
+}
+
+// The end of a line that is done: the line end follows, unless it is the last.
+Suite ligne_suivante(Passe& p) {
+    if (!p.fin) fin_de_ligne(p);
     return Suite::finie;
 }
 
-// The lines below a block that waits, or below an old one.
-Suite blocs_en_attente(Passe& p) {
-    if (attend_table_inc(p) == Suite::finie || attend_bloc_stat(p) == Suite::finie ||
-        attend_bloc(p, p.bloc_matrice) == Suite::finie)
-        return Suite::finie;
-    // A sorted line that carries a result has an old block below it.
-    if (p.majuscule_contient(kMotTriStatX) && p.ligne.find('=') != std::string::npos)
-        p.saut_ancien = true;
-    return attend_bloc(p, p.bloc_tri);
+void prend_curseur(Passe& p) {
+    p.curseur_pris = true;
+    p.ligne_curseur = p.numero;
+    p.curseur_ecrit = feuille.colonne_resultat.size();
 }
 
-// What follows a calculated line: the blocks that it has made wait for the next line.
+Suite pose_bloc(Passe& p, std::string_view bloc, const AncienBloc& ancien) {
+    ajoute_bloc(p, bloc, ancien.lignes);
+    saute(p, ancien);
+    return ligne_suivante(p);
+}
+
+Suite pose_bloc(Passe& p, GenreBloc genre) {
+    return pose_bloc(p, feuille.resultat_bloc, ancien_dessous(p, genre));
+}
+
+// The two lists stand in the text as they are read; behind the second one the pairs are calculated. A block
+// adds to what resultat_bloc holds, which is these lists first.
+Suite prend_liste(Passe& p) {
+    commence_ligne(p, p.numero, p.ligne);
+    if (--p.listes_attendues > 0) {
+        garde(p, [&] {
+            p.premiere_liste = p.ligne;
+            feuille.resultat_bloc = p.ligne;
+        });
+        return ligne_suivante(p);
+    }
+    garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
+    rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
+    if (moteur.erreur_formule) return ligne_suivante(p);
+    feuille.colonne_resultat[p.ligne_donnees - 1] = -p.ligne_statx;
+    const AncienBloc ancien = ancien_dessous(p, GenreBloc::statistiques);
+    std::string_view bloc = feuille.resultat_bloc;
+    if (!retire_debut(bloc, p.premiere_liste, p.ligne)) return pose_bloc(p, bloc, ancien);
+    if (retire_debut(bloc, "", "")) return pose_bloc(p, bloc, ancien);
+    saute(p, ancien);   // the lists gave nothing
+    return ligne_suivante(p);
+}
+
+// What follows a calculated line: the block that it has made. The "==" of a matrix and the count of a sorted
+// data set tell that an old block may stand below.
 Suite retient_blocs(Passe& p) {
     const bool tri = p.majuscule_contient(kMotTriStatX);
-    if (p.majuscule_contient(kMotStatX) && !tri) {
-        p.bloc_stat = true;
-        p.paire_statxy = p.paire_statxy || (p.majuscule_contient(kMotStatXY) &&
-                                            p.ligne.find('(') == std::string::npos);
-        p.ligne_statx = p.numero;
-        return bloc_en_attente(p);
-    }
+    if (p.majuscule_contient(kMotStatX) && !tri) return retient_stat(p);
     if (tri) {
-        p.bloc_tri = true;
-        return bloc_en_attente(p);
+        if (!est_compte_de_tri(p.ligne_avant)) return pose_bloc(p, feuille.resultat_bloc, AncienBloc{});
+        return pose_bloc(p, GenreBloc::tri);
     }
     if (p.ligne.size() < 4 || !resultat_en_colonne(p)) return ligne_suivante(p);
-    p.bloc_matrice = true;
-    if (p.ligne_avant.find("==") != std::string::npos) p.saut_ancien = true;
-    return bloc_en_attente(p);
+    if (p.ligne_avant.find("==") == std::string::npos)
+        return pose_bloc(p, feuille.resultat_bloc, AncienBloc{});
+    return pose_bloc(p, GenreBloc::matrice);
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
@@ -32,6 +33,21 @@
 
 namespace {
 
+// The heading that waits goes back to the text as it stood: no function follows it.
+void rend_entete(Passe& p) {
+    if (!p.attente_fonction) return;
+    p.attente_fonction = false;
+    commence_ligne(p, static_cast<std::int16_t>(p.numero - 1), p.entete_entiere);
+    fin_de_ligne(p);
+}
+
+// The line with what the user wrote behind its "=": a heading that isn't calculated loses only a result, which
+// begins with a blank.
+std::string_view sans_resultat(const Passe& p) {
+    const std::string_view coupe = std::string_view(p.ligne_avant).substr(p.ligne.size());
+    return coupe.starts_with(" = ") ? std::string_view(p.ligne) : std::string_view(p.ligne_avant);
+}
+
 // Holds back the heading of a tabulation or an area until its function has been read.
 Suite retient_entete(Passe& p) {
     const std::size_t limite = std::min(p.ligne.find('!'), p.ligne.size());
@@ -40,40 +56,53 @@ Suite retient_entete(Passe& p) {
     };
     const bool inc = avant(kMotInc);
     if (!inc && !avant(kMotAir)) return Suite::continuer;
+    // The echo of a statistics result stands for itself, whatever words it holds.
+    bool echo = false;
+    Tente(kRecalcul, [&] { echo = feuille.formule_ligne(p.numero).empty(); });
+    if (echo) return Suite::continuer;
+    rend_entete(p);
     p.attente_fonction = true;
-    p.bloc_inc = inc;
+    p.entete_inc = inc;
     garde(p, [&] {
         p.entete = p.ligne;
+        p.entete_entiere = sans_resultat(p);
         p.commentaire_inc = p.ligne.substr(limite);
     });
     return Suite::finie;
 }
 
-// The line below a held-back heading is its function: both are written now.
-Suite prend_fonction(Passe& p) {
-    if (!p.attente_fonction) return Suite::continuer;
-    const auto entete = static_cast<std::int16_t>(p.numero - 1);
-    calcul_chaine(entete);
+// Writes the heading of the function on the line that is being read.
+void ecrit_entete(Passe& p, std::int16_t entete) {
     garde(p, [&] {
         const std::string& formule = feuille.formule_ligne(entete);
-        feuille.texte_reconstruit += formule;
+        commence_ligne(p, entete, formule);
         // A heading that could not be cut into formula and comment must not be lost.
         if (formule.size() + p.commentaire_inc.size() != p.entete.size()) p.texte_complet = false;
     });
     ajoute(p, p.commentaire_inc);
     ajoute_resultat(p, entete);
-    ajoute(p, kFinDeLigne);
-    ajoute(p, p.ligne);
+    fin_de_ligne(p);
+}
+
+// The line below a held-back heading is its function: both are written now.
+Suite prend_fonction(Passe& p) {
+    if (!p.attente_fonction) return Suite::continuer;
     p.attente_fonction = false;
-    if (!p.bloc_inc) return ligne_suivante(p);
-    p.saut_ancien = true;
-    return bloc_en_attente(p);
+    const auto entete = static_cast<std::int16_t>(p.numero - 1);
+    calcul_chaine(entete);
+    ecrit_entete(p, entete);
+    commence_ligne(p, p.numero, p.ligne);
+    // Below a function that fails the sheet is only copied, and no table is written but at the end.
+    if (!p.entete_inc || (moteur.erreur_formule && !p.fin)) return ligne_suivante(p);
+    return pose_bloc(p, GenreBloc::table);
 }
 
 // Opens a matrix or data-set definition on its heading line.
 bool ouvre_definition(Passe& p) {
-    return (p.majuscule_contient(kDefM) && TestMatrice(p.numero)) ||
-           (p.majuscule_contient(kMotStatX) && TestStatX(p.numero));
+    if (p.majuscule_contient(kDefM) && TestMatrice(p.numero)) return true;
+    if (!p.majuscule_contient(kMotStatX) || !TestStatX(p.numero)) return false;
+    p.ligne_donnees = feuille.colonne_resultat.size();
+    return true;
 }
 
 // A data line of an open STATX block; a comma at its end is dropped.
@@ -96,17 +125,26 @@ void refuse_donnees(Passe& p) {
     });
 }
 
+// Closes the matrix. Its result moves a heading of a data set that stands below its own.
+void ferme_matrice() {
+    const std::size_t avant = feuille.texte_reconstruit.size();
+    FinDefinitionMatrice();
+    const std::size_t ajoutes = feuille.texte_reconstruit.size() - avant;
+    if (statistiques.position_definition_statx > definition_de_matrice.position_definition_matrice)
+        statistiques.position_definition_statx += static_cast<std::int32_t>(ajoutes);
+}
+
 // An empty line, a comment or a line with FIN: it ends an open definition and is never calculated.
 Suite ferme_definitions(Passe& p) {
-    if (definition_de_matrice.definition_matrice) FinDefinitionMatrice();
+    if (definition_de_matrice.definition_matrice) ferme_matrice();
     if (!statistiques.definition_statx) return ligne_suivante(p);
     FinDefinitionStatX();
     if (moteur.erreur_formule) {
         refuse_donnees(p);
         return ligne_suivante(p);
     }
-    p.bloc_stat = true;
-    return bloc_en_attente(p);
+    feuille.colonne_resultat[p.ligne_donnees - 1] = -statistiques.ligne_definition_statx;
+    return pose_bloc(p, GenreBloc::statistiques);
 }
 
 // Calculates the line and writes its result behind it.
@@ -114,10 +152,36 @@ Suite calcule_ligne(Passe& p) {
     calcul_chaine(p.numero);
     ajoute_resultat(p, p.numero);
     if (moteur.erreur_formule) {
-        p.ligne_curseur = p.numero;
+        prend_curseur(p);
         return ligne_suivante(p);
     }
     return retient_blocs(p);
+}
+
+// True when one of the forms of an old error text that holds FIN begins at `position`; `fin` is then its end.
+bool est_non_definie(std::string_view majuscule, std::size_t position, std::size_t& fin) {
+    constexpr std::string_view kGenres[] = {" = VARIABLE ?"_fr, " = MATRICE M?"_fr, " = FONCTION"_fr};
+    constexpr std::string_view kNonDefinie = " NON DÉFINIE"_fr;
+    for (const std::string_view genre : kGenres) {
+        fin = position + genre.size();
+        const std::string_view tete = genre.substr(0, genre.find('?'));
+        if (majuscule.substr(position).starts_with(tete) && fin <= majuscule.size() &&
+            majuscule.substr(fin).starts_with(kNonDefinie)) {
+            fin += kNonDefinie.size();
+            return true;
+        }
+    }
+    return false;
+}
+
+// Blanks out the error texts of an earlier pass that hold the letters FIN, so that the line that gave one is
+// calculated again.
+void efface_non_definie(std::string& majuscule) {
+    std::size_t fin = 0;
+    for (std::size_t i = majuscule.find(" = "); i != std::string::npos; i = majuscule.find(" = ", i + 1))
+        if (est_non_definie(majuscule, i, fin))
+            std::fill(majuscule.begin() + static_cast<std::ptrdiff_t>(i),
+                      majuscule.begin() + static_cast<std::ptrdiff_t>(fin), ' ');
 }
 
 // Takes the next line of the source: trimmed, numbered, its capitals beside it.
@@ -127,11 +191,12 @@ void prepare_ligne(Passe& p) {
     if (sans.size() != p.ligne.size()) p.ligne = std::string(sans);
     range_capitales(p.majuscule, p.ligne);
     p.lettres = lettres_de(p.majuscule);
+    if (p.majuscule_contient(kFin)) efface_non_definie(p.majuscule);
 }
 
 // A line that is no part of a block that waits: it opens, fills or closes a definition, or is calculated.
 Suite calcule_ou_definit(Passe& p) {
-    ajoute(p, p.ligne);
+    commence_ligne(p, p.numero, p.ligne);
     bool vide = true;
     Tente(kRecalcul, [&] {
         std::string& formule = feuille.formule_ligne(p.numero);
@@ -149,16 +214,17 @@ Suite calcule_ou_definit(Passe& p) {
 Suite traite_ligne(Passe& p) {
     garde(p, [&] { prepare_ligne(p); });
     if (moteur.erreur_formule) {
-        ajoute(p, p.ligne);   // below a failed line the sheet is only copied
+        commence_ligne(p, p.numero, p.ligne);   // below a failed line the sheet is only copied
         return ligne_suivante(p);
     }
-    if (blocs_en_attente(p) == Suite::finie) return Suite::finie;
+    if (p.listes_attendues > 0) return prend_liste(p);
     Tente(kRecalcul, [&] { p.ligne_avant = p.ligne; });
     bool correct = true;
     effaceEgalite(p.ligne, p.numero, correct);
     if (!correct) {
-        ajoute(p, p.ligne);
-        p.ligne_curseur = p.numero;
+        rend_entete(p);
+        commence_ligne(p, p.numero, p.ligne);
+        prend_curseur(p);
         return ligne_suivante(p);
     }
     if (retient_entete(p) == Suite::finie || prend_fonction(p) == Suite::finie)
@@ -200,15 +266,31 @@ bool ouvre_tables(const std::string& texte) {
         refait(feuille.valeur_ligne, static_cast<std::size_t>(nombre));
         refait(feuille.formule_ligne, static_cast<std::size_t>(nombre));
         refait(feuille.resultat_ligne, static_cast<std::size_t>(nombre));
+        feuille.colonne_resultat.reserve(static_cast<std::size_t>(nombre));
+        feuille.colonne_resultat.assign(1, 0);
     });
 }
 
-// Shows the new text, puts the cursor at the end of its line, behind the result, and says that line.
-void termine(const Passe& p) {
+// Shows the new text and keeps what is asked for later. A text that could not be written whole leaves the
+// user's as it was, and nothing is known of its lines.
+void montre_texte(const Passe& p) {
+    const bool garde_texte =
+        p.texte_complet && Tente(kRecalcul, [] { feuille.texte_ecrit = feuille.texte_reconstruit; });
+    if (!garde_texte) {
+        feuille.texte_ecrit.clear();
+        feuille.colonne_resultat.clear();
+    }
     if (p.texte_complet) port.texte.pose_texte(std::move(feuille.texte_reconstruit));
     feuille.texte_reconstruit.clear();
+}
+
+// Puts the cursor at the end of its line, behind the result, and says that line.
+void termine(const Passe& p) {
+    montre_texte(p);
     Tente(kRecalcul, [] { marque_modifie(); });
-    const Etendue ligne = etendue_ligne(p.ligne_curseur);
+    const auto ancienne = static_cast<std::size_t>(p.ligne_curseur);
+    const Etendue ligne =
+        etendue_ligne(static_cast<std::int32_t>(p.texte_complet ? p.curseur_ecrit : ancienne));
     port.texte.pose_selection(ligne.fin, 0);
     Tente(kRecalcul, [&] {
         dit(std::string_view(port.texte.texte()).substr(ligne.debut, ligne.fin - ligne.debut));
@@ -216,17 +298,36 @@ void termine(const Passe& p) {
 }
 
 // Reads the sheet from its first line to its last.
-void parcourt(const std::string& texte, Passe& p) {
-    std::size_t position = 1;
+void parcourt(Passe& p) {
     bool trouve = true;
     while (trouve) {
-        if (!Tente(kRecalcul, [&] { LireLigne(p.ligne, texte, position, p.fin, trouve); })) {
+        if (!Tente(kRecalcul, [&] { LireLigne(p.ligne, p.source, p.position, p.fin, trouve); })) {
             // A line that can't be read ends the pass; the text stays the user's.
             p.texte_complet = false;
             return;
         }
         if (trouve) traite_ligne(p);
     }
+    if (p.attente_fonction) commence_ligne(p, p.numero, p.entete_entiere);   // the sheet ends with its heading
+}
+
+// The pass over a text that is not empty.
+void calcule_texte() {
+    moteur.erreur_formule = false;
+    moteur.muet_erreur = false;   // a table that was broken off may have left it
+    razVar();
+    std::string texte;
+    feuille.passe_refusee = !Tente(kRecalcul, [&] { texte = port.texte.texte(); }) ||
+                            !ouvre_tables(texte);
+    if (feuille.passe_refusee) return;
+    Passe p;
+    p.source = texte;
+    Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(port.texte.sel_start()); });
+    vide_definitions();
+    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(texte.size() + texte.size() / 2); });
+    parcourt(p);
+    Tente(kRecalcul, [] { ferme_boites(); });
+    termine(p);
 }
 
 }  // namespace
@@ -236,18 +337,9 @@ void recalcul() noexcept {
     feuille.passe_refusee = false;
     patience = Patience{};
     if (port.texte.texte().empty()) return;
-    moteur.erreur_formule = false;
-    razVar();
-    std::string texte;
-    feuille.passe_refusee = !Tente(kRecalcul, [&] { texte = port.texte.texte(); }) ||
-                            !ouvre_tables(texte);
-    if (feuille.passe_refusee) return;
-    Passe p;
-    Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(port.texte.sel_start()); });
-    vide_definitions();
-    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(texte.size() + texte.size() / 2); });
-    parcourt(texte, p);
-    termine(p);
+    ouvre_boites();
+    calcule_texte();
+    Tente(kRecalcul, [] { ferme_boites(); });   // a pass that was refused has not come so far
 }
 
 void re_valeur() noexcept {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -24,11 +25,20 @@ struct Feuille {
     // The new text of the sheet, as it grows during a pass. It answers for `txt`: its size is the
     // length of the text rebuilt so far, and a closing definition inserts at a noted position.
     std::string texte_reconstruit;
+    // What the last pass wrote, for who asks later what stands behind a line: the text, and for each of its
+    // lines, from 0, the column in front of the result. 0: no result; a number below 0: the result of that
+    // line of the tables, which stands in the block below.
+    std::string texte_ecrit;
+    std::vector<std::int32_t> colonne_resultat;
 };
 extern Feuille feuille;
 
 // Words of calcul_chaine, for the files that do parts of its work.
 inline constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
-// Inserts `texte` into the rebuilt text at `position` (bytes from 0; at most its length).
+// Inserts the result of a line into the rebuilt text at `position`, the end of that line (bytes from 0; at most
+// the text's length).
 void insere_texte_reconstruit(std::size_t position, const std::string& texte);
+
+// Lines that `texte` ends: pairs of carriage return and line feed.
+std::size_t lignes_closes(std::string_view texte);

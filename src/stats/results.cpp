@@ -1,6 +1,7 @@
 // Writes the statistics held by the variables into resultat_bloc, complete or restricted.
 #include "stats/results.hpp"
 
+#include <algorithm>
 #include <span>
 #include <string>
 
@@ -24,7 +25,7 @@ struct Ligne {
     char lettre;             // variable that holds it
 };
 
-// The pass knows an old block by "nombre de" in its first line.
+constexpr std::string_view kPremiere = "P=nombre de"_fr;
 constexpr Ligne kValeurs{"P=nombre de valeurs ="_fr, 'P'};
 constexpr Ligne kCouples{"P=nombre de couples ="_fr, 'P'};
 constexpr Ligne kEffectif{"N=Effectif total="_fr, 'N'};
@@ -101,4 +102,19 @@ void ajoute_resultats_stat(std::string_view genre) noexcept {
         ajoute_complet(couples);
     Tente(kCalculChaine, [couples] { feuille.resultat_bloc += couples ? kFinStatXY : kFinStatX; });
     (couples ? feuille.statxy_present : feuille.statx_present) = true;
+}
+
+bool commence_resultats_stat(std::string_view ligne) {
+    return ligne.starts_with(kPremiere) ||
+           (ligne.starts_with("N=") && ligne.find(", X=") != std::string_view::npos);
+}
+
+bool est_fin_resultats_stat(std::string_view ligne) {
+    return ligne == kFinStatX || ligne == kFinStatXY;
+}
+
+bool est_ligne_resultats_stat(std::string_view ligne) {
+    const auto a_la_tete = [ligne](const Ligne& l) { return ligne.starts_with(sans_blancs(l.texte)); };
+    return a_la_tete(kEffectif) || std::ranges::any_of(kLignesX, a_la_tete) ||
+           std::ranges::any_of(kLignesXY, a_la_tete);
 }

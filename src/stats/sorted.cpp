@@ -92,5 +92,5 @@ void TriStatX() noexcept {
     feuille.resultat_bloc.clear();
     std::ptrdiff_t k = 0;
     for (const std::int16_t compte : statistiques.table_statx) ajoute_ligne(compte, k);
-    Tente(kTriStatX, [] { feuille.resultat_bloc += "fin résultat TriStatX"_fr; });
+    Tente(kTriStatX, [] { feuille.resultat_bloc += kFinTri; });
 }

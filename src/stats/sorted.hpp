@@ -2,6 +2,11 @@
 // resultat_bloc of `feuille`.
 #pragma once
 
+#include "base/codepage.hpp"
+
+// Last line of the block.
+inline constexpr std::string_view kFinTri = "fin résultat TriStatX"_fr;
+
 // Sorts table_x, smallest value first.
 void TriTable_x() noexcept;
 

@@ -29,17 +29,6 @@ def stripped(lines: list[str]) -> list[str]:
     return lines
 
 
-def not_calculated(lines: list[str]) -> list[str]:
-    """The sheet after one more calculation: an old result that holds "FIN", as "non définie" does, is
-    only removed; the line is calculated again the next time."""
-    return [without_result(line) if "FIN" in without_result_of(line).upper() else line for line in lines]
-
-
-def without_result_of(line: str) -> str:
-    """The result of a line alone; nothing for a comment or a line that has none."""
-    return "" if line.startswith("!") else line[len(without_result(line)):]
-
-
 def check(sonde: Sonde, name: str, example: Example) -> list[str]:
     """Calculates one example as typed and then as it stands; says what isn't as the text has it."""
     place = f"{name}:{example.line}"
@@ -48,7 +37,7 @@ def check(sonde: Sonde, name: str, example: Example) -> list[str]:
     runs = [(example.typed, result, example.after)]
     if example.stands:
         again = sonde.calculate(example.after, example.options)
-        runs.append((example.after, again, not_calculated(example.after)))
+        runs.append((example.after, again, example.after))
     return faults + [f"{place}: {sheet} gives {got['lignes']}, the text says {wanted}"
                      for sheet, got, wanted in runs if stripped(got["lignes"]) != stripped(wanted)]
 

@@ -10,6 +10,7 @@
 #include "base/codepage.hpp"
 #include "documents/settings.hpp"
 #include "engine/context.hpp"
+#include "property/kept.hpp"
 #include "shell/message.hpp"
 #include "support/program.hpp"
 
@@ -82,18 +83,21 @@ Defaut verifie_curseur(const Vue& vue) {
     return {};
 }
 
-// The cursor goes to the line that failed, or back to the line where it was, by its number; to the
-// first one when the new text has no such line.
+// The cursor goes to the line that failed, or back to the line where it was, wherever the blocks above have
+// moved it. On a line of an old block anything may have come in its place.
 Defaut verifie_ligne_du_curseur(const FeuilleTiree& feuille, const Vue& vue) {
     const auto numero = [](std::string_view texte) {
-        return static_cast<std::size_t>(std::count(texte.begin(), texte.end(), '\r')) + 1;
+        return static_cast<std::size_t>(std::count(texte.begin(), texte.end(), '\r'));
     };
-    std::size_t attendu = feuille.ligne_en_erreur;
-    if (attendu == 0) attendu = numero(std::string_view(feuille.texte).substr(0, feuille.curseur));
-    if (attendu > numero(vue.texte)) attendu = 1;
-    const std::size_t obtenu = numero(std::string_view(vue.texte).substr(0, vue.sel_start));
-    if (obtenu == attendu || vue.texte.empty()) return {};
-    return "the cursor is on line " + std::to_string(obtenu) + ", not " + std::to_string(attendu);
+    std::vector<std::string> lignes = lignes_de(feuille.texte);
+    for (std::string& l : lignes) l = std::string(sans_blancs(l));
+    const std::size_t la = feuille.ligne_en_erreur != 0
+                               ? feuille.ligne_en_erreur - 1
+                               : numero(std::string_view(feuille.texte).substr(0, feuille.curseur));
+    if (feuille.texte.empty() || lignes_a_remplacer(lignes)[la]) return {};
+    const std::string ici = ligne_du_curseur(vue);
+    if (est_la_ligne(lignes[la], ici)) return {};
+    return "the cursor is on \"" + ici + "\", not on \"" + lignes[la] + "\"";
 }
 
 // The last message is the cursor's line as the message line shows it behind what it showed before.
@@ -218,7 +222,8 @@ Defaut verifie_feuille(const FeuilleTiree& feuille, const FeuilleTiree& autre) {
     const Vue une = calcule(feuille.texte, feuille.curseur);
     Defaut d = premier({verifie_curseur(une), verifie_ligne_du_curseur(feuille, une),
                         verifie_message(feuille.texte, une, ""), verifie_boites(feuille, une),
-                        verifie_lignes(feuille, une), verifie_valeurs(feuille, une)});
+                        verifie_lignes(feuille, une), verifie_valeurs(feuille, une),
+                        verifie_lignes_gardees(feuille.texte, une.texte)});
     if (!d.empty()) return d;
     const std::string dit = ligne_message.dernier_message;
     const Vue deux = passe();

@@ -2,6 +2,7 @@
 // what must change does it as told. Prints a digest of all outputs; exit status 1 when a sheet is
 // wrong.
 //   property [--feuilles N] [--graine S]     (one seed: its sheet and what came of it)
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <iostream>
@@ -9,6 +10,7 @@
 
 #include "base/codepage.hpp"
 #include "platform/stack.hpp"
+#include "property/changed.hpp"
 #include "property/checks.hpp"
 #include "property/unstable.hpp"
 #include "property/words.hpp"
@@ -56,7 +58,10 @@ int main(int argc, char** argv) {
     installe_port_memoire();
     port.systeme.graine = graine_de_test;
     int fautes = essaie(nombre, seule);
-    if (seule == 0) fautes += essaie_instables(nombre / 100) + essaie_soupes(nombre);
+    if (seule == 0) {
+        fautes += essaie_instables(nombre / 100) + essaie_soupes(nombre);
+        fautes += essaie_lignes_gardees(nombre) + essaie_corrections(std::max(nombre / 20, 2000));
+    }
     std::cout << "locale " << (locale != nullptr ? locale : "refused") << '\n'
               << nombre << " sheets, " << fautes << " failed, digest " << std::hex << empreinte()
               << '\n';

@@ -1,6 +1,7 @@
 // Random sheets: ordinary lines, comments, singular lines, money, functions, errors.
 #include "property/sheets.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/codepage.hpp"
@@ -177,13 +178,18 @@ void Redaction::fonction() {
 }
 
 void Redaction::erreur() {
-    const int manque = t.entre(0, 8);
+    const int manque = t.entre(0, 9);
+    const auto inconnue =
+        std::find_if(variables.begin() + 1, variables.end(), [](const Variable& v) { return !v.definie; });
     if (manque == 0 && !statx_vu)
         ligne("TRISTATX");
     else if (manque == 1 && !statxy_vu)
         ligne("RESXY(1,2)", t.une_fois_sur(2) ? " = 5" : "");
     else if (manque == 2 && !fonction_vue)
         ligne("1+FON(2)");
+    else if (manque == 3 && inconnue != variables.end())
+        ligne(lettre_de(static_cast<int>(inconnue - variables.begin())) + "+1",
+              t.une_fois_sur(2) ? " = variable Q non définie"_fr : "");
     else
         ligne(std::string(t.un_de(kErreurs)), t.une_fois_sur(4) ? " = 5" : "");
     if (!echouee) feuille.attendues = variables;

@@ -65,27 +65,6 @@ Defaut compare_passes(const Essai& essai, const Lignes& feuille,
     return {};
 }
 
-// "DÉFINIE" holds FIN: at the second pass the failed line is cut and not calculated, and the sheet
-// goes on below it; at the third it fails again.
-Defaut variable_non_definie(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes(), queue = essai.quelques_lignes();
-    const Vue vue = essai.neuf(tete);
-    char lettre = 'A';
-    while (lettre < 'Z' && vue.definie[static_cast<std::size_t>(lettre - 'A' + 1)]) ++lettre;
-    const std::string nom(1, lettre);
-    const std::string formules[] = {nom + "+1", "2" + nom, "SIN(" + nom + ")", "Z=1+" + nom + "^2"};
-    const std::string formule = lettre == 'Z' ? nom + "*2" : essai.t.un_de(formules);
-    const Lignes avant = lignes_de(vue.texte),
-                 echec = {formule + " = variable " + nom + cp(" non définie")};
-    const Lignes apres = calculees(essai, ensemble({tete, {formule + " = fin"}, queue}));
-    Lignes dessous(apres.begin() + static_cast<std::ptrdiff_t>(avant.size()) + 1, apres.end());
-    for (std::string& l : dessous)
-        l = std::string(sans_blancs(l));  // copied lines lose their blanks
-    return compare_passes(
-        essai, ensemble({tete, {formule}, queue}),
-        {ensemble({avant, echec, queue}), apres, ensemble({avant, echec, dessous}), apres});
-}
-
 // The total of the lines is a line like any other for the next total.
 Defaut total_en_colonne(Essai& essai) {
     essai.reglage.mode_nombre = 1;
@@ -139,22 +118,6 @@ Defaut deux_series(Essai& essai) {
         {ensemble({tete, fin}), ensemble({tete, reste, fin}), ensemble({tete, reste, reste, fin})});
 }
 
-// A heading waits for a function that never comes: the end of the sheet takes it away.
-Defaut entete_a_la_fin(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes();
-    const Lignes attendu = ensemble({calculees(essai, tete), {""}});
-    const char* entete = essai.t.une_fois_sur(2) ? "INCX(1,1,3) ! table" : "AIRX(0,2,2)";
-    return compare_passes(essai, ensemble({tete, {entete}}), {attendu, attendu});
-}
-
-// Two headings one below the other: the first one goes.
-Defaut deux_entetes(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes();
-    const Lignes suite = {"AIRT(0,2,3)", "T^2"};
-    const Lignes attendu = calculees(essai, ensemble({tete, suite}));
-    return compare_passes(essai, ensemble({tete, {"INCX(1,1,3)"}, suite}), {attendu, attendu});
-}
-
 Defaut fonction_sans_egal(Essai& essai) {
     const Lignes tete = essai.quelques_lignes(), queue = essai.quelques_lignes();
     const Lignes avant = calculees(essai, tete);
@@ -171,22 +134,6 @@ Defaut fonction_sans_egal(Essai& essai) {
         return d;
     const Lignes stable = avec("DEFFON X = manque le =");
     return compare_passes(essai, ensemble({tete, {"DEFFON X"}, queue}), {stable, stable});
-}
-
-// The function of a tabulation fails: the line below it joins it, since the line end was the
-// table's.
-Defaut fonction_de_table_en_erreur(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes(), queue = essai.quelques_lignes();
-    const Lignes avant = calculees(essai, tete);
-    const Lignes reste(queue.begin() + 1, queue.end());
-    if (Defaut d = compare("function and next line",
-                           essai.neuf(ensemble({tete, {"INCX(1,1,3)", "X/0"}, queue})).texte,
-                           ensemble({avant, {"INCX(1,1,3)", "X/0" + queue[0]}, reste}));
-        !d.empty())
-        return d;
-    return compare("function at the end",
-                   essai.neuf(ensemble({tete, {"INCX(1,1,3)", "X/0"}})).texte,
-                   ensemble({avant, {"INCX(1,1,3)", "X/0", ""}}));
 }
 
 // A tabulation of no rows writes what the block held before: nothing, which is an empty line more
@@ -233,51 +180,17 @@ Defaut mot_statx_en_remarque(Essai& essai) {
                           {{ligne, ""}, {ligne, "", ""}, {ligne, "", "", ""}});
 }
 
-// The refused word carries an "=" then, and an old block below it is copied as it stands.
-Defaut tri_refuse(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes();
-    const Lignes ancien = {"1, 2, 3", cp("fin résultat TriStatX"), "7+1"};
-    const Lignes attendu =
-        ensemble({calculees(essai, tete), {cp("TRISTATX =statx non présent")}, ancien});
-    const char* ligne = essai.t.une_fois_sur(2) ? "TRISTATX" : "TRISTATX = 3";
-    return compare_passes(essai, ensemble({tete, {ligne}, ancien}), {attendu, attendu});
-}
-
-// The two lists of a bare STATXY are held back: without the second, or with lists of other lengths,
-// nothing writes them.
-Defaut listes_incompletes(Essai& essai) {
-    const Lignes tete = essai.quelques_lignes();
-    const Lignes avant = calculees(essai, tete);
-    const Lignes seule = ensemble({avant, {"STATXY"}}), ouverte = ensemble({avant, {"STATXY", ""}});
-    if (Defaut d = compare_passes(essai, ensemble({tete, {"STATXY"}}), {ouverte, seule, ouverte});
-        !d.empty())
-        return d;
-    if (Defaut d = compare_passes(essai, ensemble({tete, {"STATXY", "1,2"}}), {seule, ouverte});
-        !d.empty())
-        return d;
-    const Vue vue = essai.neuf(ensemble({tete, {"STATXY", "1,2,3", "4,5", "7+1"}}));
-    if (vue.messages.size() < 2 || vue.messages[0] != cp("Nombre des x=3 différent des y= 2"))
-        return "the counts were not said";
-    return compare("lists of other lengths", vue.texte, ensemble({avant, {"STATXY7+1"}}));
-}
-
 struct Genre {
     const char* nom;
     Defaut (*essaie)(Essai&);
 };
-constexpr Genre kGenres[] = {{"undefined variable", variable_non_definie},
-                             {"column total", total_en_colonne},
+constexpr Genre kGenres[] = {{"column total", total_en_colonne},
                              {"two data sets", deux_series},
-                             {"heading at the end", entete_a_la_fin},
-                             {"two headings", deux_entetes},
                              {"function without equals sign", fonction_sans_egal},
-                             {"failing function of a table", fonction_de_table_en_erreur},
                              {"refused table", table_refusee},
                              {"matrix alone", matrice_seule},
                              {"FIN in an old result", fin_dans_le_resultat},
-                             {"STATX in a comment", mot_statx_en_remarque},
-                             {"refused sort", tri_refuse},
-                             {"lists not complete", listes_incompletes}};
+                             {"STATX in a comment", mot_statx_en_remarque}};
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "engine/context.hpp"
 #include "property/checks.hpp"
+#include "property/kept.hpp"
 #include "shell/message.hpp"
 #include "support/program.hpp"
 
@@ -95,10 +96,9 @@ bool au_milieu(const std::string& texte, std::string_view mot) {
 
 // What one sheet may leave to the next: the contents of the work matrices, the value that an
 // operator word takes where a number is due, the next random number, arguments that a heading
-// doesn't read itself, the formula that a refused letter quotes, and errors without words behind a
-// table that was broken off.
+// doesn't read itself, and the formula that a refused letter quotes.
 bool laisse_des_traces(const std::string& texte) {
-    if (moteur.muet_erreur || memoire.texte.find("interdite") != std::string::npos) return true;
+    if (memoire.texte.find("interdite") != std::string::npos) return true;
     const std::string majuscule = capitales(texte);
     for (const char* mot : {"MA", "MB", "OR", "AND", "NOT", "ALEA"})
         if (majuscule.find(mot) != std::string::npos) return true;
@@ -110,6 +110,7 @@ Defaut verifie_soupe(const Soupe& soupe) {
     const Vue une = calcule_neuf(reglage, texte, curseur);
     Defaut d = verifie_curseur(une);
     if (d.empty()) d = verifie_message(texte, une, "");
+    if (d.empty()) d = verifie_lignes_gardees(texte, une.texte);
     if (!d.empty()) return d;
     if (!meme_vue(une, calcule_neuf(reglage, texte, curseur))) return "not the same twice";
     const std::string dit = ligne_message.dernier_message;

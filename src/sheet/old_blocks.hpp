@@ -1,0 +1,22 @@
+// Recognises, below a line that makes a block of results, the whole block that an earlier pass wrote there.
+// Reads ahead in the sheet; changes nothing.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+enum class GenreBloc { table, statistiques, tri, matrice };
+
+// What stands below a line: no line of an old block, or all of it.
+struct AncienBloc {
+    int lignes = 0;            // lines of the block
+    std::size_t position = 0;  // where the line behind it begins, from 1, when there are any
+    bool fin = false;          // the block ends with the sheet
+};
+
+// Looks at the lines of `texte` from `position` (from 1) on. A block counts only when each line has the form
+// that the pass gives it and its own closing line ends it; the rows of a table close by themselves.
+AncienBloc ancien_bloc(GenreBloc genre, std::string_view texte, std::size_t position);
+
+// True when the old result that a pass cut off is the count of a sorted data set.
+bool est_compte_de_tri(std::string_view coupe);

@@ -58,6 +58,11 @@ void calcul_colonne() {
     texte += "\r\nZ=";
     if (resultat.size() > 2) texte.append(resultat, 2);
     const std::size_t fin = texte.size();
+    // The total is a line of this calculation: its result can be asked for as well.
+    if (!feuille.colonne_resultat.empty()) {
+        feuille.colonne_resultat.push_back(1);
+        feuille.texte_ecrit = texte;
+    }
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(fin, 0);
     dit(resultat);

@@ -2,7 +2,6 @@
 #include "shell/commands.hpp"
 
 #include <array>
-#include <cstdint>
 
 #include "documents/open_documents.hpp"
 #include "documents/printing.hpp"
@@ -20,6 +19,7 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/sheet.hpp"
+#include "sheet/spoken_result.hpp"
 
 namespace {
 
@@ -121,9 +121,8 @@ void mnuCalculColonneItem() { calcul_colonne(); }
 
 void MnuParleResultatItem() {
     if (annonce_item("MnuParleResultatItem")) return;
-    const std::int16_t numero = NumeroTxt(port.texte.sel_start());
-    if (feuille.nombre_ligne < 1 || numero > feuille.nombre_ligne) return;
-    dit(feuille.resultat_ligne(numero));
+    if (feuille.nombre_ligne < 1) return;
+    dit(resultat_sous_curseur());
 }
 
 bool execute_commande(std::string_view nom) {

@@ -80,6 +80,19 @@ class Screen:
         if code in self.down:
             self.down.remove(code)
 
+    def down_code(self, code):
+        """Presses the key that has this code, whatever it types."""
+        xtest.fake_input(self.display, X.KeyPress, code)
+        if code not in self.down:
+            self.down.append(code)
+        self.display.sync()
+
+    def up_code(self, code):
+        xtest.fake_input(self.display, X.KeyRelease, code)
+        if code in self.down:
+            self.down.remove(code)
+        self.display.sync()
+
     def chord(self, names):
         """Presses the keys in their order and releases the last one first."""
         keysyms = [keysym_of(name) for name in names]

@@ -108,6 +108,71 @@ TEST_CASE("what is typed or pasted is brought to the code page") {
     }
 }
 
+TEST_CASE("what is typed in front of a comment calculates") {
+    struct Cas {
+        const char* devant;
+        const char* saisi;
+        const char* accepte;
+        const char* mots;
+    };
+    const std::vector<Cas> cas = {
+        {"2", "\u2070", "^0", "^0"},
+        {"2", "\u00B9", "^1", "^1"},
+        {"2", "\u00B2", "\u00B2", ""},
+        {"2", "\u00B3", "^3", "^3"},
+        {"2", "\u2074", "^4", "^4"},
+        {"2", "\u2079", "^9", "^9"},
+        {"2", "\u207A", "^+", "^+"},
+        {"2", "\u207B", "^-", "^-"},
+        {"2", "\u207D", "^(", "^("},
+        {"2", "\u207E", "^)", "^)"},
+        {"2", "\u00B9\u2070", "^10", "^10"},
+        {"2", "\u00B2\u2070", "^20", "^20"},
+        {"10", "\u207B\u00B3", "^(-3)", ""},
+        {"x ! m", "\u00B3", "\u00B3", ""},
+        {"x ! m", "\u2074", "^4", "^4"},
+        {"2", "\u00EA", "^e", "^e"},
+        {"(A)", "\u00C2", "^A", "^A"},
+        {"t", "\u00EA", "\u00EA", ""},
+        {"", "\u00EA", "\u00EA", ""},
+        {"3 ! 2", "\u00EA", "\u00EA", ""},
+        {"2", "e\u0302", "^e", "^e"},
+        {"X", "\u0109", "^c", "^c"},
+        {"2", "\u00D7", "*", "*"},
+        {"2", "\u00B7", "*", "*"},
+        {"2", "\u00F7", "/", "/"},
+        {"2", "\u2013", "-", "-"},
+        {"2", "\u2014", "-", "-"},
+        {"! ", "\u00D7\u00B7\u00F7\u2013\u2014", "\u00D7\u00B7\u00F7\u2013\u2014", ""},
+        {"1", "\u202F", " ", ""},
+        {"2", "\u200E\u200F\uFEFF", "", ""},
+        {"2", "\u00BD", "\u00BD", "\u00BD ne se calcule pas"},
+        {"(2) ", "\u20AC", "\u20AC", "\u20AC ne se calcule pas"},
+        {"A", "\u00E9", "\u00E9", ""},
+        {"3 ! 2", "\u20AC", "\u20AC", ""},
+        {"3", "! 2\u20AC\n3\u00D74", "! 2\u20AC\n3*4", ""},
+    };
+    for (const Cas& c : cas) {
+        CAPTURE(c.devant);
+        CAPTURE(c.saisi);
+        const TexteSaisi saisi = saisit(c.saisi, c.devant);
+        CHECK_FALSE(saisi.refuse.has_value());
+        CHECK(saisi.texte == c.accepte);
+        CHECK(mots_saisie(saisi, c.saisi) == c.mots);
+    }
+}
+
+TEST_CASE("a paste is counted, or its first refused character is told by its place") {
+    const auto mots = [](const char* utf8) { return mots_collage(saisit(utf8, "")); };
+    CHECK(mots("A=1\r\nB") == "5 caractères collés");
+    CHECK(mots("\uFEFFA") == "1 caractère collé");
+    CHECK(mots("") == "rien à coller");
+    CHECK(mots("1\u202F000") == "4 caractères collés");
+    CHECK(mots("A\r\nB\rC\n1 \u2264") == "caractère refusé U+2264, ligne 4, colonne 3");
+    CHECK(mots("A=1 000") == "7 caractères collés, espace dans un nombre, ligne 1, colonne 4");
+    CHECK(mots("A\n2\u2019 5") == "6 caractères collés, \u2019 ne se calcule pas, ligne 2, colonne 2");
+}
+
 TEST_CASE("any other character is refused, and told") {
     const auto refuse = [](std::string_view utf8) { return saisit(utf8, "").refuse.value().caractere; };
     CHECK(refuse("x\u2264" "3") == 0x2264);

@@ -249,9 +249,9 @@ bool TestRepertoire() {
     return true;
 }
 
-int rang_ouvert(std::string_view nomfic, int sauf) {
+int rang_ouvert(const std::string& nomfic, int sauf) {
     for (int rang = 1; rang <= documents.nombre_document; ++rang)
-        if (rang != sauf && meme_chemin(reglages.table_ini(rang).nom, nomfic)) return rang;
+        if (rang != sauf && meme_document(reglages.table_ini(rang).nom, nomfic)) return rang;
     return 0;
 }
 

@@ -32,7 +32,7 @@ void donne_identite(int rang);           // another sheet than before is open th
 
 void InitNomRepertoire();                // nom_repertoire, at start-up
 bool dejaOuvert(const std::string& nomfic);
-int rang_ouvert(std::string_view nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
+int rang_ouvert(const std::string& nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
 void DocSuivant();
 void DocPrecedent();
 bool TestRepertoire();                   // shows the document that has become current; false: told, the

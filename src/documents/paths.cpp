@@ -50,8 +50,12 @@ bool meme_chemin(std::string_view a, std::string_view b) {
                       [&](char x, char y) { return replie(x) == replie(y); });
 }
 
+bool meme_document(const std::string& a, const std::string& b) {
+    return meme_chemin(a, b) || port.fichiers.meme_fichier(a, b);
+}
+
 std::size_t premier_point(std::string_view nom) {
-    const std::size_t dossier = nom.find_last_of(fins_dossier());
+    const std::size_t dossier = nom.find_last_of("\\/:");
     return nom.find('.', dossier == std::string_view::npos ? 0 : dossier + 1);
 }
 

@@ -23,7 +23,6 @@ namespace {
 
 constexpr Procedure kEnregistrerSous{" sur EnregistrerSous"_fr, true};
 
-constexpr std::string_view kReprise = "reprise";
 
 // The backup's name: "bak" behind the first dot of the file's name, on purpose.
 std::string nom_sauvegarde(const std::string& nom) {
@@ -32,13 +31,15 @@ std::string nom_sauvegarde(const std::string& nom) {
     return nom.substr(0, point + 1) + "bak";
 }
 
-// True for the program's own places, where it deletes and overwrites files: the working folder, that
-// of the sheets that were not taken back, the settings file.
+// True for what the program deletes and overwrites by itself: backups, working copies, recovery files,
+// sheets that were not taken back, the settings.
 bool reserve(const std::string& nom) {
     const std::string dossier = cheminSeul(nom);
-    return meme_chemin(dossier, reglages.dossier_travail) ||
-           meme_chemin(dossier, ajoutbackslash(reglages.dossier_programme + std::string(kReprise))) ||
-           meme_chemin(nom, reglages.fichier_ini);
+    for (const char* const sien : {"travail", "secours", "reprise"})
+        if (meme_document(dossier, ajoutbackslash(reglages.dossier_programme + sien))) return true;
+    const std::size_t point = premier_point(nom);
+    return (point != std::string::npos && capitales(nom.substr(point)) == ".BAK") ||
+           meme_document(nom, reglages.fichier_ini);
 }
 
 // The current name is cut, on purpose, unless that would make it the name of another file.
@@ -143,15 +144,22 @@ bool sauve_modifie() {
     return true;
 }
 
+// True when the current sheet has what its file hasn't: it differs from it, or the file has gone.
+bool a_perdre() {
+    const int rang = documents.document_courant;
+    if (documents.document_modifie(rang) != 0) return true;
+    return documents.a_son_fichier(rang) != 0 && !documents.texte(rang).empty() &&
+           !FichierExistant(ligne_courante_ini().nom);
+}
+
 }  // namespace
 
-// The user's own sheets are never overwritten by a backup.
+// An open sheet is never overwritten by a backup.
 void sauvebak() {
     const std::string& nom = ligne_courante_ini().nom;
     if (!FichierExistant(nom)) return;
     const std::string sauvegarde = nom_sauvegarde(nom);
-    const int rang = rang_du_nom(sauvegarde);
-    if (rang != 0 && rang != documents.document_courant) return;
+    if (rang_ouvert(sauvegarde, documents.document_courant) != 0) return;
     EssaieEnSilence([&] { reussit(port.fichiers.copie(nom, sauvegarde)); });
 }
 
@@ -182,7 +190,7 @@ bool enregistrersous() noexcept {
 
 bool sauvegarde() {
     documents.enregistrement_rate = false;
-    if (documents.document_modifie(documents.document_courant) == 0) return true;
+    if (!a_perdre()) return true;
     const std::string question = std::string("enregistrer sur "_fr)
                                      .append(NomFichSeul(ligne_courante_ini().nom))
                                      .append(" ?"_fr);

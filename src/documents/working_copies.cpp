@@ -71,7 +71,7 @@ std::string nom_de_copie(const std::string& nomfic) {
     std::string nom = nomfic;
     std::replace(nom.begin(), nom.end(), ':', '_');
     nom = std::string(sans_blancs(nom));
-    std::replace_if(nom.begin(), nom.end(), est_separateur, '_');
+    std::replace_if(nom.begin(), nom.end(), [](char c) { return c == '\\' || c == '/'; }, '_');
     const std::size_t longueur = vers_utf8(nom).size();
     if (longueur <= kNomMaxi && reglages.dossier_travail.size() + longueur <= kCheminMaxi)
         return nom;
@@ -163,15 +163,16 @@ FeuilleLue lit_copie_neuve(const std::string& copie) {
 
 bool lit_copie(int rang, std::string& texte) noexcept {
     return Tente(kLitNomCopie, [&] {
-        std::string lu = documents.texte(rang);
-        if (documents.copie_a_jour(rang) != 0) {
-            int echec = 0;
-            Essaie([&] { lu = sans_derniere_fin(lit_fichier_entier(documents.nom_copie(rang))); },
+        std::string garde = documents.texte(rang);
+        int echec = 0;
+        bool fidele = false;
+        if (documents.copie_a_jour(rang) != 0)
+            Essaie([&] { fidele = lit_fichier_entier(documents.nom_copie(rang)) == garde + "\r\n"; },
                    [&](int numero) { echec = numero; });
-            if (echec != 0) repare_copie(rang);
-            reussit(echec);
-        }
-        texte = std::move(lu);
+        // A copy that somebody else has changed is not the user's text.
+        if (!fidele) repare_copie(rang);
+        reussit(echec);
+        texte = std::move(garde);
     });
 }
 

@@ -346,9 +346,17 @@ int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
     return liste(dossier_lu, noms, true);
 }
 
+// Links, and names with "." and ".." in them, come to the file itself.
+bool meme_fichier(Chemin a, Chemin b) {
+    struct stat premier {}, second {};
+    return stat(vers_utf8(a).c_str(), &premier) == 0 && stat(vers_utf8(b).c_str(), &second) == 0 &&
+           premier.st_dev == second.st_dev && premier.st_ino == second.st_ino;
+}
+
 }  // namespace
 
 void installe_fichiers_reels() {
     port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,
-                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers};
+                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers,
+                     meme_fichier};
 }

@@ -417,9 +417,26 @@ int liste_dossiers(Chemin dossier_lu, std::vector<std::string>& noms) {
     return liste(dossier_lu, noms, true);
 }
 
+// What tells a file from all others. False when it isn't there.
+bool identite_fichier(Chemin chemin, BY_HANDLE_FILE_INFORMATION& qui) {
+    const Poignee fichier(CreateFileW(reel(chemin).c_str(), 0, kPartage, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    return fichier.ouverte() && GetFileInformationByHandle(fichier.h, &qui) != 0;
+}
+
+// Short names, links, and names with "." and ".." in them, come to the file itself.
+bool meme_fichier(Chemin a, Chemin b) {
+    BY_HANDLE_FILE_INFORMATION premier{}, second{};
+    return identite_fichier(a, premier) && identite_fichier(b, second) &&
+           premier.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
+           premier.nFileIndexHigh == second.nFileIndexHigh &&
+           premier.nFileIndexLow == second.nFileIndexLow;
+}
+
 }  // namespace
 
 void installe_fichiers_reels() {
     port.fichiers = {existe,  existe_dossier, lit,          remplace,       copie,
-                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers};
+                     deplace, efface,         cree_dossier, liste_fichiers, liste_dossiers,
+                     meme_fichier};
 }

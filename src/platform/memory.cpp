@@ -298,6 +298,11 @@ int liste_dossiers(Chemin dossier, std::vector<std::string>& noms) {
     return liste(dossier, noms, true);
 }
 
+bool meme_fichier(Chemin a, Chemin b) {
+    const FichierMemoire* la = objet(complete(a));
+    return la != nullptr && la == objet(complete(b));
+}
+
 // ---- Surroundings
 
 void note_fin() { entend("fin"); }
@@ -358,7 +363,7 @@ void installe_port_memoire() {
                  note_boite_comptee, note_compte},
                 {note_message},
                 {existe, existe_dossier, lit, remplace, copie, deplace, efface, cree_dossier,
-                 liste_fichiers, liste_dossiers},
+                 liste_fichiers, liste_dossiers, meme_fichier},
                 {dialogue_ouvre, dialogue_enregistre, dialogue_police, dialogue_imprimante},
                 {imprime},
                 {[] {}, note_fin, taille_ecran},

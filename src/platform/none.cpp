@@ -31,7 +31,8 @@ constexpr PortFichiers kFichiers{
     [](Chemin) -> int { return kFichierAbsent; },
     [](Chemin) -> int { return kAccesFichier; },
     [](Chemin, std::vector<std::string>&) -> int { return kDossierAbsent; },
-    [](Chemin, std::vector<std::string>&) -> int { return kDossierAbsent; }};
+    [](Chemin, std::vector<std::string>&) -> int { return kDossierAbsent; },
+    [](Chemin, Chemin) { return false; }};
 
 using Mots = std::string_view;
 constexpr PortDialogues kDialogues{[](std::string&, Mots, Mots) { return false; },

@@ -52,6 +52,7 @@ struct PortFichiers {
     int (*cree_dossier)(const std::string& chemin);
     int (*liste_fichiers)(const std::string& dossier, std::vector<std::string>& noms);
     int (*liste_dossiers)(const std::string& dossier, std::vector<std::string>& noms);
+    bool (*meme_fichier)(const std::string& a, const std::string& b);   // both exist and are one file
 };
 
 // The file dialog, the font dialog and the printer dialog; each answers false on Cancel.

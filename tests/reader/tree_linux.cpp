@@ -57,5 +57,6 @@ void installe_disque(const fs::path& racine) {
         [](Chemin c) { return reels.efface(reel(c)); },
         [](Chemin c) { return reels.cree_dossier(reel(c)); },
         [](Chemin c, Noms noms) { return reels.liste_fichiers(reel(c), noms); },
-        [](Chemin c, Noms noms) { return reels.liste_dossiers(reel(c), noms); }};
+        [](Chemin c, Noms noms) { return reels.liste_dossiers(reel(c), noms); },
+        [](Chemin a, Chemin b) { return reels.meme_fichier(reel(a), reel(b)); }};
 }

@@ -14,6 +14,8 @@
 #include <iterator>
 #include <string>
 
+#include "platform/platform.hpp"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -204,4 +206,18 @@ TEST_CASE("files: a path with accents and blanks is taken as its bytes") {
     const std::string chemin = d / "feuille d'été (2).VXT";
     CHECK(remplace_fichier(chemin, "A") == 0);
     CHECK(lu(chemin) == "A");
+}
+
+TEST_CASE("files: two paths of one file are known for it") {
+    const Dossier d;
+    ecrit(d / "a", "1");
+    ecrit(d / "b", "1");
+    fs::create_directory(d.chemin / "sous");
+    fs::create_symlink(d / "a", d / "lien");
+    installe_fichiers_reels();
+    CHECK(port.fichiers.meme_fichier(d / "a", d / "lien"));
+    CHECK(port.fichiers.meme_fichier(d / "a", d / "sous/../a"));
+    CHECK_FALSE(port.fichiers.meme_fichier(d / "a", d / "b"));
+    CHECK_FALSE(port.fichiers.meme_fichier(d / "c", d / "c"));
+    installe_port_vide();
 }

@@ -146,3 +146,43 @@ TEST_CASE("opened file: a real file stays as it is until it is saved") {
     CHECK(lu(dossier / "feuille.bak") == octets);
     fs::remove_all(dossier);
 }
+
+namespace {
+
+// The text is saved, the sheet closed, and the file opened again. What is shown then.
+std::string relu(const std::string& texte) {
+    programme_neuf();
+    evenement_chargement();
+    port.texte.pose_texte(std::string(texte));
+    evenement_texte_change();
+    memoire.reponses = {"C:\\X.VXT"};
+    evenement_menu("mnuEnregistrerItem");
+    evenement_menu("mnuFermerItem");
+    memoire.reponses = {"C:\\X.VXT"};
+    evenement_menu("mnuOuvrirItem");
+    return memoire.texte;
+}
+
+// A line end is the only thing that a text can't have otherwise.
+bool fin_de_ligne(int octet) { return octet == '\r' || octet == '\n'; }
+
+}  // namespace
+
+TEST_CASE("opened files: what the program wrote is read back as it was, for every pair of bytes") {
+    for (int a = 0; a < 256; ++a)
+        for (int b = 0; b < 256; ++b) {
+            if (fin_de_ligne(a) || fin_de_ligne(b)) continue;
+            const std::string texte{static_cast<char>(a), static_cast<char>(b)};
+            if (relu(texte) != texte) FAIL_CHECK(a << " " << b);
+        }
+    for (const char* const texte : {"! CARRÉ²", "CLASSÉ…", "3×½", "Ã©", "ï»¿x", "ÿþ", "Â\u00A0"})
+        CHECK(vers_utf8(relu(cp(texte))) == texte);
+}
+
+TEST_CASE("opened files: UTF-8 without a mark is taken only when a sheet can hold all of it") {
+    CHECK(est_unicode("é"));
+    CHECK(est_unicode("2\u03C0R"));
+    CHECK_FALSE(est_unicode("A\u22643"));
+    CHECK(est_unicode("\uFEFFA\u22643"));
+    for (const char* const texte : {"! CARRÉ²", "CLASSÉ…", "3×½"}) CHECK_FALSE(est_unicode(cp(texte)));
+}

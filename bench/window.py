@@ -5,6 +5,7 @@ import argparse
 import ctypes
 import os
 import pathlib
+import shutil
 import statistics
 import subprocess
 import sys
@@ -92,6 +93,8 @@ def find_text(pid):
 
 def measure(command, folder, keyboard, watch):
     """One run: seconds to the announcement, to the next key's answer, and of the processor."""
+    # A run that was killed has left its sheet: the next one would ask about it.
+    shutil.rmtree(pathlib.Path(command[0]).parent / "secours", ignore_errors=True)
     with open(folder / "sortie.txt", "a", encoding="utf-8") as log:
         process = subprocess.Popen(command, stdout=log, stderr=log, cwd=folder)
     try:
@@ -166,4 +169,5 @@ def main():
     return 3 if asked.strict and not held else 0
 
 
-raise SystemExit(main())
+if __name__ == "__main__":
+    raise SystemExit(main())

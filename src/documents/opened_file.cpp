@@ -10,6 +10,7 @@
 #include "base/number.hpp"
 #include "base/typed_text.hpp"
 #include "base/utf16.hpp"
+#include "documents/recovery_file.hpp"
 #include "platform/platform.hpp"
 
 namespace {
@@ -48,6 +49,13 @@ bool est_unicode(std::string_view octets) {
 std::string octets_du_fichier(std::string_view texte) {
     if (!est_unicode(texte)) return std::string(texte);
     return std::string(kMarqueExacte).append(vers_utf8(texte));
+}
+
+std::string amene_reprise(std::string_view octets) {
+    FicheReprise fiche;
+    std::string texte;
+    const bool entiere = lit_reprise(octets, fiche, texte) == EtatReprise::bonne;
+    return entiere ? texte + "\r\n" : std::string(octets);
 }
 
 std::string amene_fichier(std::string_view octets) {

@@ -16,3 +16,6 @@ std::string octets_du_fichier(std::string_view texte);
 // Those bytes as a text of the code page. What has no place in it has left a question mark, and one box
 // tells how many characters, which and where.
 std::string amene_fichier(std::string_view octets);
+
+// A recovery file as the sheet's file that it stands for; one that is damaged stays as it is.
+std::string amene_reprise(std::string_view octets);

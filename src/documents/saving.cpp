@@ -12,6 +12,7 @@
 #include "documents/open_documents.hpp"
 #include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
+#include "documents/recovery.hpp"
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/platform.hpp"
@@ -141,6 +142,7 @@ bool sauve_modifie() {
     documents.enregistrement_rate = true;
     ecrit_sous_son_nom([] {});
     documents.enregistrement_rate = false;
+    note_enregistree(documents.document_courant);
     return true;
 }
 

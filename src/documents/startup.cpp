@@ -14,6 +14,8 @@
 #include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/paths.hpp"
+#include "documents/recovery.hpp"
+#include "documents/recovery_start.hpp"
 #include "documents/saving.hpp"
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
@@ -332,10 +334,15 @@ void demarre() noexcept {
     prepare_dialogues(pas);
     prepare_feuille(pas);
     choisit_feuille(pas);
-    if (pas.nomfic == reglages.nom_sanstitre || !ouvre_feuille(pas)) ouvre_sans_titre(pas);
+    bool ouverte = false;
+    if (pas.nomfic != reglages.nom_sanstitre) ouverte = ouvre_feuille(pas);
+    if (!ouverte) ouvre_sans_titre(pas);
+    bool reprises = false;
+    pas([&] { reprises = reprend_feuilles(ouverte && !pas.commande.empty()); });
     pas([] { feuille.formule_ligne.redimensionne(1); });
     pas([] { feuille.valeur_ligne.redimensionne(1); });
     pas([] { AfficheStatus(); });
+    if (reprises) pas([] { dit_ligne_sous_curseur(); });
     oublie_changements();
 }
 
@@ -355,6 +362,7 @@ void quitter() {
         [&] { reglages.table_ini = lignes; });
     // All is saved by now: a copy that stays behind is told and doesn't keep the program open.
     Tente(kCommande, vide_dossier_travail);
+    efface_reprises();
     fenetre.fermee = true;
     port.fenetre.termine();
 }

@@ -14,6 +14,7 @@
 #include "documents/open_documents.hpp"
 #include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
+#include "documents/recovery_file.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
 
@@ -156,8 +157,9 @@ int copie_vers_copie(const std::string& nomfic, const std::string& copie) {
 
 FeuilleLue lit_copie_neuve(const std::string& copie) {
     std::string contenu = lit_fichier_entier(copie);
-    const bool etrangere = est_unicode(contenu);
-    if (etrangere) contenu = amene_fichier(contenu);
+    const bool secours = est_reprise(contenu);
+    const bool etrangere = secours || est_unicode(contenu);
+    if (etrangere) contenu = secours ? amene_reprise(contenu) : amene_fichier(contenu);
     return {sans_derniere_fin(contenu), etrangere};
 }
 

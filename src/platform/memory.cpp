@@ -303,6 +303,21 @@ bool meme_fichier(Chemin a, Chemin b) {
     return la != nullptr && la == objet(complete(b));
 }
 
+// ---- Recovery files
+
+void ecrit_reprise(Chemin chemin, std::function<std::string()> contenu) {
+    const std::string complet = complete(chemin);
+    if (memoire.echec_reprise == 0 && objet(parent(complet)) == nullptr) pose_dossier(parent(complet));
+    const int refus = memoire.echec_reprise != 0 ? memoire.echec_reprise : refus_ecriture(complet);
+    if (refus == 0) memoire.fichiers[complet] = {contenu(), false};
+    memoire.reprise_echouee = refus;
+}
+
+void efface_reprise(Chemin chemin) {
+    const std::string complet = complete(chemin);
+    if (memoire.echec_reprise == 0 && refus_lecture(complet) == 0) memoire.fichiers.erase(complet);
+}
+
 // ---- Surroundings
 
 void note_fin() { entend("fin"); }
@@ -369,5 +384,8 @@ void installe_port_memoire() {
                 {[] {}, note_fin, taille_ecran},
                 {graine_horloge, [] { return memoire.dossier_programme; },
                  [] { return memoire.dossier_courant; }, [] { return memoire.ligne_commande; },
-                 '\\', interrompt, limite_pile()}};
+                 '\\', interrompt, limite_pile()},
+                {[](void (*releve)()) { releve(); }, ecrit_reprise, efface_reprise, [] {},
+                 [] { return memoire.reprise_echouee; }, [] { return memoire.reprise_a_nous; },
+                 [] { return chiffres(++memoire.marques); }, [] { return memoire.horloge; }}};
 }

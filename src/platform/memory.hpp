@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <map>
 #include <optional>
@@ -57,6 +58,13 @@ struct Memoire {
     int echec_operation = 0;     // number of the one that fails; 0 for none
     int echec_numero = 75;       // its failure
     int echec_impression = 0;    // failure of the printer; 0: it works
+
+    // Recovery files are written at once, at the end of each event, and count as no file operation.
+    int echec_reprise = 0;       // failure of writing and deleting them; 0: it works
+    int reprise_echouee = 0;     // that of the last one written
+    bool reprise_a_nous = true;  // no other program works on the folder
+    int marques = 0;             // runs that have asked for their mark: "1", "2"...
+    std::int64_t horloge = 1'767'225'600;  // seconds since 1970: 1 January 2026
 
     std::string dossier_programme = "C:\\VOXTAB";
     std::string dossier_courant = "C:\\";  // full path

@@ -51,6 +51,15 @@ constexpr PortSysteme kSysteme{[]() -> std::uint64_t { return 1; },
                                [] { return false; },
                                nullptr};
 
+constexpr PortReprise kReprise{[](void (*)()) {},
+                               [](Chemin, std::function<std::string()>) {},
+                               [](Chemin) {},
+                               [] {},
+                               []() -> int { return 0; },
+                               [] { return false; },
+                               [] { return std::string(); },
+                               []() -> std::int64_t { return 0; }};
+
 constexpr Port kPortVide{
     kTexte,
     kBoites,
@@ -59,7 +68,8 @@ constexpr Port kPortVide{
     kDialogues,
     {[](Chemin, Chemin, double) -> int { return kAccesFichier; }},
     kFenetre,
-    kSysteme};
+    kSysteme,
+    kReprise};
 
 }  // namespace
 

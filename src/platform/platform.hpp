@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -88,6 +89,20 @@ struct PortSysteme {
     const char* limite_pile;
 };
 
+// Recovery files. An order returns at once and is carried out in its turn, beside the program's work; one
+// that has been overtaken by another for the same file is left out.
+struct PortReprise {
+    void (*bientot)(void (*releve)());                          // calls it once, within a second
+    // Makes the bytes, writes the file whole, and its folder where it is missing.
+    void (*ecrit)(const std::string& chemin, std::function<std::string()> contenu);
+    void (*efface)(const std::string& chemin);
+    void (*attend)();                                           // until every order is carried out
+    int (*echec)();                                             // failure of a file whose last write failed, or 0
+    bool (*a_nous)();                                           // no other program works on this folder
+    std::string (*marque)();                                    // unlike that of any other run
+    std::int64_t (*maintenant)();                               // seconds since 1970
+};
+
 struct Port {
     PortTexte texte;
     PortBoites boites;
@@ -97,6 +112,7 @@ struct Port {
     PortImprimante imprimante;
     PortFenetre fenetre;
     PortSysteme systeme;
+    PortReprise reprise;
 };
 
 extern Port port;

@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/recovery.hpp"
 #include "documents/startup.hpp"
 #include "editing/undo.hpp"
 #include "platform/platform.hpp"
@@ -56,16 +57,26 @@ void montre_fenetre() {
     port.fenetre.montre();
 }
 
+// Runs a command under the last guard.
+template <class Action>
+void execute(Action&& action) {
+    const CommandeEnCours en_cours;
+    Tente(kCommande, std::forward<Action>(action));
+}
+
 // Runs an event. A failure that nothing has caught shows its number and ends it. What the user has
-// typed before it and what the event changes can be taken back apart.
+// typed before it and what the event changes can be taken back apart, and what was typed is on its way to
+// the disk before a command begins that may take long.
 template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
     note_frappe();
-    Tente(kCommande, std::forward<Action>(action));
+    releve_reprises();
+    execute(std::forward<Action>(action));
     if (fenetre.fermee) return;
     note_commande();
     montre_fenetre();
+    suit_reprises();
 }
 
 // The same while the toolkit may be in the middle of a change of several parts, which is one for the
@@ -73,8 +84,9 @@ void evenement(Action&& action) {
 template <class Action>
 void frappe_en_cours(Action&& action) {
     if (fenetre.fermee) return;
-    Tente(kCommande, std::forward<Action>(action));
+    execute(std::forward<Action>(action));
     montre_fenetre();
+    suit_reprises();
 }
 
 // True when the item can be chosen.
@@ -116,15 +128,19 @@ const Controle* bouton_de(const FrappeTouche& f) {
 
 void evenement_chargement() { evenement(demarre); }
 
-// The window closes all the same when the user cancels or key help is on, on purpose: nothing is
-// written then. It stays when a sheet couldn't be saved.
+// The window closes all the same when the user cancels or key help is on, on purpose: the settings aren't
+// written then, and the next start offers the sheets that were not saved. It stays when a sheet couldn't be
+// saved.
 void evenement_fermeture() {
     documents.enregistrement_rate = false;
     evenement(quitter);
     if (fenetre.fermee || documents.enregistrement_rate) return;
+    garde_reprises();
     fenetre.fermee = true;
     port.fenetre.termine();
 }
+
+bool evenement_fin_session() { return fenetre.fermee || garde_reprises(); }
 
 void evenement_menu(std::string_view nom, int index) {
     evenement([&] {

@@ -9,6 +9,9 @@
 
 void evenement_chargement();                          // the window loads: the whole of start-up
 void evenement_fermeture();                           // the close box: quitter, then it closes all the same
+// The system's session ends: all that isn't saved goes to the recovery files, without a question. False
+// when it could not.
+bool evenement_fin_session();
 void evenement_menu(std::string_view nom, int index = 0);   // an item was chosen (index: recent file)
 void evenement_clic(std::string_view controle);       // a button or an option was clicked
 void evenement_caractere(std::string_view controle, int code);   // a key press: its character

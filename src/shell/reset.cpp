@@ -4,6 +4,7 @@
 #include "base/boxes.hpp"
 #include "documents/dialog.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/recovery.hpp"
 #include "documents/settings.hpp"
 #include "editing/search.hpp"
 #include "editing/undo.hpp"
@@ -31,6 +32,7 @@ void reinitialise_tout() {
     ligne_message = LigneMessage{};
     reglages = Reglages{};
     documents = Documents{};
+    reprise = Reprise{};
     dlg = Dlg{};
     recherche = Recherche{};
     historique = Historique{};

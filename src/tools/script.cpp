@@ -17,6 +17,7 @@
 #include "shell/window.hpp"
 #include "tools/script_hand.hpp"
 #include "tools/script_look.hpp"
+#include "tools/script_recovery.hpp"
 #include "tools/script_words.hpp"
 
 Script script;
@@ -185,6 +186,8 @@ constexpr std::array kVerbes = {
     Verbe{"presse", Sorte::action, presse},       Verbe{"lâche", Sorte::action, lache},
     Verbe{"tape", Sorte::action, tape},           Verbe{"curseur", Sorte::action, curseur},
     Verbe{"ferme", Sorte::action, ferme},         Verbe{"entend", Sorte::regard, entend},
+    Verbe{"jours", Sorte::action, jours},         Verbe{"panne_secours", Sorte::action, panne_secours},
+    Verbe{"fin_session", Sorte::action, termine_session},
     Verbe{"voit", Sorte::regard, voit},           Verbe{"ignore", Sorte::oubli, ignore},
 };
 

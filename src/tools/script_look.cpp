@@ -18,6 +18,7 @@
 #include "shell/menu_table.hpp"
 #include "shell/message.hpp"
 #include "tools/script.hpp"
+#include "tools/script_recovery.hpp"
 
 namespace {
 
@@ -248,6 +249,8 @@ constexpr std::array kRegards = {
     Regard{"taille", voit_taille},
     Regard{"absent", voit_absent},
     Regard{"présent", voit_present},
+    Regard{"secours", voit_secours},
+    Regard{"combien_secours", voit_combien},
     Regard{"document", voit_document},
     Regard{"documents", voit_documents},
     Regard{"copie", voit_copie},

@@ -5,6 +5,7 @@
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/recovery.hpp"
 #include "documents/settings.hpp"
 #include "editing/search.hpp"
 #include "engine/context.hpp"
@@ -36,9 +37,12 @@ std::string lignes_reglages() {
     return part;
 }
 
+// All but the recovery files, which follow the changed mark and have tests of their own.
 std::string tous_fichiers() {
+    const std::string secours = dossier_secours();
     std::string part;
     for (const auto& [chemin, fichier] : memoire.fichiers) {
+        if ((chemin + "\\").starts_with(secours)) continue;
         ajoute(part, chemin);
         ajoute(part, fichier.dossier);
         part += fichier.contenu + "\n";

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "documents/open_documents.hpp"
+#include "documents/recovery_file.hpp"
 #include "documents/settings.hpp"
 #include "helpers.hpp"
 #include "shell/window.hpp"
@@ -27,6 +28,7 @@ using Contenus = std::map<std::string, std::set<std::string>>;  // by path
 constexpr std::array kNumeros = {75, 76, 61, 53};
 const std::string kIni = "C:\\VOXTAB\\VOXTAB.INI";
 const std::string kTravail = "C:\\VOXTAB\\TRAVAIL\\";
+const std::string kSecours = "C:\\VOXTAB\\SECOURS\\";
 
 // Runs steps one behind the other.
 void joue(const Textes& etapes) {
@@ -115,12 +117,23 @@ void verifie_reglages(const std::string& contenu, const Contenus& contenus) {
     }
 }
 
-// Every file is an old or a new one, whole; those outside of the working folder are all there.
+bool reprise_entiere(const std::string& contenu) {
+    FicheReprise fiche;
+    std::string texte;
+    return lit_reprise(contenu, fiche, texte) == EtatReprise::bonne;
+}
+
+// Every file is an old or a new one, whole; those outside of the working folder are all there. Recovery
+// files come and go with the sheets.
 void verifie_fichiers(const Contenus& contenus, const std::set<std::string>& anciens) {
     for (const auto& [chemin, fichier] : memoire.fichiers) {
         if (fichier.dossier) continue;
         CAPTURE(chemin);
         CAPTURE(fichier.contenu);
+        if (capitales(chemin).starts_with(kSecours)) {
+            CHECK(reprise_entiere(fichier.contenu));
+            continue;
+        }
         const auto la = contenus.find(capitales(chemin));
         const bool connu = la != contenus.end() && la->second.contains(fichier.contenu);
         if (capitales(chemin) == kIni && !connu)
@@ -130,7 +143,7 @@ void verifie_fichiers(const Contenus& contenus, const std::set<std::string>& anc
     }
     for (const std::string& chemin : anciens) {
         CAPTURE(chemin);
-        CHECK((lit_memoire(chemin) || chemin.starts_with(kTravail) ||
+        CHECK((lit_memoire(chemin) || chemin.starts_with(kTravail) || chemin.starts_with(kSecours) ||
                chemin.ends_with("VERJAWS.INI")));
     }
 }

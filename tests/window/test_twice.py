@@ -3,6 +3,7 @@ settings and the working copies. Another folder, or a program that was killed, h
 import sys
 
 from pilot import Program, expect, looked_at, run, same, wait, wait_same
+from recovery import question, recovered
 
 BINARY, PLACE = sys.argv[1:3]
 OPEN_ALREADY = "VOXTAB est déjà ouvert. Revenez à sa fenêtre avec Alt+Tab, et ouvrez-y la feuille avec Ctrl+O."
@@ -59,7 +60,10 @@ def killed(p):
     p.start()
     p.type("A=3")
     p.kill()
-    p.start()
+    p.launch()
+    if recovered(p.folder):
+        p.close_box(question(1), "Alt+N")
+    p.wait_text()
     p.type("B=4")
     p.wait_sheet("B=4")
 

@@ -17,6 +17,8 @@
 #include "shell/wx/dialogs.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/printing.hpp"
+#include "shell/wx/recovery.hpp"
+#include "shell/wx/session.hpp"
 #include "shell/wx/single_instance.hpp"
 #include "shell/wx/surroundings.hpp"
 #include "shell/wx/system.hpp"
@@ -24,6 +26,8 @@
 namespace {
 
 constexpr std::string_view kImprimeVers = "--imprime-vers=";   // for the tests: PDF instead of printer
+
+constexpr std::string_view kSansReprise = "--sans-reprise";    // for the measures: no recovery files
 
 constexpr std::string_view kAide =
     "voxtab [FEUILLE]\n"
@@ -36,6 +40,7 @@ constexpr std::string_view kDejaOuvert =
 
 std::vector<std::string> arguments;   // of the command line, in UTF-8, without the options
 std::string fichier_pdf;              // where printing goes, "" for a printer
+bool avec_reprise = true;             // changed sheets have recovery files
 
 class Application : public wxApp {
 public:
@@ -50,6 +55,8 @@ public:
             return false;
         }
         installe_port();
+        if (avec_reprise) installe_reprises(dossier_a_nous());
+        suit_fin_de_session();
         evenement_chargement();
         return true;
     }
@@ -79,6 +86,8 @@ bool options_seules(const std::vector<std::string>& mots) {
         }
         if (mot.starts_with(kImprimeVers))
             fichier_pdf = mot.substr(kImprimeVers.size());
+        else if (mot == kSansReprise)
+            avec_reprise = false;
         else
             arguments.emplace_back(mot);
     }
@@ -106,6 +115,7 @@ int main(int argc, char** argv) {
     }
     reinitialise_tout();
     const int statut = wxTheApp->CallOnInit() ? wxTheApp->OnRun() : 1;
+    ferme_reprises();
     rend_dossier();
     wxEntryCleanup();
     return statut;

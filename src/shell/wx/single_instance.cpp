@@ -13,6 +13,7 @@
 namespace {
 
 std::unique_ptr<wxSingleInstanceChecker> verrou;
+bool pose = false;   // the lock is laid
 
 // The same for every way to write the folder's name.
 wxString nom_verrou(const std::string& dossier) {
@@ -36,7 +37,10 @@ bool prend_dossier(const std::string& dossier) {
     const wxLogNull sans_message;
     verrou = std::make_unique<wxSingleInstanceChecker>();
     // Where no lock can be laid, on a full disk, the program opens all the same.
-    return !verrou->Create(nom_verrou(dossier), dossier_verrou(dossier)) || !verrou->IsAnotherRunning();
+    pose = verrou->Create(nom_verrou(dossier), dossier_verrou(dossier));
+    return !pose || !verrou->IsAnotherRunning();
 }
+
+bool dossier_a_nous() { return pose; }
 
 void rend_dossier() { verrou.reset(); }

@@ -7,4 +7,6 @@
 // Takes that folder (UTF-8) until the program ends. False when a running program has it; a program that
 // was killed has not.
 bool prend_dossier(const std::string& dossier);
+// Whether it is certain, once taken, that no other program has it: where no lock could be laid it isn't.
+bool dossier_a_nous();
 void rend_dossier();

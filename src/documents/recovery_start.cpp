@@ -1,0 +1,276 @@
+// The start after a stop: the question, the sheets opened at rows of their own, or set aside in the folder
+// "reprise". A recovery file goes only when its sheet is saved, closed or set aside: what can't be read
+// or opened is told and stays.
+#include "documents/recovery_start.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "documents/failures.hpp"
+#include "documents/open_documents.hpp"
+#include "documents/paths.hpp"
+#include "documents/recovery.hpp"
+#include "documents/settings.hpp"
+#include "documents/working_copies.hpp"
+#include "platform/platform.hpp"
+
+namespace {
+
+constexpr std::size_t kNomsDits = 3;         // names that a box tells
+constexpr std::size_t kNomGarde = 60;        // bytes of a sheet's name that the file set aside keeps
+constexpr std::size_t kTailleDate = 10;      // "2026-01-31"
+constexpr std::string_view kExtension = ".VXT";
+
+// A recovery file that was found.
+struct Trouvee {
+    std::string chemin;
+    FicheReprise fiche;
+    std::string texte;
+};
+
+struct Trouvailles {
+    std::vector<Trouvee> feuilles;           // in the order of their rows
+    std::vector<std::string> illisibles;     // names of the others
+};
+
+// Names in a folder that may not be there. Hidden ones are the system's, or halves of a file.
+std::vector<std::string> noms_du_dossier(const std::string& dossier) {
+    std::vector<std::string> noms;
+    if (!port.fichiers.existe_dossier(Sansbackslash(dossier))) return noms;
+    reussit(port.fichiers.liste_fichiers(dossier, noms));
+    std::erase_if(noms, [](const std::string& nom) { return nom.starts_with('.'); });
+    return noms;
+}
+
+Trouvailles cherche_feuilles() {
+    Trouvailles t;
+    const std::string dossier = dossier_secours();
+    for (const std::string& nom : noms_du_dossier(dossier)) {
+        Trouvee trouvee{dossier + nom, {}, {}};
+        std::string octets;
+        const bool lue = port.fichiers.lit(trouvee.chemin, octets) == 0;
+        if (lue && lit_reprise(octets, trouvee.fiche, trouvee.texte) == EtatReprise::bonne)
+            t.feuilles.push_back(std::move(trouvee));
+        else
+            t.illisibles.push_back(nom);
+    }
+    std::stable_sort(t.feuilles.begin(), t.feuilles.end(), [](const Trouvee& a, const Trouvee& b) {
+        return std::pair(a.fiche.rang, a.fiche.numero) < std::pair(b.fiche.rang, b.fiche.numero);
+    });
+    return t;
+}
+
+std::string nombre(std::size_t n) { return chiffres(static_cast<long long>(n)); }
+
+// ---- Oui
+
+// The row behind the open ones that has this name, or 0.
+int rang_recent(const std::string& nom) {
+    for (int rang = documents.nombre_document + 1; rang <= kDocumentsMaxi; ++rang)
+        if (meme_chemin(reglages.table_ini(rang).nom, nom)) return rang;
+    return 0;
+}
+
+// The start has opened an untitled sheet because it had to open something.
+bool premiere_vide() {
+    return documents.nombre_document == 1 && documents.document_modifie(1) == 0 &&
+           reglages.table_ini(1).nom == reglages.nom_sanstitre && port.texte.texte().empty();
+}
+
+// The row for a sheet: its own where its file is open already, that of the empty first sheet, a new one.
+// 0 where it would take another one's place.
+int choisit_rang(const std::string& nom) {
+    if (const int rang = rang_ouvert(nom); rang != 0 && !(nom == reglages.nom_sanstitre && premiere_vide()))
+        return documents.document_modifie(rang) == 0 ? rang : 0;
+    if (premiere_vide()) return 1;
+    return documents.nombre_document == kDocumentsMaxi ? 0 : documents.nombre_document + 1;
+}
+
+// The row takes the sheet's name and cursor, and the bookmark of the recent file of that name.
+void prend_ligne(int rang, const std::string& nom, const FicheReprise& fiche) {
+    article ligne = reglages.article_vide;
+    ligne.nom = nom;
+    if (rang_ouvert(nom) == rang) ligne.champ3 = reglages.table_ini(rang).champ3;
+    if (const int recent = nom == reglages.nom_sanstitre ? 0 : rang_recent(nom); recent != 0) {
+        ligne.champ3 = reglages.table_ini(recent).champ3;
+        efface_nomdoc(recent);
+    }
+    ligne.champ1 = vers_32_tronque(static_cast<double>(fiche.curseur));
+    ligne.champ2 = vers_32_tronque(static_cast<double>(fiche.longueur));
+    if (rang > documents.nombre_document) {
+        ++documents.nombre_document;
+        reglages.article_courant = ligne;
+        insert_nomdoc(rang);
+    }
+    reglages.table_ini(rang) = ligne;
+}
+
+// Opens a sheet at that row. Its text is in memory: a copy that can't be written costs nothing.
+void ouvre_a(int rang, const Trouvee& t, const std::string& nom) {
+    prend_ligne(rang, nom, t.fiche);
+    rangenomcopie(nom, rang);
+    documents.texte(rang) = t.texte;
+    documents.copie_a_jour(rang) = 0;
+    EssaieEnSilence([&] { ecrit_copie(rang); });
+    donne_identite(rang);
+    documents.document_modifie(rang) = 1;
+    documents.a_son_fichier(rang) = !t.fiche.nom.empty();
+    FeuilleReprise& f = reprise.feuilles[documents.identite(rang)];
+    f = {t.chemin, t.fiche, std::make_shared<const std::string>(t.texte), false};
+    reprise.numero = std::max(reprise.numero, t.fiche.numero);
+}
+
+// Opens a sheet, or leaves everything as it was. The row, or 0.
+int ouvre(const Trouvee& t) {
+    const std::string nom = t.fiche.nom.empty() ? reglages.nom_sanstitre : t.fiche.nom;
+    const int rang = choisit_rang(nom);
+    if (rang == 0) return 0;
+    Documents avant = documents;
+    Table<article> lignes = reglages.table_ini;
+    if (EssaieEnSilence([&] { ouvre_a(rang, t, nom); })) return rang;
+    std::swap(documents, avant);
+    std::swap(reglages.table_ini, lignes);
+    return 0;
+}
+
+void montre(int rang, const Trouvee& t) {
+    documents.document_courant = static_cast<std::int16_t>(rang);
+    montre_feuille(t.texte);
+    reprise.montree = documents.identite(rang);
+}
+
+// Opens what can be opened. The sheet shown is the one that was shown last, unless the user has named
+// another. The number of sheets left in their files.
+std::size_t ouvre_toutes(const std::vector<Trouvee>& feuilles, bool donnee, bool& ouvertes) {
+    std::size_t restent = 0;
+    std::uint64_t plus_haut = 0;
+    for (const Trouvee& t : feuilles) {
+        const int rang = ouvre(t);
+        if (rang == 0) {
+            ++restent;
+            continue;
+        }
+        if (donnee ? rang == 1 : !ouvertes || t.fiche.numero > plus_haut) montre(rang, t);
+        plus_haut = std::max(plus_haut, t.fiche.numero);
+        ouvertes = true;
+    }
+    return restent;
+}
+
+// ---- Non
+
+std::string date(std::int64_t secondes) {
+    const std::chrono::sys_seconds moment{std::chrono::seconds{secondes}};
+    const std::chrono::year_month_day jour{std::chrono::floor<std::chrono::days>(moment)};
+    const auto deux = [](unsigned n) { return (n < 10 ? "0" : "") + chiffres(n); };
+    return chiffres(static_cast<int>(jour.year())) + "-" + deux(static_cast<unsigned>(jour.month())) +
+           "-" + deux(static_cast<unsigned>(jour.day()));
+}
+
+// A name for the sheet in the folder "reprise": its own, the day, and a number from the second on.
+std::string nom_de_cote(const Trouvee& t) {
+    const std::string nom = NomFichSeul(t.fiche.nom);
+    std::string debut(sans_blancs(std::string_view(nom).substr(0, nom.find('.')).substr(0, kNomGarde)));
+    if (debut.empty()) debut = "sans titre";
+    (debut += ' ') += date(port.reprise.maintenant());
+    std::string essai = dossier_reprise() + debut;
+    for (std::size_t n = 2; port.fichiers.existe(essai + std::string(kExtension)); ++n)
+        essai = dossier_reprise() + debut + " " + nombre(n);
+    return essai.append(kExtension);
+}
+
+// Moves each sheet aside, as it is. The number of those that stay where they are.
+std::size_t met_de_cote(const std::vector<Trouvee>& feuilles) {
+    const std::string dossier = Sansbackslash(dossier_reprise());
+    if (!port.fichiers.existe_dossier(dossier)) port.fichiers.cree_dossier(dossier);
+    return static_cast<std::size_t>(
+        std::count_if(feuilles.begin(), feuilles.end(), [](const Trouvee& t) {
+            return port.fichiers.deplace(t.chemin, nom_de_cote(t)) != 0;
+        }));
+}
+
+// The day in the name of a sheet set aside, "" for any other file.
+std::string jour_du_nom(std::string_view nom) {
+    if (!nom.ends_with(kExtension)) return "";
+    nom.remove_suffix(kExtension.size());
+    if (const std::size_t blanc = nom.rfind(' '); blanc != std::string_view::npos &&
+        nom.find_first_not_of("0123456789", blanc + 1) == std::string_view::npos)
+        nom = nom.substr(0, blanc);
+    if (nom.size() <= kTailleDate) return "";
+    const std::string_view jour = nom.substr(nom.size() - kTailleDate);
+    for (std::size_t i = 0; i < kTailleDate; ++i)
+        if (i == 4 || i == 7 ? jour[i] != '-' : jour[i] < '0' || jour[i] > '9') return "";
+    return std::string(jour);
+}
+
+// A sheet set aside that nobody has touched since. One that the user has saved there is his.
+bool intacte(const std::string& chemin) {
+    std::string octets;
+    FicheReprise fiche;
+    std::string texte;
+    return port.fichiers.lit(chemin, octets) == 0 &&
+           lit_reprise(octets, fiche, texte) == EtatReprise::bonne;
+}
+
+// Deletes what was set aside too long ago, and the oldest ones of too many.
+void allege_dossier_reprise() {
+    std::vector<std::pair<std::string, std::string>> gardees;   // day and name
+    for (const std::string& nom : noms_du_dossier(dossier_reprise()))
+        if (std::string jour = jour_du_nom(nom); !jour.empty()) gardees.emplace_back(std::move(jour), nom);
+    std::sort(gardees.begin(), gardees.end());
+    const std::string limite = date(port.reprise.maintenant() - kJoursGardes * 86'400);
+    std::size_t nombre_garde = gardees.size();
+    for (const auto& [jour, nom] : gardees) {
+        if (jour >= limite && nombre_garde <= kFeuillesGardees) break;
+        const std::string chemin = dossier_reprise() + nom;
+        if (intacte(chemin) && port.fichiers.efface(chemin) == 0) --nombre_garde;
+    }
+}
+
+// ---- What is told
+
+void dit_restantes(std::size_t restent) {
+    if (restent == 0) return;
+    port.boites.boite(nombre(restent).append(
+        restent == 1 ? " feuille reste dans le dossier secours ; elle sera proposée au prochain démarrage."_fr
+                     : " feuilles restent dans le dossier secours ; elles seront proposées au prochain "
+                       "démarrage."_fr));
+}
+
+void dit_illisibles(const std::vector<std::string>& noms) {
+    if (noms.empty()) return;
+    std::string mots = nombre(noms.size());
+    mots += noms.size() == 1
+                ? " fichier du dossier secours n'est pas une copie de secours entière ; il y reste : "_fr
+                : " fichiers du dossier secours ne sont pas des copies de secours entières ; ils y "
+                  "restent : "_fr;
+    for (std::size_t i = 0; i < std::min(noms.size(), kNomsDits); ++i)
+        (mots += i == 0 ? "" : ", ") += noms[i];
+    if (noms.size() > kNomsDits) mots += ", et d'autres";
+    port.boites.boite(mots);
+}
+
+}  // namespace
+
+bool reprend_feuilles(bool donnee) {
+    if (!port.reprise.a_nous()) return false;
+    const Trouvailles t = cherche_feuilles();
+    bool ouvertes = false;
+    if (!t.feuilles.empty()) {
+        const std::string question = std::string("La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre "_fr)
+                                         .append(nombre(t.feuilles.size()))
+                                         .append(" feuille(s) ?");
+        dit_restantes(port.boites.oui_non(question) ? ouvre_toutes(t.feuilles, donnee, ouvertes)
+                                                    : met_de_cote(t.feuilles));
+    }
+    dit_illisibles(t.illisibles);
+    allege_dossier_reprise();
+    return ouvertes;
+}

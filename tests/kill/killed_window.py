@@ -1,0 +1,140 @@
+"""The real window is killed at many random moments while it types, calculates, switches between two sheets
+and saves: each next start offers what was typed up to two seconds before.
+   run VOXTAB ../kill/killed_window.py [--kills N] [--seed S]"""
+import argparse
+import os
+import pathlib
+import random
+import signal
+import sys
+import threading
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
+
+from pilot import Failed, Program, expect, has, role, same, wait  # noqa: E402
+from recovery import question, recovered  # noqa: E402
+
+BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
+LONGEST = 4.0    # seconds from a start to the kill
+SEEN = 20.0      # seconds after which a line that was typed must be seen
+
+
+class Typist:
+    """Types into one program until it is killed, and notes what was typed when."""
+
+    def __init__(self, program, chance):
+        self.p, self.chance = program, chance
+        self.typed = []          # (moment, mark) of each line, once the program has dealt with it
+        self.marks = 0
+        self.lag = 0.0           # seconds that the slowest file was behind, as far as seen
+
+    def line(self):
+        """One line with a mark of its own, at the end of the sheet."""
+        self.marks += 1
+        mark = f"{self.marks}*10"
+        self.p.key("Ctrl+Fin")
+        self.p.type(mark + "¶")
+        wait(lambda: mark in lines_of(self.p.sheet()), f"{mark} in the sheet", SEEN)
+        self.typed.append((time.monotonic(), mark))
+
+    def act(self):
+        what = self.chance.random()
+        if what < 0.7:
+            self.line()
+        elif what < 0.8:
+            self.p.key("Alt+C")
+        elif what < 0.9:
+            self.p.key("F6")
+        elif "SANSTITRE" not in self.p.title():
+            self.p.key("Ctrl+S")
+
+    def type_until_killed(self):
+        """The result: the moment of the kill."""
+        killed = []
+
+        def kill():
+            killed.append(time.monotonic())
+            os.kill(self.p.process.pid, signal.SIGKILL)
+
+        timer = threading.Timer(self.chance.uniform(0.2, LONGEST), kill)
+        timer.start()
+        try:
+            while self.p.running():
+                self.act()
+        except Exception:                      # what the program left unanswered when it was killed
+            if not killed:
+                timer.cancel()
+                raise
+        timer.join()
+        self.p.process.wait()
+        self.p.screen.release_all()
+        return killed[0]
+
+
+def lines_of(text):
+    return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
+
+
+def offered(p, sheet):
+    """Starts the program and takes back what it offers: all lines that the user has then."""
+    p.launch()
+    left = len(recovered(p.folder))
+    if left:
+        p.wait_box(question(left))
+        p.key("Alt+O")
+    p.wait_text()
+    lines = lines_of(sheet.read_bytes().decode("cp1252"))
+    shown = set()
+    while p.title() not in shown:
+        shown.add(p.title())
+        lines |= lines_of(p.sheet())
+        p.key("F6")
+    same(len(shown), max(left, 1), "sheets that are open")
+    p.key("Ctrl+Fin")
+    p.key("Entrée")          # behind a line that the kill cut short
+    return lines
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("binary")
+    parser.add_argument("place")
+    parser.add_argument("--kills", type=int, default=6)
+    parser.add_argument("--seed", type=int, default=20260101)
+    asked = parser.parse_args()
+    p = Program(asked.binary, asked.place, "killed")
+    sheet = p.folder / "feuille.VXT"
+    sheet.write_bytes(b"1+1\r\n")
+    typist = Typist(p, random.Random(asked.seed))
+    p.start(sheet)
+    p.key("Ctrl+N")
+    lost = offers = 0
+    for number in range(1, asked.kills + 1):
+        moment = typist.type_until_killed()
+        due = [mark for typed, mark in typist.typed if typed < moment - BEHIND]
+        lines = offered(p, sheet)
+        missing = [mark for mark in due if mark not in lines]
+        late = [typed for typed, mark in typist.typed if mark not in lines]
+        if late:
+            typist.lag = max(typist.lag, moment - min(late))
+        typist.typed = [one for one in typist.typed if one[1] in lines]
+        offers += len(due)
+        if missing:
+            lost += 1
+            print(f"FAILED  kill {number}: not offered: {missing}", flush=True)
+        if "SANSTITRE" not in p.title() and len(lines) > 60:     # two sheets again, and short ones
+            p.key("Ctrl+S")
+        if p.panel(2) == "feuille 1" and number % 2:
+            p.key("Ctrl+N")
+            if p.dialog() is not None:
+                p.key("Entrée")
+                p.wait_text()
+    same(p.errors(), [], "complaints of the toolkit")
+    p.kill()
+    print(f"{asked.kills} kills, {typist.marks} lines typed, {offers} due and looked for, {lost} kills with a "
+          f"loss; the last file at most {typist.lag:.2f} s behind")
+    raise SystemExit(1 if lost or not offers else 0)
+
+
+main()

@@ -1,0 +1,40 @@
+"""Recovery files as docs/formats.md tells them, and the question about them at the start."""
+import pathlib
+import re
+
+
+def question(count):
+    return f"La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre {count} feuille(s) ?"
+
+
+def checksum(data):
+    """FNV-1a of 64 bits."""
+    value = 0xCBF29CE484222325
+    for byte in data:
+        value = (value ^ byte) * 0x100000001B3 & 0xFFFFFFFFFFFFFFFF
+    return f"{value:016x}"
+
+
+def parse(data):
+    """The lines of the head by their words, and the text. Fails on a file that isn't whole."""
+    head, text = data.split(b"\r\n\r\n", 1)
+    lines, last = head.rsplit(b"\r\n", 1)
+    fields = dict(line.partition(" ")[::2] for line in lines.decode("cp1252").split("\r\n"))
+    length, name = re.fullmatch(r"(\d+) (.*)", fields["nom"]).groups()
+    assert int(length) == len(name) and int(fields["octets"]) == len(text), fields
+    assert last.decode() == "somme " + checksum(lines + b"\r\n" + text), fields
+    return {**fields, "nom": name}, text.decode("cp1252")
+
+
+def recovered(folder):
+    """Head and text of each recovery file beside the program, in the order of their writing."""
+    place = pathlib.Path(folder) / "secours"
+    found = []
+    for path in place.iterdir() if place.is_dir() else []:
+        if path.name.startswith("."):
+            continue
+        try:
+            found.append(parse(path.read_bytes()))
+        except FileNotFoundError:      # it has just gone
+            pass
+    return sorted(found, key=lambda one: int(one[0]["numero"]))

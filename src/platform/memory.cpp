@@ -376,7 +376,7 @@ void installe_port_memoire() {
     port = Port{{lit_texte, pose_texte, lit_sel_start, lit_sel_length, pose_selection},
                 {note_boite, demande_oui_non, demande_oui_non_annuler, repond, note_bip,
                  note_boite_comptee, note_compte},
-                {note_message},
+                {note_message, [](Mots texte) { memoire.annonces.emplace_back(texte); }},
                 {existe, existe_dossier, lit, remplace, copie, deplace, efface, cree_dossier,
                  liste_fichiers, liste_dossiers, meme_fichier},
                 {dialogue_ouvre, dialogue_enregistre, dialogue_police, dialogue_imprimante},

@@ -45,6 +45,7 @@ struct Memoire {
     std::size_t sel_length = 0;         // bytes
     std::vector<Entendu> journal;       // all that was heard, in order
     std::vector<std::string> messages;  // as displayed, in order
+    std::vector<std::string> annonces;  // told to the screen reader beside the messages, in order
     std::vector<std::string> boites;    // texts of the boxes, in order, those that a pass counts too
     std::vector<Saisie> saisies;        // entry boxes, in order
     // Answers to come, one a question: text of the entry box, file name, "oui" or "non", "Nom;12.5"

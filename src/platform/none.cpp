@@ -63,7 +63,7 @@ constexpr PortReprise kReprise{[](void (*)()) {},
 constexpr Port kPortVide{
     kTexte,
     kBoites,
-    {[](std::string_view) {}},
+    {[](std::string_view) {}, [](std::string_view) {}},
     kFichiers,
     kDialogues,
     {[](Chemin, Chemin, double) -> int { return kAccesFichier; }},

@@ -34,9 +34,11 @@ struct PortBoites {
     void (*boite_du_compte)(std::string_view texte);            // one OK button: how many there were
 };
 
-// The message line: called once per `message` with the text displayed.
+// The message line, called once per `message` with the text displayed; and words that are told to the
+// screen reader beside it.
 struct PortMessage {
     void (*etiquette)(std::string_view texte);
+    void (*annonce)(std::string_view texte);
 };
 
 // Files and folders. Paths are Windows-1252 with the system's separators; a path of a folder may end

@@ -10,6 +10,7 @@
 #include "base/failure.hpp"
 #include "documents/settings.hpp"
 #include "platform/platform.hpp"
+#include "shell/message.hpp"
 #include "shell/window.hpp"
 
 Couleurs couleurs;
@@ -55,6 +56,19 @@ void ferme_liste() {
     fenetre.txt.actif = true;
 }
 
+// The words of a colour of the palette, as the list has them.
+std::string_view mots_couleur(int indice) {
+    for (const LigneCouleur& ligne : kLignesCouleur)
+        if (ligne.indice == indice) return ligne.mots;
+    return "";
+}
+
+// Tells which colours the text has now.
+void dit_couleurs() {
+    souffle(std::string("caractères "_fr).append(mots_couleur(fenetre.txt_couleur)) +
+            std::string(", arrière plan "_fr).append(mots_couleur(fenetre.txt_fond)));
+}
+
 // The two colours that were chosen, on the text and in the settings, unless they are the same.
 void applique_couleurs() {
     if (couleurs.couleur_premier_plan == couleurs.couleur_arriere_plan) {
@@ -65,6 +79,7 @@ void applique_couleurs() {
     fenetre.txt_fond = couleurs.couleur_arriere_plan;
     Tente(kArrierePlan, [] { reglages.table_ini(kLignePolice).champ1 = fenetre.txt_couleur; });
     Tente(kArrierePlan, [] { reglages.table_ini(kLignePolice).champ2 = fenetre.txt_fond; });
+    Tente(kArrierePlan, dit_couleurs);
 }
 
 }  // namespace

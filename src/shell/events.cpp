@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -106,10 +108,52 @@ void caractere_texte(int code) {
     }
 }
 
+// Escape on a button, out of the view that it stands in: to the sheet.
+void revient_a_la_feuille() {
+    if (fenetre.FrameAngle.visible) return CmdAngle();
+    if (fenetre.Liste.visible) return RetourListe();
+    if (fenetre.CmdVoxtab.visible || documents.liste_fonction_active) CmdVoxtab();
+    donne_focus(fenetre.txt);
+}
+
+// Tells where the user is, in a view without the text.
+void dit_la_vue() {
+    if (fenetre.FrameAngle.visible)
+        souffle(fenetre.FrameAngle.texte);
+    else if (!fenetre.lignes_liste.empty())
+        souffle(fenetre.lignes_liste.front());
+}
+
+// A character on a button or an option. What is typed there goes to the text; the front end types it.
+void caractere_ailleurs(int code) {
+    if (code == kToucheEchap)
+        revient_a_la_feuille();
+    else if (accessible(fenetre.txt))
+        donne_focus(fenetre.txt);
+    else
+        dit_la_vue();
+}
+
+// The next line of the list that begins with that letter becomes the chosen one; without one, the list
+// says what it is for.
+void cherche_dans_la_liste(int code) {
+    const std::vector<std::string>& lignes = fenetre.lignes_liste;
+    const std::size_t nombre = lignes.size();
+    const auto depuis = static_cast<std::size_t>(std::max(fenetre.index_liste, 0));
+    for (std::size_t i = 1; i <= nombre; ++i) {
+        const std::size_t rang = (depuis + i) % nombre;
+        if (rang == 0 || capitale(lignes[rang].front()) != capitale(static_cast<char>(code))) continue;
+        fenetre.index_liste = static_cast<int>(rang);
+        return;
+    }
+    if (nombre > 0) souffle(lignes.front());
+}
+
 // A character in the list of colours.
 void caractere_liste(int code) {
-    if (code == kToucheEchap) RetourListe();
-    if (code == kToucheEntree) ValideCouleur();
+    if (code == kToucheEchap) return RetourListe();
+    if (code == kToucheEntree) return void(ValideCouleur());
+    cherche_dans_la_liste(code);
 }
 
 // The button that can be reached and whose access key that is, or nullptr.
@@ -145,7 +189,10 @@ bool evenement_fin_session() { return fenetre.fermee || garde_reprises(); }
 void evenement_menu(std::string_view nom, int index) {
     evenement([&] {
         if (nom == kNomRecents) {
-            if (disponible(etat_recent(index))) mnuOuvrirSousMenuItem(index);
+            const EtatItem* item = etat_recent(index);
+            if (disponible(item)) return mnuOuvrirSousMenuItem(index);
+            // An open sheet can be heard there, not chosen.
+            if (item != nullptr && item->visible) souffle(item->libelle);
         } else if (disponible(etat_item(nom))) {
             execute_commande(nom);
         }
@@ -169,10 +216,15 @@ void evenement_clic(std::string_view nom) {
 void evenement_caractere(std::string_view nom, int code) {
     if (nom == "txt" && code != kToucheEchap) return frappe_en_cours([&] { caractere_texte(code); });
     evenement([&] {
-        if (nom == "txt") caractere_texte(code);
-        if (nom == "Liste") caractere_liste(code);
-        if (unite_option(nom) != 0 && (code == kToucheEchap || code == kToucheEntree)) CmdAngle();
+        if (nom == "txt") return caractere_texte(code);
+        if (nom == "Liste") return caractere_liste(code);
+        if (unite_option(nom) != 0 && code == kToucheEntree) return CmdAngle();
+        caractere_ailleurs(code);
     });
+}
+
+void evenement_lecture_seule() {
+    if (!aide.aide_touche) evenement([] { souffle(kLectureSeule); });
 }
 
 bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {

@@ -21,6 +21,7 @@ void evenement_touche(std::string_view controle, const FrappeTouche& frappe);   
 bool evenement_pression(std::string_view controle, const FrappeTouche& frappe);
 // The last of these: the control takes the press. True when a command ran.
 bool evenement_enfonce(std::string_view controle, const FrappeTouche& frappe);
+void evenement_lecture_seule();                       // a character in a text that can't be written
 void evenement_avant_changement();                    // the user is about to change the text
 void evenement_texte_change();                        // the user has changed it, by a key or without one
 // What is to be said of what was typed or pasted, in UTF-8: nothing when it is "". A refusal beeps.

@@ -20,3 +20,5 @@ void dit(std::string_view texte) {
     std::string copie(texte);
     message(copie);
 }
+
+void souffle(std::string_view texte) { port.message.annonce(texte); }

@@ -17,3 +17,6 @@ void message(std::string& p_message);
 
 // Says a text that the caller doesn't need back.
 void dit(std::string_view texte);
+
+// Tells the screen reader words that the message line doesn't show.
+void souffle(std::string_view texte);

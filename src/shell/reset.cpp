@@ -14,6 +14,7 @@
 #include "matrix/store.hpp"
 #include "platform/patience.hpp"
 #include "sheet/sheet.hpp"
+#include "shell/announcements.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
@@ -30,6 +31,7 @@ void reinitialise_tout() {
     definition_de_matrice = DefinitionMatrice{};
     statistiques = Statistiques{};
     ligne_message = LigneMessage{};
+    annonces = Annonces{};
     reglages = Reglages{};
     documents = Documents{};
     reprise = Reprise{};

@@ -20,12 +20,12 @@ std::string_view mots_nombre() {
     return modes.mode_affichage == 3 ? "Puissance 10"_fr : "Entier"_fr;
 }
 
+}  // namespace
+
 std::string_view mots_angle() {
     if (modes.unite_angle == 1) return "Degré"_fr;
     return modes.unite_angle == 2 ? "Radian"_fr : "Grade"_fr;
 }
-
-}  // namespace
 
 void AfficheStatus() {
     (fenetre.titre = "VOXTAB ") += sans_blancs(ligne_courante_ini().nom);

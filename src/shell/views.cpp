@@ -33,6 +33,7 @@ void montre_texte(std::string texte) {
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(1, 0);
     fenetre.txt_lecture_seule = true;
+    souffle(kLectureSeule);
     dit(extraitLigne(1));
     fenetre.CmdVoxtab.visible = true;
     fenetre.CmdModifTexte.visible = false;
@@ -96,6 +97,7 @@ void CmdAngle() {
     reglages.table_ini(kLigneAngle).champ1 = modes.unite_angle;
     AfficheStatus();
     donne_focus(fenetre.txt);
+    souffle(mots_angle());
     recalcul();
 }
 

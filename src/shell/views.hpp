@@ -3,6 +3,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+// What a text says that can be read and not written.
+inline constexpr std::string_view kLectureSeule = "lecture seule";
 
 void mnuAngleItem();             // opens the angle view
 void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated

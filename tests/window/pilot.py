@@ -246,7 +246,11 @@ class Program:
 
     def message(self):
         """What stands in the message line."""
-        return text_of(self.kept("panel", "Message").get_child_at_index(0))
+        if "message" not in self.nodes:      # the panel's name holds the message as well
+            self.nodes["message"] = wait(lambda: next(
+                (n for n in walk(self.window()) if role(n) == "panel" and
+                 n.get_name().startswith("Message : ")), None), "the message line")
+        return text_of(self.nodes["message"].get_child_at_index(0))
 
     def buttons(self):
         return buttons_of(self.window())

@@ -1,9 +1,12 @@
 // Messages to the screen reader through the accessibility of GTK: the signal "notification" where it
-// exists, otherwise the description of the control that has the focus, which is spoken and shown in
-// Braille without a prefix, also when it repeats the last one.
+// exists, otherwise the description of the control that has the focus. Its change is spoken and shown in
+// Braille without a prefix, also when it repeats the last one; at once it is empty again, so that it is
+// never read with the control itself.
 #include "shell/wx/announce.hpp"
 
 #include <gtk/gtk.h>
+
+#include "base/codepage.hpp"
 
 namespace {
 
@@ -18,6 +21,15 @@ GtkWidget* widget_lu(const wxWindow& controle) {
 
 AtkObject* objet(const wxWindow& controle) {
     return gtk_widget_get_accessible(widget_lu(controle));
+}
+
+// A widget is shown: if it is a box of the toolkit, it gets that name.
+gboolean nomme_la_boite(GSignalInvocationHint*, guint, const GValue* widget, gpointer mots) {
+    gpointer montre = g_value_get_object(widget);
+    if (GTK_IS_MESSAGE_DIALOG(montre))
+        atk_object_set_name(gtk_widget_get_accessible(GTK_WIDGET(montre)),
+                            static_cast<const std::string*>(mots)->c_str());
+    return TRUE;
 }
 
 bool sait_notifier() {
@@ -37,14 +49,58 @@ void prepare_ligne(wxStaticText&) {}
 
 bool annonce_par_le_focus() { return true; }
 
+bool titre_lu_par_le_lecteur() { return true; }
+
+// A message that repeats the last one has blanks around it; here each is told as it is. In a list the
+// reader is on the chosen line.
 void annonce(wxWindow& controle, const std::vector<std::string>& messages) {
     AtkObject* a = objet(controle);
+    const bool liste = GTK_IS_TREE_VIEW(widget_lu(controle));
+    AtkObject* const ligne = liste ? atk_selection_ref_selection(ATK_SELECTION(a), 0) : nullptr;
+    if (ligne != nullptr) a = ligne;
+    // The first change from nothing at all isn't told.
+    if (atk_object_get_description(a) == nullptr) atk_object_set_description(a, "");
     for (const std::string& utf8 : messages) {
-        if (sait_notifier())
-            g_signal_emit_by_name(a, "notification", utf8.c_str(), kPoli);
-        else
-            atk_object_set_description(a, utf8.c_str());
+        const std::string mots(sans_blancs(utf8));
+        if (sait_notifier()) {
+            g_signal_emit_by_name(a, "notification", mots.c_str(), kPoli);
+            continue;
+        }
+        atk_object_set_description(a, mots.c_str());
+        atk_object_set_description(a, "");
     }
+    if (ligne != nullptr) g_object_unref(ligne);
+}
+
+// The focus comes back from a menu or a box when the display says so: first all that has been asked of
+// the display is done, then what it answered.
+void apres_le_focus(void (*suite)()) {
+    const auto puis = [](gpointer s) -> gboolean {
+        reinterpret_cast<void (*)()>(s)();
+        return G_SOURCE_REMOVE;
+    };
+    gdk_display_sync(gdk_display_get_default());
+    g_idle_add_full(G_PRIORITY_LOW, puis, reinterpret_cast<gpointer>(suite), nullptr);
+}
+
+void suit_la_ligne(wxListBox& liste, int rang) {
+    GtkTreePath* chemin = gtk_tree_path_new_from_indices(rang, -1);
+    gtk_tree_view_set_cursor(GTK_TREE_VIEW(widget_lu(liste)), chemin, nullptr, FALSE);
+    gtk_tree_path_free(chemin);
+}
+
+// They leap over it.
+bool menu_lit_ce_qui_est_grise() { return false; }
+
+// The box bears its words as its name, so that they are in Braille too; the reader doesn't read the text
+// in it once more. The toolkit makes the box only as it shows it: it is named at that moment.
+int montre_boite_lue(wxMessageDialog& boite, const wxString& mots) {
+    std::string utf8 = mots.utf8_string();
+    const guint montre = g_signal_lookup("show", GTK_TYPE_WIDGET);
+    const gulong crochet = g_signal_add_emission_hook(montre, 0, nomme_la_boite, &utf8, nullptr);
+    const int reponse = boite.ShowModal();
+    g_signal_remove_emission_hook(montre, crochet);
+    return reponse;
 }
 
 void nomme(wxWindow& controle, const std::string& utf8) {

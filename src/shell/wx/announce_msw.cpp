@@ -160,6 +160,19 @@ void prepare_ligne(wxStaticText& ligne) {
 
 bool annonce_par_le_focus() { return false; }
 
+bool titre_lu_par_le_lecteur() { return false; }
+
+// The messages come from another window: nothing waits for the focus.
+void apres_le_focus(void (*suite)()) { suite(); }
+
+// The system tells of the line that is selected.
+void suit_la_ligne(wxListBox&, int) {}
+
+bool menu_lit_ce_qui_est_grise() { return true; }
+
+// A reader reads the words of the system's boxes.
+int montre_boite_lue(wxMessageDialog& boite, const wxString&) { return boite.ShowModal(); }
+
 // What waited until now is told first, at once: the user has gone on.
 void annonce(wxWindow&, const std::vector<std::string>& messages) {
     while (!attente.empty()) dit_le_suivant();
@@ -169,6 +182,7 @@ void annonce(wxWindow&, const std::vector<std::string>& messages) {
 }
 
 void nomme(wxWindow& controle, const std::string& utf8) {
+    controle.SetName(wxString::FromUTF8(utf8));   // in place of the toolkit's English one
     const HWND w = poignee(controle);
     noms.insert_or_assign(w, utf8);
     SetWindowSubclass(w, suit_le_controle, kSuite, 0);

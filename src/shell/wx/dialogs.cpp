@@ -32,8 +32,7 @@ int montre_boite(std::string_view texte, long style) {
         boite.SetYesNoLabels("&Oui", "&Non");
     else
         boite.SetOKLabel("OK");
-    const int reponse = boite.ShowModal();
-    return reponse;
+    return montre_boite_lue(boite, vers_wx(texte));
 }
 
 Reponse oui_non_annuler(std::string_view texte) {

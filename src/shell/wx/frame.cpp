@@ -57,12 +57,13 @@ void Cadre::cree_controles() {
     ajoute(f.Liste, liste_);
     // Alone in its panel the line labels nothing, neither a control nor a box to come.
     ligne_message_ = new wxPanel(this);
+    ligne_message_->SetCanFocus(false);
     // A message longer than the window ends in an ellipsis there; a reader has it whole.
     message_ = new wxStaticText(ligne_message_, ids::kLblMessage, "", wxDefaultPosition,
                                 wxDefaultSize, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     ajoute(f.LblMessage, message_);
     prepare_ligne(*message_);
-    nomme(*ligne_message_, "Message");
+    nomme(*ligne_message_, kNomLigneMessage);
     nomme(*txt_, "Feuille");
     nomme(*liste_, "Couleurs");
 }
@@ -89,6 +90,7 @@ void Cadre::relie_evenements() {
         if (!au_travail_ && !nom.empty()) fenetre.focus = nom;
         // An option that an arrow key leads to is the chosen one.
         if (!au_travail_ && est_option(nom)) evenement_clic(nom);
+        attend_le_focus();
         e.Skip();
     });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& e) {
@@ -97,6 +99,7 @@ void Cadre::relie_evenements() {
     });
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& e) {
         if (!e.GetActive()) oublie_touches();
+        attend_le_focus();
         e.Skip();
     });
 }
@@ -147,7 +150,7 @@ void Cadre::termine() {
 
 void installe_fenetre(Cadre& c) {
     cadre = &c;
-    port.message.etiquette = [](std::string_view texte) {
+    port.message.etiquette = port.message.annonce = [](std::string_view texte) {
         if (cadre != nullptr) cadre->note_message(texte);
     };
     port.boites.bip = [] { wxBell(); };

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/events.hpp"
 #include "shell/window.hpp"
 #include "shell/wx/menus.hpp"
 #include "shell/wx/status_bar.hpp"
@@ -25,7 +26,8 @@ public:
     Cadre();
 
     void installe_port_texte();                      // the text in the port
-    void montre();                                   // the window becomes what the data say
+    void montre();                                   // the window becomes what the data say, and tells it
+    void montre_avant_boite();                       // the same before a box; what is to be told waits
     void note_message(std::string_view texte);       // a message to tell when the window is up to date
     void termine();                                  // the program is over
 
@@ -51,17 +53,28 @@ private:
     void touche_avant(wxKeyEvent& e);
     void touche_relachee(wxKeyEvent& e);
 
+    bool touche_hors_du_texte(std::string_view nom, const FrappeTouche& frappe,
+                              wxKeyEvent& e);        // focus.cpp
+
     void montre_controle(Paire& p);                  // mirror.cpp
     void montre_legende(Paire& p);
     void montre_police(Paire& p);
     void montre_couleurs();
     void montre_liste();
     void montre_options();
-    bool focus_en_place();
+    void montre_titre();
     void montre_focus();
     void cache_controles();
-    void dit_messages(bool focus_present);
+    void ecrit_texte(bool focus_present);
+    bool met_a_jour();
+
+    void montre_ligne_message();                     // telling.cpp
     std::string ligne_du_curseur() const;
+    std::string texte_du_focus() const;
+    bool focus_en_place();
+    void prend_messages(bool focus_present);
+    void dit_messages();
+    void attend_le_focus();
 
     void place_fenetre();                            // layout.cpp
     void place_controles();
@@ -77,7 +90,8 @@ private:
     BarreEtat* etat_ = nullptr;
     BarreMenus menus_;
     std::unique_ptr<ZoneTexte> zone_;
-    std::vector<std::string> messages_;              // in UTF-8, not told yet
+    std::vector<std::string> a_dire_;                // texts in UTF-8, to be told
+    bool attend_ = false;                            // they wait for the focus
     std::vector<std::string> lignes_vues_;           // of the list, as shown
     bool alt_pris_ = false;                          // Alt is down and has served a combination
     wxRect place_vue_;                               // place of the window as the data had it, twips
@@ -85,12 +99,16 @@ private:
     bool sablier_vu_ = false;
     bool a_placer_ = true;                           // the controls must be placed again
     bool lecteur_ailleurs_ = false;                  // a screen reader is in a menu, not in the window
-    bool lecteur_rappele_ = false;                   // it has just followed the cursor to the text, silently
-    bool au_travail_ = false;                        // montre() is at work
+    bool boite_vue_ = false;                         // a box has been open during this event
+    bool titre_neuf_ = false;                        // the title has changed during this event
+    bool au_travail_ = false;                        // the window is being brought up to date
 };
 
 // The window of the program, or nullptr.
 extern Cadre* cadre;
+
+// What the panel of the message line is called, in front of the message.
+inline constexpr const char* kNomLigneMessage = "Message : ";
 
 // True for an option button of the angle view.
 inline bool est_option(std::string_view nom) { return nom.starts_with("Option"); }

@@ -55,6 +55,7 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         return;
     }
     alt_pris_ = false;
+    if (touche_hors_du_texte(nom, frappe, e)) return;
     e.Skip();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/event.h>
+#include <wx/window.h>
 
 #include "shell/events.hpp"
 
@@ -11,6 +12,9 @@ FrappeTouche frappe_de(const wxKeyEvent& evenement);
 
 // The character that a press types, 0 for none: a command's key, an arrow, Delete.
 int caractere_de(const wxKeyEvent& evenement);
+
+// The press goes to that control, which has just got the focus. Valid while that event is handled.
+void rejoue_frappe(const wxKeyEvent& evenement, wxWindow& controle);
 
 // A menu is open and has the keys, though a control keeps the focus.
 bool menu_ouvert();

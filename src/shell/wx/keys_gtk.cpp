@@ -85,5 +85,12 @@ int caractere_de(const wxKeyEvent& evenement) {
     return signe == WXK_NONE || signe == WXK_DELETE ? 0 : static_cast<int>(signe);
 }
 
+void rejoue_frappe(const wxKeyEvent&, wxWindow& controle) {
+    const std::unique_ptr<GdkEvent, LibereEvenement> e(gtk_get_current_event());
+    GtkWidget* w = controle.GetHandle();
+    if (GTK_IS_SCROLLED_WINDOW(w)) w = gtk_bin_get_child(GTK_BIN(w));
+    if (e) gtk_widget_event(w, e.get());
+}
+
 // An open menu has the keys of GTK for itself.
 bool menu_ouvert() { return false; }

@@ -57,6 +57,11 @@ int caractere_de(const wxKeyEvent& evenement) {
     return signe == WXK_NONE || signe == WXK_DELETE ? 0 : static_cast<int>(signe);
 }
 
+void rejoue_frappe(const wxKeyEvent& evenement, wxWindow& controle) {
+    PostMessageW(static_cast<HWND>(controle.GetHandle()), WM_KEYDOWN, evenement.GetRawKeyCode(),
+                 static_cast<LPARAM>(evenement.GetRawKeyFlags()));
+}
+
 bool menu_ouvert() {
     GUITHREADINFO fil{};
     fil.cbSize = sizeof fil;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "shell/wx/announce.hpp"
 #include "shell/wx/appearance.hpp"
 #include "shell/wx/ids.hpp"
 
@@ -79,7 +80,8 @@ void BarreMenus::montre_recents() {
             item = fichier_->Insert(place, id, legende);
         else if (item->GetItemLabel() != legende)
             item->SetItemLabel(legende);
-        item->Enable(etat.actif);
+        // An open sheet is heard with the arrows everywhere; choosing it only says it.
+        item->Enable(etat.actif || !menu_lit_ce_qui_est_grise());
         ++place;
     }
 }

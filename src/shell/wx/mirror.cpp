@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <utility>
 
-#include "base/codepage.hpp"
 #include "shell/wx/announce.hpp"
 #include "shell/wx/appearance.hpp"
+#include "shell/wx/text_view.hpp"
 
 namespace {
 
@@ -91,7 +91,9 @@ void Cadre::montre_liste() {
     }
     const int rang = fenetre.index_liste;
     const bool dedans = rang >= 0 && static_cast<std::size_t>(rang) < lignes_vues_.size();
-    if (dedans && liste_->GetSelection() != rang) liste_->SetSelection(rang);
+    if (!dedans || liste_->GetSelection() == rang) return;
+    liste_->SetSelection(rang);
+    suit_la_ligne(*liste_, rang);
 }
 
 void Cadre::montre_options() {
@@ -102,66 +104,56 @@ void Cadre::montre_options() {
     if (!option->GetValue()) option->SetValue(true);
 }
 
-// The window is active and the focus where the data want it, and a reader is there too.
-bool Cadre::focus_en_place() {
-    return !lecteur_ailleurs_ && IsActive() && FindFocus() == fenetre_de(fenetre.focus);
-}
-
 void Cadre::montre_focus() {
     wxWindow* voulu = fenetre_de(fenetre.focus);
     if (voulu != nullptr && voulu != FindFocus() && voulu->IsShown()) voulu->SetFocus();
 }
 
-// Each message once; the label keeps the last one. Where messages come with the control that has the
-// focus, one that is about to get it is read by itself, with its line and with what was told to it
-// before: that is when they are heard, and the line is not told twice. A reader that is in a menu while
-// the cursor moves follows it to the text and reads nothing there: then the line is told.
-void Cadre::dit_messages(bool focus_present) {
-    if (messages_.empty()) return;
-    const std::vector<std::string> messages = std::exchange(messages_, {});
-    wxWindow* voix = fenetre_de(fenetre.focus);
-    if (voix == nullptr) voix = txt_;
-    if (annonce_par_le_focus()) message_->SetLabelText(wxString::FromUTF8(messages.back()));
-    if (focus_present) {
-        annonce(*voix, messages);
-        return;
-    }
-    std::string ensemble;
-    for (const std::string& message : messages) {
-        if (voix == txt_ && !lecteur_rappele_ &&
-            sans_blancs(message) == sans_blancs(ligne_du_curseur()))
-            continue;
-        (ensemble += ensemble.empty() ? "" : ", ") += message;
-    }
-    if (!ensemble.empty()) annonce(*voix, {ensemble});
+void Cadre::montre_titre() {
+    const wxString titre = vers_wx(fenetre.titre);
+    if (titre == GetTitle()) return;
+    SetTitle(titre);
+    titre_neuf_ = titre_lu_par_le_lecteur();
 }
 
-// The line that the reader reads when the text gets the focus, in UTF-8.
-std::string Cadre::ligne_du_curseur() const {
-    long colonne = 0;
-    long ligne = 0;
-    txt_->PositionToXY(txt_->GetInsertionPoint(), &colonne, &ligne);
-    return txt_->GetLineText(ligne).utf8_string();
+// The text and the cursor. A reader that is about to come to the text would follow the cursor there
+// first, and then read nothing: it isn't told of it.
+void Cadre::ecrit_texte(bool focus_present) {
+    const bool tait = boite_vue_ || !focus_present;
+    if (tait) tait_les_changements(*txt_, true);
+    zone_->ecrit();
+    if (tait) tait_les_changements(*txt_, false);
 }
 
-void Cadre::note_message(std::string_view texte) { messages_.push_back(vers_utf8(texte)); }
-
-void Cadre::montre() {
-    if (std::exchange(au_travail_, true)) return;
-    if (const wxString titre = vers_wx(fenetre.titre); titre != GetTitle()) SetTitle(titre);
+// All but the messages. The result is true when the focus was already where it is wanted.
+bool Cadre::met_a_jour() {
+    const bool focus_present = focus_en_place();
+    montre_titre();
     menus_.montre();
     etat_->montre(fenetre.panneaux);
     for (Paire& p : paires_) montre_controle(p);
     montre_couleurs();
     montre_liste();
     montre_options();
-    lecteur_rappele_ = zone_->ecrit() && lecteur_ailleurs_ && IsActive();
+    montre_ligne_message();
     place_fenetre();
     if (!IsShown()) Show();
-    if (annonce_par_le_focus() && !focus_en_place()) dit_messages(false);
     montre_focus();
+    ecrit_texte(focus_present);
     cache_controles();
     if (std::exchange(a_placer_, false)) place_controles();
-    dit_messages(true);
+    return focus_present;
+}
+
+void Cadre::montre() {
+    if (std::exchange(au_travail_, true)) return;
+    prend_messages(met_a_jour());
+    au_travail_ = false;
+}
+
+void Cadre::montre_avant_boite() {
+    if (std::exchange(au_travail_, true)) return;
+    met_a_jour();
+    boite_vue_ = true;
     au_travail_ = false;
 }

@@ -8,7 +8,7 @@
 
 // Before the first sight of the window there is nothing to bring up to date.
 void ouvre_modal() {
-    if (cadre != nullptr && cadre->IsShown()) cadre->montre();
+    if (cadre != nullptr && cadre->IsShown()) cadre->montre_avant_boite();
 }
 
 bool en_page(const wxString& texte, std::string& sortie) {

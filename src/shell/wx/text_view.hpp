@@ -18,6 +18,9 @@ void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a);
 void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a);
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long position);
 
+// While true, a screen reader isn't told of what changes in the text, nor of a cursor that moves.
+void tait_les_changements(const wxTextCtrl& controle, bool tait);
+
 // What is typed, pasted or dropped goes through saisit(). `dit` is given what the user must hear of it,
 // in UTF-8, when the text is final, and whether it was refused. `programme` answers true while the program
 // itself writes.

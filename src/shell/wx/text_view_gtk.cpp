@@ -192,6 +192,14 @@ void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) { controle.
 
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) { controle.ShowPosition(position); }
 
+// What the toolkit tells a reader of the buffer comes from the view's accessible object.
+void tait_les_changements(const wxTextCtrl& controle, bool tait) {
+    GtkWidget* vue = gtk_bin_get_child(GTK_BIN(controle.GetHandle()));
+    const auto change = tait ? g_signal_handlers_block_matched : g_signal_handlers_unblock_matched;
+    change(tampon(controle), G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr,
+           gtk_widget_get_accessible(vue));
+}
+
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
     auto* donnees = new Saisie{std::move(filtre)};   // goes with the first connection
     GtkWidget* vue = gtk_bin_get_child(GTK_BIN(controle.GetHandle()));

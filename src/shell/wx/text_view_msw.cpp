@@ -209,6 +209,9 @@ void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) {
 
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long) { demande(controle, EM_SCROLLCARET, 0); }
 
+// A reader asks by itself what the text has become.
+void tait_les_changements(const wxTextCtrl&, bool) {}
+
 void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
     controle.SetMaxLength(0);   // otherwise a sheet ends at 32,767 characters
     const auto saisie = std::make_shared<Saisie>(Saisie{controle, std::move(filtre)});

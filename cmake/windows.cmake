@@ -4,6 +4,32 @@ add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WIN
 add_link_options(-static -Wl,--stack,536870912)   # platform/stack.hpp: kPileVoulue
 add_link_options($<$<CONFIG:Release>:-s>)
 
+# Two builds of one commit are the same file: no time of building, no folder of the build machine.
+add_link_options(-Wl,--no-insert-timestamp)
+add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${CMAKE_BINARY_DIR}=build>
+                    $<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=voxtab>)
+if(wxWidgets_DIR)
+  cmake_path(SET boite_a_outils NORMALIZE "${wxWidgets_DIR}/../../..")
+  add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${boite_a_outils}=wx/>)
+endif()
+
+# Calls through pointers go to the starts of procedures alone, where the compiler can see to that.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-mguard=cf VOXTAB_HAS_GUARD)
+if(VOXTAB_HAS_GUARD)
+  add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-mguard=cf>)
+  add_link_options(-mguard=cf)
+endif()
+
+# The version and manifest of a program of the terminal.
+function(describe_program target description)
+  string(REPLACE . , VOXTAB_VERSION_NUMBERS ${PROJECT_VERSION}.0)
+  set(VOXTAB_PROGRAM ${target})
+  set(VOXTAB_DESCRIPTION ${description})
+  configure_file(${PROJECT_SOURCE_DIR}/data/windows/terminal.rc.in ${CMAKE_BINARY_DIR}/${target}.rc @ONLY)
+  target_sources(${target} PRIVATE ${CMAKE_BINARY_DIR}/${target}.rc)
+endfunction()
+
 set(headers ${CMAKE_BINARY_DIR}/headers)
 foreach(library nlohmann CLI doctest)
   file(MAKE_DIRECTORY ${headers}/${library})

@@ -138,6 +138,30 @@ Function ${UN}Occupe
   Exch $0
 FunctionEnd
 
+; Asks the program to end, as its user would, and gives it a minute for the questions about its sheets.
+Function ${UN}DemandeDeQuitter
+  Push $0
+  Push $1
+  System::Call 'user32::FindWindowExW(p -3, p 0, w "VoxtabRemise", p 0) p .r0'
+  ${If} $0 != 0
+    System::Call 'user32::AllowSetForegroundWindow(i -1)'
+    System::Call 'user32::PostMessageW(p r0, i ${WM_CLOSE}, p 0, p 0)'
+  ${EndIf}
+  StrCpy $1 0
+  ${DoWhile} $1 < 300
+    Push "VOXTAB.EXE"
+    Call ${UN}Occupe
+    Pop $0
+    ${If} $0 == 0
+      ${ExitDo}
+    ${EndIf}
+    Sleep 200
+    IntOp $1 $1 + 1
+  ${Loop}
+  Pop $1
+  Pop $0
+FunctionEnd
+
 ; Goes on only when neither program runs.
 Function ${UN}AttendQuitte
   Push $0
@@ -150,9 +174,12 @@ Function ${UN}AttendQuitte
   Call ${UN}Occupe
   Pop $1
   ${If} "$0$1" != "00"
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Voxtab est ouvert. Quittez-le avec Alt+Q, puis essayez de nouveau." /SD IDCANCEL IDRETRY encore
+    MessageBox MB_OKCANCEL|MB_ICONEXCLAMATION "Voxtab est ouvert. Entrée lui demande de se fermer : il vous propose d'abord d'enregistrer vos feuilles. Échap arrête ici, et rien ne change." /SD IDCANCEL IDOK demande
     SetErrorLevel ${SORTIE_REFUS}
     Quit
+    demande:
+    Call ${UN}DemandeDeQuitter
+    Goto encore
   ${EndIf}
   Pop $1
   Pop $0

@@ -148,6 +148,25 @@ void ouvre_fichier() {
     ouvre_nom(nom);
 }
 
+// Opens that file, which is not changed then, or says why it can't be opened.
+void ouvre_ou_dit(const std::string& nom) {
+    const bool ouvert = rang_ouvert(nom) != 0;
+    if (!ouvert && !FichierExistant(nom)) {
+        dit("fichier inexistant"_fr);
+        return;
+    }
+    if (!ouvert && complet()) return;
+    Essaie(
+        [&] {
+            ouvre_nom(nom);
+            if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
+        },
+        [](int numero) {
+            if (numero != kDejaDit) signale_defaillance(kCommande, numero);
+            Tente(kCommande, [] { dit("ouverture impossible"); });
+        });
+}
+
 // Previous and Next: leaves the sheet, moves, shows the other one.
 void change_document(void (*deplace)()) {
     if (documents.nombre_document < 2) {
@@ -305,20 +324,14 @@ void mnuOuvrirSousMenuItem(int Index) {
     if (annonce_mots(libelle)) return;
     quitte_vues();
     const std::string nom = libelle.substr(libelle.find(' ') + 1);
-    const bool ouvert = rang_ouvert(nom) != 0;
-    if (!ouvert && !FichierExistant(nom)) {
-        dit("fichier inexistant"_fr);
-        return;
-    }
-    Essaie(
-        [&] {
-            ouvre_nom(nom);
-            if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
-        },
-        [](int numero) {
-            if (numero != kDejaDit) signale_defaillance(kCommande, numero);
-            Tente(kCommande, [] { dit("ouverture impossible"); });
-        });
+    ouvre_ou_dit(nom);
+}
+
+void recoit_feuille(const std::string& nom) {
+    if (nom.empty()) return;
+    if (aide.aide_touche) CmdVoxtab();
+    quitte_vues();
+    ouvre_ou_dit(nom);
 }
 
 void mnuFichierPrecedentItem() {

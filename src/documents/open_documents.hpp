@@ -42,6 +42,7 @@ bool montre_document(int rang);          // leaves the current sheet for that on
 void mnuNouveauItem();
 void mnuOuvrirItem();
 void mnuOuvrirSousMenuItem(int Index);
+void recoit_feuille(const std::string& nom);   // opens what another start of the program hands over
 void mnuFichierPrecedentItem();
 void mnuFichierSuivantItem();
 void mnuFermerItem();

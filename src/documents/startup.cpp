@@ -205,6 +205,15 @@ std::string chemin_commande(std::string nom) {
     return nom;
 }
 
+}  // namespace
+
+std::string feuille_commandee(std::string_view commande) {
+    const std::string nom = chemin_commande(std::string(sans_blancs(commande)));
+    return nom.empty() ? nom : coupe_premier_point(nom);
+}
+
+namespace {
+
 // The first sheet: from the command line, or the last one when the option says so, or none.
 void choisit_feuille(Demarrage& pas) {
     pas([&] { pas.commande = std::string(sans_blancs(port.systeme.ligne_commande())); });

@@ -173,6 +173,11 @@ Descripteur ouvre_temporaire(const std::string& cible, std::string& nom) {
 
 }  // namespace
 
+bool est_fichier(const std::string& chemin) {
+    struct stat s {};
+    return stat(chemin.c_str(), &s) == 0 && S_ISREG(s.st_mode);
+}
+
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Descripteur fichier(open(chemin.c_str(), O_RDONLY | O_CLOEXEC));
     if (fichier.fd < 0) return numero_erreur(errno);

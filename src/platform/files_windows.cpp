@@ -251,6 +251,11 @@ void efface_ouvert(HANDLE fichier) {
 
 }  // namespace
 
+bool est_fichier(const std::string& chemin) {
+    const DWORD attributs = GetFileAttributesW(chemin_large(chemin).c_str());
+    return attributs != INVALID_FILE_ATTRIBUTES && !est_dossier(attributs);
+}
+
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
                                       OPEN_EXISTING, 0, nullptr));

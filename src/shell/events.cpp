@@ -23,6 +23,8 @@
 #include "shell/views.hpp"
 #include "shell/window.hpp"
 
+Remises remises;
+
 namespace {
 
 // An option button of the angle view and the unit that it stands for.
@@ -66,6 +68,8 @@ void execute(Action&& action) {
     Tente(kCommande, std::forward<Action>(action));
 }
 
+void ouvre_remises();
+
 // Runs an event. A failure that nothing has caught shows its number and ends it. What the user has
 // typed before it and what the event changes can be taken back apart, and what was typed is on its way to
 // the disk before a command begins that may take long.
@@ -74,11 +78,14 @@ void evenement(Action&& action) {
     if (fenetre.fermee) return;
     note_frappe();
     releve_reprises();
+    const bool dans_une_autre = std::exchange(remises.commande_en_cours, true);
     execute(std::forward<Action>(action));
+    remises.commande_en_cours = dans_une_autre;
     if (fenetre.fermee) return;
     note_commande();
     montre_fenetre();
     suit_reprises();
+    if (!dans_une_autre) ouvre_remises();
 }
 
 // The same while the toolkit may be in the middle of a change of several parts, which is one for the
@@ -168,7 +175,20 @@ const Controle* bouton_de(const FrappeTouche& f) {
     return nullptr;
 }
 
+// What has been handed over during a command, once it has ended.
+void ouvre_remises() {
+    if (remises.attente.empty()) return;
+    const std::string commande = remises.attente.front();
+    remises.attente.erase(remises.attente.begin());
+    evenement([&] { recoit_feuille(feuille_commandee(commande)); });
+}
+
 }  // namespace
+
+void evenement_remise(const std::string& commande) {
+    remises.attente.push_back(commande);
+    if (!remises.commande_en_cours && !fenetre.fermee) ouvre_remises();
+}
 
 void evenement_chargement() { evenement(demarre); }
 

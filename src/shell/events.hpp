@@ -4,10 +4,19 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/keys.hpp"
 
+// What another start hands over while a command shows a box waits until that command has ended.
+struct Remises {
+    bool commande_en_cours = false;
+    std::vector<std::string> attente;   // the command lines of those starts
+};
+extern Remises remises;
+
 void evenement_chargement();                          // the window loads: the whole of start-up
+void evenement_remise(const std::string& commande);   // another start of the program hands its sheet over
 void evenement_fermeture();                           // the close box: quitter, then it closes all the same
 // The system's session ends: all that isn't saved goes to the recovery files, without a question. False
 // when it could not.

@@ -16,6 +16,7 @@
 #include "sheet/sheet.hpp"
 #include "shell/announcements.hpp"
 #include "shell/colours.hpp"
+#include "shell/events.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/menu_table.hpp"
@@ -44,5 +45,6 @@ void reinitialise_tout() {
     couleurs = Couleurs{};
     fenetre = Fenetre{};
     patience = Patience{};
+    remises = Remises{};
     reinitialise_menus();
 }

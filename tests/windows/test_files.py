@@ -249,26 +249,82 @@ def folder_with_accents(p):
         p.folder = whole
 
 
+def hand_over(p, *arguments):
+    """A second start, which gives its sheet to the program that runs, and ends."""
+    done = subprocess.run(["wine", str(p.folder / "VOXTAB.EXE"), *arguments], cwd=p.folder, timeout=60,
+                          check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    same(done.returncode, 0, "exit status of the second program")
+
+
 def second_start(p):
-    """A second start on the same files says so and ends; the first keeps its sheets."""
-    p.start(text="A=3")
-    before = {f.name: f.read_bytes() for f in (p.folder / "travail").iterdir()}
-    first = p.process
-    p.launch()
-    p.wait_box("VOXTAB est déjà ouvert. Revenez à sa fenêtre avec Alt+Tab, et ouvrez-y la feuille avec "
-               "Ctrl+O.")
-    p.key("Entrée")
-    p.wait_end()
-    same(p.process.returncode, 1, "exit status of the second program")
-    p.process = first
+    """A second start hands its sheet over and ends: the first program opens it, or shows it when it is
+    open, and keeps its sheets as they are."""
+    write(p.folder / "un.VXT", "A=1\n")
+    write(DRIVE_C / "users" / "jean.dupont" / "deux.VXT", "B=2\n")
+    p.start("un.VXT")
+    p.wait_sheet("A=1")
+    p.type("X")
+    p.wait_sheet("XA=1")
+    hand_over(p)
+    same(p.sheet(), "XA=1", "sheet")
+    hand_over(p, "C:\\users\\jean.dupont\\deux.VXT")
+    p.wait_sheet("B=2")
+    same(p.title(), "VOXTAB C:\\users\\jean.dupont\\deux.VXT", "title")
+    wait(lambda: p.focus() == TXT, "the focus in the text")
+    p.type("Y")
+    p.wait_sheet("YB=2")
+    hand_over(p, "un.VXT")                       # open already: shown as it stands
+    p.wait_sheet("XA=1")
+    p.key("F3")                                  # while a box is open the sheet waits
+    p.wait_box("Recherche")
+    hand_over(p, "C:\\users\\jean.dupont\\deux.VXT")
+    p.wait_box("Recherche")
+    same(p.sheet(), "XA=1", "sheet")
+    p.key("Échap")
     p.wait_no_box()
-    same({f.name: f.read_bytes() for f in (p.folder / "travail").iterdir()}, before, "working copies")
-    same(p.sheet(), "A=3", "sheet")
-    p.key("Alt+F4")
-    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
-    p.key("Alt+N")
+    p.wait_sheet("YB=2")
+    same(p.panels()[1], "feuille 2", "panel 2")
+    hand_over(p, "rien.VXT")
+    p.wait_message("fichier inexistant")
+    expect(not (p.folder / "VOXTAB.INI").exists(), "the second program has written the settings")
+    same(read(p.folder / "un.VXT"), "A=1\n", "file")
+
+
+def dots_in_folders(p):
+    """jean.dupont's sheet by a double click: saved, backed up and listed where it stands; and it comes
+    back at the next start."""
+    home = DRIVE_C / "users" / "jean.dupont" / "Mes documents"
+    name = "C:\\users\\jean.dupont\\Mes documents\\devoir.VXT"
+    write(home / "devoir.VXT", "A=5\n")
+    p.start(name)
+    p.wait_sheet("A=5")
+    same(p.title(), "VOXTAB " + name, "title")
+    p.choose("O", 6)                             # the last sheet at the next start
+    p.type("B=1¶")
+    p.wait_sheet("B=1\nA=5")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same(sorted(f.name for f in home.iterdir()), ["devoir.VXT", "devoir.bak"], "files of the folder")
+    same((read(home / "devoir.VXT"), read(home / "devoir.bak")), ("B=1\nA=5\n", "A=5\n"), "files")
+    same(list(f.name for f in home.parent.iterdir()), [home.name], "files beside the folder")
+    p.key("Alt+Q")
     p.wait_end()
-    p.start(text="B=4")
+    p.start()
+    p.wait_sheet("B=1\nA=5")
+    same(p.title(), "VOXTAB " + name, "title at the next start")
+    p.key("Ctrl+F4")                             # closed, it is the first of the recent sheets
+    p.wait_sheet("")
+    p.key("F7")
+    p.wait_message("Flottant")
+    p.choose("F", 1)
+    p.wait_sheet("B=1\nA=5")
+    same(p.title(), "VOXTAB " + name, "title of the recent sheet")
+    p.type("C=2¶")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur devoir.VXT ?")
+    p.key("Alt+O")
+    p.wait_end()
+    same((read(home / "devoir.VXT"), read(home / "devoir.bak")), ("C=2\nB=1\nA=5\n", "B=1\nA=5\n"), "files")
 
 
 def reader_scripts(p):
@@ -289,17 +345,32 @@ def reader_scripts(p):
 
 
 def long_path(p):
-    """A sheet whose path is longer than 260 characters."""
+    """A sheet whose path is longer than 300 characters: calculated in a terminal, opened, saved, listed and
+    opened again."""
     folder = p.folder / "/".join(["un dossier au nom assez long pour qu'on s'y perde"] * 6)
     write(folder / "loin.VXT", "A=5\n")
-    expect(len(there(folder)) > 300, "the path is too short")
-    done = subprocess.run(["wine", str(pathlib.Path(BUILD) / "voxtab-calc.exe"), "-i",
-                           there(folder / "loin.VXT")], capture_output=True, check=False)
+    name = there(folder / "loin.VXT")
+    expect(len(name) > 300, "the path is too short")
+    done = subprocess.run(["wine", str(pathlib.Path(BUILD) / "voxtab-calc.exe"), "-i", name],
+                          capture_output=True, check=False)
     same(done.returncode, 0, f"exit status ({done.stderr!r})")
     same(read(folder / "loin.VXT"), "A=5 = 5\n", "file")
     same(read(folder / "loin.bak"), "A=5\n", "backup")
+    p.start(name)
+    p.wait_sheet("A=5 = 5")
+    same(p.title(), "VOXTAB " + name, "title")
+    p.type("B=1¶")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same((read(folder / "loin.VXT"), read(folder / "loin.bak")), ("B=1\nA=5 = 5\n", "A=5 = 5\n"), "files")
+    p.key("Alt+Q")
+    p.wait_end()
+    p.start()
+    p.choose("F", 1)                             # the first of the recent sheets
+    p.wait_sheet("B=1\nA=5 = 5")
+    same(p.title(), "VOXTAB " + name, "title of the recent sheet")
 
 
 run([save_as, extensions, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,
      last_sheet, folder_that_cannot_be_written, folder_with_accents,
-     second_start, reader_scripts, long_path], BUILD, PLACE)
+     second_start, dots_in_folders, reader_scripts, long_path], BUILD, PLACE)

@@ -159,6 +159,27 @@ def messages_together_by_name(p):
             same((first["event"], first["id"]), (NAME, TXT), "heard")
 
 
+def quick_keys(p):
+    """Keys in a row are heard each with its own words, as many as they say."""
+    p.start(text="2+3")
+    hear_quick_keys(p, LIVE, MESSAGE)
+    with Reader(p):
+        hear_quick_keys(p, NAME, TXT)
+
+
+def hear_quick_keys(p, way, control):
+    for key in ("F5", "F7", "F5"):
+        p.key(key)
+    p.key("Ctrl+G")
+    heard = []
+    while not heard or "colonne" not in heard[-1]:
+        event = p.listener.next("the last message")
+        same((event["event"], event["id"]), (way, control), "heard")
+        heard.append(event["name"].strip())
+    modes = [words for words in heard if words in ("Entier", "Flottant")]
+    same(modes, ["Entier", "Flottant", "Entier"], "the modes that are heard")
+
+
 def the_reader_comes_later(p):
     """A reader that starts while the program runs is served from the next message on."""
     p.start(text="12")
@@ -183,4 +204,4 @@ def ampersand(p):
 
 
 run([without_jaws, with_jaws, the_table_is_the_one_of_the_project, names_come_back, both_libraries,
-     messages_together_by_name, the_reader_comes_later, ampersand], BUILD, PLACE)
+     messages_together_by_name, quick_keys, the_reader_comes_later, ampersand], BUILD, PLACE)

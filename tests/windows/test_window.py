@@ -215,6 +215,47 @@ def angle_view(p):
     expect(not p.shown(ANGLE) and p.shown(REPLACE), "what is shown")
 
 
+def focus_round(p, *controls):
+    """Tab goes to each of these controls in turn and back to the first, Maj+Tab the other way."""
+    same(p.focus(), controls[0], "the control that has the focus")
+    for control in (*controls[1:], controls[0]):
+        p.key("Tab")
+        wait(lambda: p.focus() == control, f"the focus in {control}")
+    for control in (*reversed(controls[1:]), controls[0]):
+        p.key("Maj+Tab")
+        wait(lambda: p.focus() == control, f"the focus in {control}, backwards")
+
+
+def tab_order(p):
+    """Tab and Maj+Tab reach every control of every view, in order, and never write a tab."""
+    p.start(text="A=3")
+    focus_round(p, TXT, REPLACE, QUIT)
+    same(p.sheet(), "A=3", "sheet")
+    p.key("F8")
+    wait(lambda: p.focus() == DEGREE, "the options")
+    focus_round(p, DEGREE, ANGLE, QUIT)
+    p.key("Bas")
+    wait(lambda: p.focus() == RADIAN, "the next option")
+    focus_round(p, RADIAN, ANGLE, QUIT)
+    p.key("Tab")
+    p.key("Entrée")                # the button takes the unit and leads back
+    wait(lambda: p.panels()[0] == "Flottant Radian", "panel 1")
+    wait(lambda: p.focus() == TXT, "the focus back in the text")
+    p.choose("O", 9)
+    wait(lambda: p.focus() == LIST, "the list of colours")
+    focus_round(p, LIST, CALCULATOR, QUIT)
+    p.key("Maj+Tab")
+    p.key("Espace")                # "Annuler"
+    wait(lambda: p.focus() == TXT, "the focus back in the text")
+    p.key("Alt+F1")
+    p.wait_sheet(data("fonction.txt"))
+    focus_round(p, TXT, CALCULATOR, QUIT)
+    p.key("Tab")
+    p.key("Espace")
+    p.wait_sheet("A=3 = 3")
+    wait(lambda: p.focus() == TXT, "the focus back in the text")
+
+
 def colour_view(p):
     p.start()
     p.choose("O", 9)
@@ -406,6 +447,7 @@ def deep_formulas(p):
 
 
 run([start, calculation, repeated_message, messages_together, equal_messages, told_to_the_system, undo,
-     undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view, colour_view, functions_and_guide, key_help, search_and_replace,
+     undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view,
+     tab_order, colour_view, functions_and_guide, key_help, search_and_replace,
      bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
      fonts, deep_formulas], BUILD, PLACE)

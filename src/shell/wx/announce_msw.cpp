@@ -32,13 +32,15 @@ constexpr LONG kPoli = 1;   // said behind what is being said
 // The libraries of JAWS and of Dolphin's readers (docs/readers.md).
 constexpr std::array kBibliotheques = {L"jhook.dll", L"dolwinhk.dll"};
 
-constexpr UINT kMoment = 100;   // milliseconds between two messages that come together
+constexpr UINT kMoment = 100;   // milliseconds between two messages
+constexpr std::size_t kAttenteMaxi = 8;   // messages that may wait: a key held down leaves the rest out
 constexpr UINT_PTR kMinuterie = 1;
 constexpr UINT_PTR kSuite = 2;   // of the windows' procedures, beside that of the text
 
-// Messages that wait for their moment, in UTF-8, and where they are shown. The timer ends with the
-// line.
+// Messages that wait for their moment, in UTF-8, and where they are shown. The timer runs for a moment
+// behind each message, and ends with the line.
 std::deque<std::string> attente;
+bool moment_court = false;
 wxStaticText* ligne_des_messages = nullptr;
 
 // The names that the window has given, and the control whose name is a message for the moment.
@@ -141,8 +143,9 @@ void dit_le_suivant() {
 
 // The moment of the next message has come.
 void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
+    moment_court = !attente.empty();
     dit_le_suivant();
-    if (attente.empty()) KillTimer(fenetre, minuterie);
+    if (!moment_court) KillTimer(fenetre, minuterie);
 }
 
 }  // namespace
@@ -173,12 +176,13 @@ bool menu_lit_ce_qui_est_grise() { return true; }
 // A reader reads the words of the system's boxes.
 int montre_boite_lue(wxMessageDialog& boite, const wxString&) { return boite.ShowModal(); }
 
-// What waited until now is told first, at once: the user has gone on.
+// Keys in quick succession are all heard, each message with its own words.
 void annonce(wxWindow&, const std::vector<std::string>& messages) {
-    while (!attente.empty()) dit_le_suivant();
-    attente.assign(messages.begin(), messages.end());
+    attente.insert(attente.end(), messages.begin(), messages.end());
+    while (attente.size() > kAttenteMaxi) attente.pop_front();
+    if (attente.empty() || std::exchange(moment_court, true)) return;
     dit_le_suivant();
-    if (!attente.empty()) SetTimer(poignee(*ligne_des_messages), kMinuterie, kMoment, moment_venu);
+    SetTimer(poignee(*ligne_des_messages), kMinuterie, kMoment, moment_venu);
 }
 
 void nomme(wxWindow& controle, const std::string& utf8) {

@@ -16,6 +16,7 @@
 #include "shell/reset.hpp"
 #include "shell/wx/dialogs.hpp"
 #include "shell/wx/frame.hpp"
+#include "shell/wx/handover.hpp"
 #include "shell/wx/printing.hpp"
 #include "shell/wx/recovery.hpp"
 #include "shell/wx/session.hpp"
@@ -50,10 +51,14 @@ public:
         installe_fichiers_reels();
         installe_systeme(arguments);
         installe_boites();
-        if (!prend_dossier(vers_utf8(port.systeme.dossier_programme()))) {
-            port.boites.boite(kDejaOuvert);
+        const std::string dossier = vers_utf8(port.systeme.dossier_programme());
+        const std::string adresse = adresse_du_programme(dossier);
+        if (!prend_dossier(dossier)) {
+            remise_ = confie_feuille(adresse, vers_utf8(port.systeme.ligne_commande()));
+            if (!remise_) port.boites.boite(kDejaOuvert);
             return false;
         }
+        if (dossier_a_nous()) attend_feuilles(adresse, recoit);
         installe_port();
         if (avec_reprise) installe_reprises(dossier_a_nous());
         suit_fin_de_session();
@@ -61,7 +66,18 @@ public:
         return true;
     }
 
+    bool remise() const { return remise_; }
+
 private:
+    // Another start gives its sheet. What the program is doing goes on; a box that is open comes to the
+    // front, and the sheet is opened when the command that shows it has ended.
+    static void recoit(const std::string& feuille) {
+        vient_devant();
+        wxTheApp->CallAfter([page = depuis_utf8(feuille)] {
+            if (page) evenement_remise(*page);
+        });
+    }
+
     // The window is destroyed by the toolkit when it closes, and the program ends with it.
     static void installe_port() {
         auto* fenetre_principale = new Cadre;
@@ -71,6 +87,8 @@ private:
         if (!fichier_pdf.empty()) imprime_vers(fichier_pdf);
         fenetre_principale->installe_port_texte();
     }
+
+    bool remise_ = false;   // the sheet is with the program that runs already
 };
 
 // Reads the options; true when one of them was all that was asked for.
@@ -109,13 +127,17 @@ int main(int argc, char** argv) {
     agrandit_pile(argv);
     if (options_seules(prepare_console(argc, argv))) return 0;
     choisit_langue();
+    note_lancement();
     if (!ouvre_ecran(argv)) {
         std::cerr << "voxtab : aucun écran n'est disponible ; voxtab-calc calcule dans un terminal.\n";
         return 1;
     }
     reinitialise_tout();
-    const int statut = wxTheApp->CallOnInit() ? wxTheApp->OnRun() : 1;
+    const bool commence = wxTheApp->CallOnInit();
+    const bool remise = static_cast<Application*>(wxTheApp)->remise();
+    const int statut = commence ? wxTheApp->OnRun() : remise ? 0 : 1;
     ferme_reprises();
+    n_attend_plus();
     rend_dossier();
     wxEntryCleanup();
     return statut;

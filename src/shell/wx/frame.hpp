@@ -76,6 +76,8 @@ private:
     void dit_messages();
     void attend_le_focus();
 
+    void change_de_controle(bool arriere);           // frame_tab.cpp
+
     void place_fenetre();                            // layout.cpp
     void place_controles();
     int place_boutons(int largeur);

@@ -54,6 +54,14 @@ void Cadre::touche_avant(wxKeyEvent& e) {
         evenement_caractere(nom, frappe.touche);
         return;
     }
+    if (frappe.touche == kToucheTab && !frappe.ctrl && !frappe.alt) {
+        change_de_controle(frappe.maj);
+        return;
+    }
+    if (nom.starts_with("Cmd") && frappe.touche == kToucheEntree && !frappe.ctrl && !frappe.alt) {
+        evenement_clic(nom);
+        return;
+    }
     alt_pris_ = false;
     if (touche_hors_du_texte(nom, frappe, e)) return;
     e.Skip();

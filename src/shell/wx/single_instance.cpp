@@ -33,6 +33,10 @@ wxString dossier_verrou(const std::string& dossier) {
 
 }  // namespace
 
+std::string adresse_du_programme(const std::string& dossier) {
+    return wxFileName(dossier_verrou(dossier), nom_verrou(dossier) + ".feuilles").GetFullPath().utf8_string();
+}
+
 bool prend_dossier(const std::string& dossier) {
     const wxLogNull sans_message;
     verrou = std::make_unique<wxSingleInstanceChecker>();

@@ -9,4 +9,6 @@
 bool prend_dossier(const std::string& dossier);
 // Whether it is certain, once taken, that no other program has it: where no lock could be laid it isn't.
 bool dossier_a_nous();
+// Where the program that has the folder can be reached by another start: the same for both.
+std::string adresse_du_programme(const std::string& dossier);
 void rend_dossier();

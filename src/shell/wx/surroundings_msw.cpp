@@ -6,6 +6,7 @@
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
+#include "platform/files.hpp"
 #include "platform/utf16_windows.hpp"
 
 namespace {
@@ -52,8 +53,8 @@ std::string ligne_de_commande(const std::vector<std::string>&) {
     std::string nom = commande.substr(0, commande.find_last_not_of(" \t") + 1);
     if (nom.size() > 2 && nom.front() == '"' && nom.back() == '"')
         nom = nom.substr(1, nom.size() - 2);
+    if (sans_dossier(nom) || !est_fichier(nom)) return commande;
     wxFileName chemin(wxString::FromUTF8(nom));
-    if (sans_dossier(nom) || !chemin.FileExists()) return commande;
     chemin.MakeAbsolute();
     return chemin.GetFullPath().utf8_string();
 }

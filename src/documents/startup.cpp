@@ -18,6 +18,7 @@
 #include "documents/recovery_start.hpp"
 #include "documents/saving.hpp"
 #include "documents/settings.hpp"
+#include "documents/tool_options.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/search.hpp"
 #include "editing/undo.hpp"
@@ -151,6 +152,8 @@ void applique_options(Demarrage& pas) {
         pose_libelle_stat(ligne(kLigneAffichage).champ2 == 1,
                           "résultat statistique restreint/complet : complet"_fr);
     });
+    pas([] { lit_outils(); });
+    pas([] { pose_libelle_son(outils.son); });
 }
 
 void applique_couleurs(Demarrage& pas) {

@@ -191,7 +191,7 @@ void ferme_changements(int rang) noexcept {
 }
 
 void annule() {
-    if (annonce_mots("annuler la dernière modification"_fr)) return;
+    if (annonce_item("mnuAnnulerItem")) return;
     note_frappe();
     HistoireFeuille& h = courante();
     if (!possible(h.faits)) return dit("rien à annuler"_fr);
@@ -201,7 +201,7 @@ void annule() {
 }
 
 void retablit() {
-    if (annonce_mots("rétablir la modification annulée"_fr)) return;
+    if (annonce_item("mnuRetablirItem")) return;
     note_frappe();
     HistoireFeuille& h = courante();
     if (!possible(h.defaits)) return dit("rien à rétablir"_fr);

@@ -86,6 +86,8 @@ void note_bip() {
     entend("bip");
 }
 
+void note_son(Son genre) { entend("son", genre == Son::echec ? "échec"_fr : "réussite"_fr); }
+
 void note_message(Mots texte) {
     memoire.messages.emplace_back(texte);
     entend("message", texte);
@@ -374,7 +376,7 @@ void installe_port_memoire() {
     memoire = Memoire{};
     pose_dossier(memoire.dossier_programme);
     port = Port{{lit_texte, pose_texte, lit_sel_start, lit_sel_length, pose_selection},
-                {note_boite, demande_oui_non, demande_oui_non_annuler, repond, note_bip,
+                {note_boite, demande_oui_non, demande_oui_non_annuler, repond, note_bip, note_son,
                  note_boite_comptee, note_compte},
                 {note_message, [](Mots texte) { memoire.annonces.emplace_back(texte); }},
                 {existe, existe_dossier, lit, remplace, copie, deplace, efface, cree_dossier,

@@ -20,7 +20,8 @@ struct Saisie {
 
 // Something that the user hears. Genres: "message", "boite", "question" (box with Yes and No),
 // "saisie" (texte: prompt), "dialogue" (texte: "ouvrir", "enregistrer", "police écran", "police
-// imprimante" or "imprimante"), "bip", "impression" (texte: the text sent), "fin".
+// imprimante" or "imprimante"), "bip", "son" (texte: "réussite" or "échec"), "impression" (texte: the
+// text sent), "fin".
 struct Entendu {
     std::string genre;    // see above
     std::string texte;    // Windows-1252

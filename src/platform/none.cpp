@@ -17,6 +17,7 @@ constexpr PortBoites kBoites{[](std::string_view) {},
                              [](std::string_view) { return Reponse::annuler; },
                              [](std::string_view, std::string_view, std::string&) { return false; },
                              [] {},
+                             [](Son) {},
                              [](std::string_view) {},
                              [](std::string_view) {}};
 

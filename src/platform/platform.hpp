@@ -21,8 +21,9 @@ struct PortTexte {
 };
 
 enum class Reponse { oui, non, annuler };
+enum class Son { reussite, echec };   // of a calculation that has ended
 
-// What stops the user, and the beep. A box waits until it is closed.
+// What stops the user, and what is heard beside words. A box waits until it is closed.
 struct PortBoites {
     void (*boite)(std::string_view texte);                      // one OK button
     bool (*oui_non)(std::string_view texte);                    // Yes and No; true for Yes
@@ -30,6 +31,7 @@ struct PortBoites {
     // Entry box with one line; false on Cancel.
     bool (*saisie)(std::string_view invite, std::string_view propose, std::string& reponse);
     void (*bip)();
+    void (*son)(Son genre);
     void (*boite_comptee)(std::string_view texte);              // a box that is not shown, see base/boxes.hpp
     void (*boite_du_compte)(std::string_view texte);            // one OK button: how many there were
 };

@@ -337,6 +337,7 @@ void recalcul() noexcept {
     feuille.passe_refusee = false;
     patience = Patience{};
     if (port.texte.texte().empty()) return;
+    ++feuille.passes;
     ouvre_boites();
     calcule_texte();
     Tente(kRecalcul, [] { ferme_boites(); });   // a pass that was refused has not come so far

@@ -21,6 +21,7 @@ struct Feuille {
     bool statx_present = false;          // a STATX result exists in this pass
     bool statxy_present = false;         // a STATXY result exists in this pass
     bool passe_refusee = false;          // the last pass could not number the lines: nothing was done
+    std::uint32_t passes = 0;            // begun since the start; only a change of it counts
     bool calcul_en_colonne = false;      // true only while the column calculation runs the pass
     // The new text of the sheet, as it grows during a pass. It answers for `txt`: its size is the
     // length of the text rebuilt so far, and a closing definition inserts at a noted position.

@@ -9,12 +9,14 @@
 #include "documents/startup.hpp"
 #include "editing/lines.hpp"
 #include "editing/search.hpp"
+#include "editing/undo.hpp"
 #include "editing/words.hpp"
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/message.hpp"
 #include "shell/options.hpp"
+#include "shell/tools.hpp"
 #include "shell/views.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
@@ -78,6 +80,10 @@ constexpr std::array kItems = {
     Commande{"mnuCouleurEcran", mnuCouleurEcran},
     Commande{"mnuPoliceEcran", mnuPoliceEcran},
     Commande{"mnuPoliceImprimante", mnuPoliceImprimante},
+
+    Commande{"mnuAnnulerItem", annule},
+    Commande{"mnuRetablirItem", retablit},
+    Commande{"mnuSonItem", mnuSonItem},
 
     Commande{"mnuAideToucheItem", mnuAideToucheItem},
     Commande{"mnuAideTxtItem", mnuAideTxtItem},

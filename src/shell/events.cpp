@@ -20,8 +20,10 @@
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/message.hpp"
+#include "shell/tools.hpp"
 #include "shell/views.hpp"
 #include "shell/window.hpp"
+#include "sheet/sheet.hpp"
 
 Remises remises;
 
@@ -72,16 +74,18 @@ void ouvre_remises();
 
 // Runs an event. A failure that nothing has caught shows its number and ends it. What the user has
 // typed before it and what the event changes can be taken back apart, and what was typed is on its way to
-// the disk before a command begins that may take long.
+// the disk before a command begins that may take long. A calculation sounds once.
 template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
     note_frappe();
+    const std::uint32_t passes = feuille.passes;
     releve_reprises();
     const bool dans_une_autre = std::exchange(remises.commande_en_cours, true);
     execute(std::forward<Action>(action));
     remises.commande_en_cours = dans_une_autre;
     if (fenetre.fermee) return;
+    if (feuille.passes != passes) sonne_fin_de_calcul();
     note_commande();
     montre_fenetre();
     suit_reprises();

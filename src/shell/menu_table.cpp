@@ -14,6 +14,7 @@ constexpr std::string_view kEdition = "&Edition";
 constexpr std::string_view kAffichage = "&Affichage";
 constexpr std::string_view kRecherche = "Recherche";
 constexpr std::string_view kOptions = "&Options";
+constexpr std::string_view kOutils = "Ou&tils";   // what the program adds: the others stay as they are
 constexpr std::string_view kAide = "&?";
 
 constexpr Raccourci kSans{};
@@ -113,6 +114,15 @@ constexpr std::array kOptionsLignes = {
     LigneMenu{kOptions, "mnuPoliceImprimante", "Choix de la police de l'imprimante"_fr, kSans, ""},
 };
 
+constexpr std::array kOutilsLignes = {
+    LigneMenu{kOutils, "mnuAnnulerItem", "&Annuler la dernière modification Controle Z"_fr, kSans,
+              "annuler la dernière modification"_fr},
+    LigneMenu{kOutils, "mnuRetablirItem", "&Rétablir la modification annulée Controle Maj Z"_fr, kSans,
+              "rétablir la modification annulée"_fr},
+    LigneMenu{kOutils, "mnuSonItem", "Son à la fin du calcul"_fr, ctrl(kToucheF8),
+              "son à la fin du calcul"_fr},
+};
+
 constexpr std::array kAideLignes = {
     LigneMenu{kAide, "mnuAideToucheItem", "&Aide mémoire des touches"_fr, seule(kToucheF1), ""},
     LigneMenu{kAide, "mnuAideTxtItem", "&Guide"_fr, kSans, ""},
@@ -130,6 +140,7 @@ std::vector<LigneMenu> toutes_les_lignes() {
     ajoute(kAffichageLignes);
     ajoute(kRechercheLignes);
     ajoute(kOptionsLignes);
+    ajoute(kOutilsLignes);
     ajoute(kAideLignes);
     return lignes;
 }
@@ -178,4 +189,9 @@ void pose_libelle_matrice(bool en_colonne) {
 void pose_libelle_stat(bool restreint, std::string_view complet) {
     pose_libelle("mnuLigneStat",
                  restreint ? "Résultat statistique restreint/complet : restreint"_fr : complet);
+}
+
+void pose_libelle_son(bool avec) {
+    pose_libelle("mnuSonItem",
+                 avec ? "Son à la fin du calcul : oui"_fr : "Son à la fin du calcul : non"_fr);
 }

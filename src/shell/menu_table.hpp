@@ -70,3 +70,5 @@ void pose_libelle(std::string_view nom, std::string_view libelle);
 // `complet`, which isn't written everywhere alike.
 void pose_libelle_matrice(bool en_colonne);
 void pose_libelle_stat(bool restreint, std::string_view complet);
+// Whether the end of a calculation is heard.
+void pose_libelle_son(bool avec);

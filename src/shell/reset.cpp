@@ -6,6 +6,7 @@
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
 #include "documents/settings.hpp"
+#include "documents/tool_options.hpp"
 #include "editing/search.hpp"
 #include "editing/undo.hpp"
 #include "editing/words.hpp"
@@ -37,6 +38,7 @@ void reinitialise_tout() {
     documents = Documents{};
     reprise = Reprise{};
     dlg = Dlg{};
+    outils = OptionsOutils{};
     recherche = Recherche{};
     historique = Historique{};
     caracteres = Caracteres{};

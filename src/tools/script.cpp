@@ -98,6 +98,7 @@ constexpr std::array kGenres = {
     Genre{"question", "question", 1, 1},     Genre{"saisie", "saisie", 1, 2},
     Genre{"dialogue", "dialogue", 1, 2},     Genre{"bip", "bip", 0, 0},
     Genre{"impression", "impression", 1, 2}, Genre{"fin", "fin", 0, 0},
+    Genre{"son", "son", 1, 1},
 };
 
 // What a step says was heard; a text that it leaves out isn't compared.

@@ -7,7 +7,8 @@ from texts import chapter, read
 
 # Commands whose caption has no shortcut of the menu, but which a key of the text or a button reaches.
 IN_CAPTION = {"mnuEnregistrerSousItem", "mnuCalculItem", "mnuCalculColonneItem", "mnumodifTexteItem",
-              "mnuFonctionItem", "mnuChaineGaucheItem", "mnuChaineDroiteItem", "mnuRechercherCurseurItem"}
+              "mnuFonctionItem", "mnuChaineGaucheItem", "mnuChaineDroiteItem", "mnuRechercherCurseurItem",
+              "mnuAnnulerItem", "mnuRetablirItem"}
 BY_BUTTON = {"mnuQuitterItem": "Alt+Q"}
 # The keys that the text and the views take themselves.
 WITHOUT_MENU = ["Alt+C", "Ctrl+Entrée", "Ctrl+Maj+S", "Alt+F1", "Alt+Flèche gauche", "Alt+Flèche droite",

@@ -32,7 +32,7 @@ constexpr Raccourci avec_ctrl(int t) { return {t, true, false}; }
 constexpr Raccourci avec_maj(int t) { return {t, false, true}; }
 
 // Every item that has a key in the menus.
-const std::array<RaccourciAttendu, 29> kRaccourcis{{
+const std::array<RaccourciAttendu, 30> kRaccourcis{{
     {"mnuNouveauItem", avec_ctrl('N')},
     {"mnuOuvrirItem", avec_ctrl('O')},
     {"mnuFichierPrecedentItem", avec_maj(kToucheF6)},
@@ -61,6 +61,7 @@ const std::array<RaccourciAttendu, 29> kRaccourcis{{
     {"mnuHexaItem", avec_maj(kToucheF7)},
     {"mnuAngleItem", simple(kToucheF8)},
     {"mnuNombreDecimalItem", avec_ctrl(kToucheF5)},
+    {"mnuSonItem", avec_ctrl(kToucheF8)},
     {"mnuAideToucheItem", simple(kToucheF1)},
 }};
 
@@ -112,7 +113,7 @@ TEST_CASE("menus: in key help an item with words says them once and does nothing
         CHECK(aide.aide_touche);
         ++essayes;
     }
-    CHECK(essayes == 37);
+    CHECK(essayes == 40);
 }
 
 TEST_CASE("menus: in key help an item said twice is still heard, in the padded form") {
@@ -255,5 +256,5 @@ TEST_CASE("menus: the menus stand in their order, each in one piece") {
     Textes suite;
     for (const LigneMenu& ligne : lignes_menu())
         if (suite.empty() || suite.back() != ligne.menu) suite.emplace_back(ligne.menu);
-    CHECK(suite == Textes{"&Fichier", "&Edition", "&Affichage", "Recherche", "&Options", "&?"});
+    CHECK(suite == Textes{"&Fichier", "&Edition", "&Affichage", "Recherche", "&Options", "Ou&tils", "&?"});
 }

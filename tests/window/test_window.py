@@ -55,11 +55,12 @@ def menus(p):
     """Every menu, caption and shortcut, from the accessibility tree, against the table."""
     p.start()
     table = [row[:4] for row in menu_table()]
-    expect(len(table) >= 47, f"only {len(table)} items in the table")
+    expect(len(table) >= 50, f"only {len(table)} items in the table")
     names = list(dict.fromkeys(row[0].replace("&", "") for row in table))
     same([menu.get_name() for menu in children(p.menu_bar())], names, "menus")
     state = {"mnuColonneMatrice": "affichage matrice ligne/colonne : en ligne",
-             "mnuLigneStat": "résultat statistique restreint/complet : complet"}
+             "mnuLigneStat": "résultat statistique restreint/complet : complet",
+             "mnuSonItem": "Son à la fin du calcul : non"}
     for menu in children(p.menu_bar()):
         items = [item for item in children(menu) if role(item) != "separator"]
         if menu.get_name() == "Fichier":
@@ -89,7 +90,7 @@ def every_menu_by_keyboard(p):
             wait_same(lambda m=menu: p.chosen(m), name, "item")
             p.key("Bas")
         p.key("Droite")
-    same(len(seen), 6, "menus")
+    same(len(seen), 7, "menus")
     p.key("Échap")
     p.key("Échap")
     p.wait_text()

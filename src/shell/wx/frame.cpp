@@ -7,6 +7,7 @@
 #include "shell/wx/appearance.hpp"
 #include "shell/wx/ids.hpp"
 #include "shell/wx/look.hpp"
+#include "shell/wx/sounds.hpp"
 
 Cadre* cadre = nullptr;
 
@@ -153,7 +154,7 @@ void installe_fenetre(Cadre& c) {
     port.message.etiquette = port.message.annonce = [](std::string_view texte) {
         if (cadre != nullptr) cadre->note_message(texte);
     };
-    port.boites.bip = [] { wxBell(); };
+    installe_sons();
     port.fenetre = {[] {
                         if (cadre != nullptr) cadre->montre();
                     },

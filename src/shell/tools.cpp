@@ -1,0 +1,27 @@
+// The commands of the menu Outils. Changes `outils`, its file and the caption of the item.
+#include "shell/tools.hpp"
+
+#include "base/codepage.hpp"
+#include "documents/tool_options.hpp"
+#include "engine/context.hpp"
+#include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/menu_table.hpp"
+#include "shell/message.hpp"
+#include "sheet/sheet.hpp"
+
+// The choice counts at once, and is heard; a file that can't be written is told behind it.
+void mnuSonItem() {
+    if (annonce_item("mnuSonItem")) return;
+    outils.son = !outils.son;
+    pose_libelle_son(outils.son);
+    dit(outils.son ? "avec son"_fr : "sans son"_fr);
+    ecrit_outils();
+}
+
+// A line that has no result makes the other sound.
+void sonne_fin_de_calcul() {
+    if (!outils.son) return;
+    const bool echec = moteur.erreur_formule || feuille.passe_refusee;
+    port.boites.son(echec ? Son::echec : Son::reussite);
+}

@@ -165,7 +165,7 @@ def choose_font(p, item, told, question, name, size):
     p.wait_box(question)
     p.key("Alt+O")
     dialog = wait(lambda: (d := p.wait_dialog()) and d.get_name() == "Police" and d, "the font dialog")
-    wait(lambda: (f := p.focused(dialog)) and f.get_name() == "Search", "the line for a name")
+    wait(lambda: (f := p.focused(dialog)) and f.get_name() == "Chercher une police", "the line for a name")
     p.type(name)
     wait(lambda: (c := [n.get_name() for n in walk(dialog) if role(n) == "table cell"]) and
          all(n.startswith(name) for n in c), "the fonts of that name")

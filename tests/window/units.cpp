@@ -9,6 +9,7 @@
 
 #include "base/codepage.hpp"
 #include "base/typed_text.hpp"
+#include "shell/wx/contrast.hpp"
 #include "shell/wx/pages.hpp"
 #include "shell/wx/positions.hpp"
 
@@ -190,4 +191,36 @@ TEST_CASE("a printed text is cut into pages") {
     CHECK(pages_de("1\r\n2\f", 2) == Pages{{"1", "2"}});
     CHECK(pages_de("1\f2\f", 9) == Pages{{"1"}, {"2"}});
     CHECK(pages_de("1\r\n\r\n2", 9) == Pages{{"1", "", "2"}});
+}
+
+TEST_CASE("contrast: the scale goes from 1 to 21, either way round") {
+    const Teinte noir{0, 0, 0}, blanc{255, 255, 255}, rouge{255, 0, 0};
+    CHECK(contraste(noir, noir) == doctest::Approx(1));
+    CHECK(contraste(noir, blanc) == doctest::Approx(21));
+    CHECK(contraste(blanc, rouge) == doctest::Approx(3.998).epsilon(0.001));
+    CHECK(contraste(rouge, blanc) == contraste(blanc, rouge));
+}
+
+TEST_CASE("contrast: letters of any colour can be read on any background") {
+    for (int fond = 0; fond < 256; fond += 5)
+        for (int voulue = 0; voulue < 512; voulue += 51) {
+            const Teinte t{voulue % 256, voulue / 2 % 256, 255 - voulue / 2};
+            for (const Teinte& f : {Teinte{fond, fond, fond}, Teinte{fond, 255 - fond, 128}}) {
+                const Lisible l = rend_lisible(t, f);
+                CAPTURE(fond);
+                CHECK(contraste(l.lettres, l.fond) >= kContrasteVoulu);
+            }
+        }
+}
+
+TEST_CASE("contrast: a colour that reads well enough stays, and a background gives way only in need") {
+    const Lisible sur_noir = rend_lisible({255, 255, 0}, {0, 0, 0});
+    CHECK(sur_noir.lettres.rouge == 255);
+    CHECK(sur_noir.lettres.bleu == 0);
+    const Lisible sur_blanc = rend_lisible({255, 0, 0}, {255, 255, 255});
+    CHECK(sur_blanc.fond.vert == 255);
+    CHECK(sur_blanc.lettres.rouge > 100);      // still a red
+    CHECK(sur_blanc.lettres.vert == 0);
+    const Lisible sur_gris = rend_lisible({255, 0, 0}, {119, 119, 119});
+    CHECK(sur_gris.fond.vert != 119);
 }

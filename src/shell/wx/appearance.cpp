@@ -1,9 +1,13 @@
 // Colours, fonts and texts as the toolkit has them. Changes no state.
 #include "shell/wx/appearance.hpp"
 
+#include <wx/settings.h>
+
+#include <algorithm>
 #include <array>
 #include <string>
 
+#include "shell/wx/contrast.hpp"
 #include "shell/wx/positions.hpp"
 
 namespace {
@@ -15,6 +19,16 @@ constexpr std::array<unsigned long, 16> kPalette = {
 
 constexpr double kTailleMini = 1;     // points; a smaller size would show nothing
 constexpr double kTailleMaxi = 1000;
+
+constexpr double kPartMessage = 0.8;  // of the sheet's size
+constexpr double kMessageMaxi = 40;   // points: the sheet needs its room
+
+Teinte teinte(const wxColour& c) { return {c.Red(), c.Green(), c.Blue()}; }
+
+wxColour couleur(const Teinte& t) {
+    return wxColour(static_cast<unsigned char>(t.rouge), static_cast<unsigned char>(t.vert),
+                    static_cast<unsigned char>(t.bleu));
+}
 
 }  // namespace
 
@@ -39,4 +53,21 @@ wxFont police_wx(const Police& police) {
     info.FaceName(vers_wx(police.nom)).Bold(police.gras);
     info.Family(fixe ? wxFONTFAMILY_TELETYPE : wxFONTFAMILY_DEFAULT);
     return wxFont(info);
+}
+
+Police police_montree(const Controle& c) {
+    Police police = c.police;
+    if (&c == &fenetre.LblMessage)
+        police.taille = std::clamp(kPartMessage * fenetre.txt.police.taille, police.taille, kMessageMaxi);
+    if (&c == &fenetre.Liste) {
+        const wxFont systeme = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+        police.taille = std::max(police.taille, systeme.GetFractionalPointSize());
+    }
+    return police;
+}
+
+Lettres lettres_lisibles(const wxColour& voulue) {
+    const wxColour fond = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    const Lisible lisible = rend_lisible(teinte(voulue), teinte(fond));
+    return {couleur(lisible.lettres), couleur(lisible.fond)};
 }

@@ -97,10 +97,14 @@ bool police(std::string& nom, double& taille, bool) {
     donnees.SetInitialFont(police_wx({nom, taille, false}));
     wxFontDialog dialogue(cadre, donnees);
     dialogue.SetTitle("Police");
+    prepare_police(dialogue);
+    const wxString avant = police_montree(dialogue);
     const bool ok = dialogue.ShowModal() == wxID_OK;
     if (!ok) return false;
     const wxFont choisie = dialogue.GetFontData().GetChosenFont();
-    if (!en_page(choisie.GetFaceName(), nom)) return false;
+    // Who changes the size alone keeps the font, also one that this system shows as another.
+    const bool meme = police_montree(dialogue) == avant;
+    if (!meme && !en_page(choisie.GetFaceName(), nom)) return false;
     taille = choisie.GetFractionalPointSize();
     return true;
 }

@@ -1,7 +1,8 @@
 // The file dialog of GTK. To open, it begins in the list of files, where typing starts a search in
 // all folders below, and Enter behind a name opens nothing. It hides a line for a name: we show it
 // and make a plain line of it, where what was typed is what stands there, and where Tab and Escape
-// do what they do everywhere. Changes nothing of the core.
+// do what they do everywhere. And the font dialog, whose parts have no names. Changes nothing of the
+// core.
 #include <gtk/gtk.h>
 
 #include "shell/wx/file_dialogs.hpp"
@@ -85,7 +86,44 @@ gboolean touche(GtkWidget* dialogue, GdkEventKey* frappe, gpointer) {
     return TRUE;
 }
 
+// What a reader calls a part of the font dialog, or nullptr.
+const char* nom_de_partie(GtkWidget* w) {
+    if (GTK_IS_SEARCH_ENTRY(w)) return "Chercher une police";
+    if (GTK_IS_SPIN_BUTTON(w) || GTK_IS_SCALE(w)) return "Taille";
+    if (GTK_IS_TREE_VIEW(w)) return "Polices";
+    return GTK_IS_ENTRY(w) ? "Aperçu" : nullptr;
+}
+
+void nomme_partie(GtkWidget* w, gpointer) {
+    if (const char* nom = nom_de_partie(w)) atk_object_set_name(gtk_widget_get_accessible(w), nom);
+    if (GTK_IS_CONTAINER(w)) gtk_container_forall(GTK_CONTAINER(w), nomme_partie, nullptr);
+}
+
 }  // namespace
+
+// The list can't stand on a font that isn't installed, and would go to its first one as soon as it is
+// used: it begins on the font that is shown instead.
+void prepare_police(wxFontDialog& dialogue) {
+    GtkWidget* fenetre = dialogue.GetHandle();
+    nomme_partie(fenetre, nullptr);
+    const wxFont voulue = dialogue.GetFontData().GetInitialFont();
+    PangoFontDescription* police =
+        pango_font_description_from_string(voulue.GetNativeFontInfoDesc().utf8_str());
+    if (PangoFont* montree = pango_context_load_font(gtk_widget_get_pango_context(fenetre), police)) {
+        PangoFontDescription* sienne = pango_font_describe(montree);
+        pango_font_description_set_family(police, pango_font_description_get_family(sienne));
+        gtk_font_chooser_set_font_desc(GTK_FONT_CHOOSER(fenetre), police);
+        pango_font_description_free(sienne);
+        g_object_unref(montree);
+    }
+    pango_font_description_free(police);
+}
+
+wxString police_montree(wxFontDialog& dialogue) {
+    PangoFontFamily* famille =
+        gtk_font_chooser_get_font_family(GTK_FONT_CHOOSER(dialogue.GetHandle()));
+    return famille == nullptr ? wxString() : wxString::FromUTF8(pango_font_family_get_name(famille));
+}
 
 // The toolkit looks at capitals: each letter stands for both.
 wxString motif_du_systeme(const wxString& motif) {

@@ -94,6 +94,10 @@ void Cadre::relie_evenements() {
         attend_le_focus();
         e.Skip();
     });
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& e) {
+        montre_couleurs_message();
+        e.Skip();
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& e) {
         e.Skip();
         place_controles();

@@ -60,6 +60,7 @@ private:
     void montre_legende(Paire& p);
     void montre_police(Paire& p);
     void montre_couleurs();
+    void montre_couleurs_message();
     void montre_liste();
     void montre_options();
     void montre_titre();

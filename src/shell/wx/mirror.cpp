@@ -34,7 +34,7 @@ void Cadre::montre_legende(Paire& p) {
 
 // Only the texts have a font of their own; the other controls keep the system's.
 void Cadre::montre_police(Paire& p) {
-    const Police& police = p.donnees->police;
+    const Police police = police_montree(*p.donnees);
     if (!est_texte(p.donnees) || (!p.neuf && p.police.nom == police.nom &&
                                   p.police.taille == police.taille && p.police.gras == police.gras))
         return;
@@ -79,7 +79,17 @@ void Cadre::montre_couleurs() {
     // The toolkit gives each piece of text the colours of the moment when it came, to keep.
     txt_->SetDefaultStyle(wxTextAttr(caracteres, fond));
     txt_->SetStyle(0, txt_->GetLastPosition(), wxTextAttr(caracteres, fond));
-    message_->SetForegroundColour(couleur_wx(fenetre.LblMessage_couleur));
+}
+
+// The message line can be read on whatever the theme has behind it.
+void Cadre::montre_couleurs_message() {
+    const Lettres lettres = lettres_lisibles(couleur_wx(fenetre.LblMessage_couleur));
+    if (message_->GetForegroundColour() == lettres.couleur &&
+        ligne_message_->GetBackgroundColour() == lettres.fond)
+        return;
+    ligne_message_->SetBackgroundColour(lettres.fond);
+    message_->SetForegroundColour(lettres.couleur);
+    ligne_message_->Refresh();
 }
 
 void Cadre::montre_liste() {
@@ -133,6 +143,7 @@ bool Cadre::met_a_jour() {
     etat_->montre(fenetre.panneaux);
     for (Paire& p : paires_) montre_controle(p);
     montre_couleurs();
+    montre_couleurs_message();
     montre_liste();
     montre_options();
     montre_ligne_message();

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr int kMargeCurseur = 8;   // pixels that a cursor at the end of a line needs
+
 GtkTextBuffer* tampon(const wxTextCtrl& controle) {
     GtkWidget* vue = gtk_bin_get_child(GTK_BIN(controle.GetHandle()));
     return gtk_text_view_get_buffer(GTK_TEXT_VIEW(vue));
@@ -190,7 +192,20 @@ void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a) {
 
 void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) { controle.SetSelection(de, a); }
 
-void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) { controle.ShowPosition(position); }
+// The line is shown from its beginning whenever the cursor can be seen so; only a longer one is moved
+// to the left, up to the cursor.
+void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) {
+    controle.ShowPosition(position);
+    auto* const vue = GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(controle.GetHandle())));
+    GtkTextIter place;
+    gtk_text_buffer_get_iter_at_offset(tampon(controle), &place, static_cast<int>(position));
+    GdkRectangle curseur;
+    GdkRectangle visible;
+    gtk_text_view_get_iter_location(vue, &place, &curseur);
+    gtk_text_view_get_visible_rect(vue, &visible);
+    if (curseur.x + kMargeCurseur <= visible.width)
+        gtk_adjustment_set_value(gtk_scrollable_get_hadjustment(GTK_SCROLLABLE(vue)), 0);
+}
 
 // What the toolkit tells a reader of the buffer comes from the view's accessible object.
 void tait_les_changements(const wxTextCtrl& controle, bool tait) {

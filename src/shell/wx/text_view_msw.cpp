@@ -207,7 +207,12 @@ void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a) {
                  compte_du_controle(controle, a));
 }
 
-void montre_curseur_de_la_vue(wxTextCtrl& controle, long) { demande(controle, EM_SCROLLCARET, 0); }
+// The line is shown from its beginning whenever the cursor can be seen so: back to the left edge first,
+// and from there only as far as the cursor asks for.
+void montre_curseur_de_la_vue(wxTextCtrl& controle, long) {
+    SendMessageW(poignee(controle), WM_HSCROLL, SB_LEFT, 0);
+    demande(controle, EM_SCROLLCARET, 0);
+}
 
 // A reader asks by itself what the text has become.
 void tait_les_changements(const wxTextCtrl&, bool) {}

@@ -124,9 +124,17 @@ def changed(before, after):
     return sum(a != b and contrast(a, b) >= 3 for a, b in zip(before, after))
 
 
+def framed(p, node):
+    """A frame is around the control: more stands out there than its words and its mark."""
+    seen = pixels(p, node, around=4)
+    behind = max(set(seen), key=seen.count)
+    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+    return sum(contrast(colour, behind) >= 3 for colour in seen) >= 3 * (box.width + box.height)
+
+
 def focus_is_seen(p):
     """Where the focus is, something stands out that isn't there otherwise: in the text its cursor, on
-    a button a frame."""
+    a button and on an option a frame."""
     for theme, name in THEMES.items():
         begin(p, name)
         text, button = p.text(), p.find("push button", "Quitter")
@@ -138,6 +146,12 @@ def focus_is_seen(p):
         wait_same(p.focus_name, "Quitter", "focus")
         wait(lambda: changed(without_button, pixels(p, button)) >= 100, f"the focus of a button, {theme}")
         wait(lambda: changed(with_text, pixels(p, text)) >= 20, f"the cursor of the text, {theme}")
+        p.key("F8")
+        option = wait(lambda: (f := p.focused()) and role(f) == "radio button" and f, "the angles")
+        wait(lambda: framed(p, option), f"the frame of an option, {theme}")
+        p.key("Tab")
+        wait(lambda: role(p.focused()) != "radio button", "the next control")
+        wait(lambda: not framed(p, option), f"the end of the option's frame, {theme}")
 
 
 def settings(p, row, text):

@@ -51,7 +51,12 @@ bool meme_chemin(std::string_view a, std::string_view b) {
 }
 
 bool meme_document(const std::string& a, const std::string& b) {
-    return meme_chemin(a, b) || port.fichiers.meme_fichier(a, b);
+    if (meme_chemin(a, b) || port.fichiers.meme_fichier(a, b)) return true;
+    const auto dossier = [](const std::string& chemin) {
+        return NomFichSeul(chemin) == chemin ? port.systeme.dossier_courant() : cheminSeul(chemin);
+    };
+    return meme_chemin(NomFichSeul(a), NomFichSeul(b)) &&
+           port.fichiers.meme_fichier(dossier(a), dossier(b));
 }
 
 std::size_t premier_point(std::string_view nom) {

@@ -15,7 +15,8 @@ bool FichierExistant(const std::string& chemin);      // its length can be had
 
 // Both name the same file: case and kind of separator don't count where the separator is "\\".
 bool meme_chemin(std::string_view a, std::string_view b);
-// The same, or two paths that lead to one file there: through a link, or from the current folder.
+// The same, or two paths that lead to one file, through a link or from the current folder; it need not be
+// there any more.
 bool meme_document(const std::string& a, const std::string& b);
 
 // Place of the first dot of the file's name; dots of its folders don't count. npos: none.

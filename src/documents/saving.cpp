@@ -146,12 +146,14 @@ bool sauve_modifie() {
     return true;
 }
 
-// True when the current sheet has what its file hasn't: it differs from it, or the file has gone.
+// True when the current sheet has what its file hasn't: it differs from it, or the file has gone, and
+// then it is marked.
 bool a_perdre() {
     const int rang = documents.document_courant;
-    if (documents.document_modifie(rang) != 0) return true;
-    return documents.a_son_fichier(rang) != 0 && !documents.texte(rang).empty() &&
-           !FichierExistant(ligne_courante_ini().nom);
+    if (documents.document_modifie(rang) == 0 && documents.a_son_fichier(rang) != 0 &&
+        !documents.texte(rang).empty() && !FichierExistant(ligne_courante_ini().nom))
+        marque_modifie();
+    return documents.document_modifie(rang) != 0;
 }
 
 }  // namespace

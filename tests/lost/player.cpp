@@ -101,6 +101,24 @@ bool est_voisin(std::string_view etape) {
            etape.starts_with("fichier");
 }
 
+// The program is stopped: a sheet that was held for saved is only in its file, which somebody else may
+// have taken away.
+void note_arret(Joueur& j) {
+    Mots fichiers;
+    ajoute_fichiers(j, fichiers);
+    for (int i = 1; i <= documents.nombre_document && !j.touches.empty(); ++i) {
+        const bool montree = i == documents.document_courant && feuille_montree();
+        const std::string& texte = montree ? memoire.texte : documents.texte(i);
+        if (documents.document_modifie(i) != 0 ||
+            lit_memoire(reglages.table_ini(i).nom) == texte + "\r\n")
+            continue;
+        Mots siens;
+        ajoute_mots(siens, texte);
+        for (const std::string& mot : siens)
+            if (!fichiers.contains(mot)) j.mots.erase(mot);
+    }
+}
+
 void note_ouverts(Joueur& j) {
     for (int i = 1; i <= documents.nombre_document; ++i) {
         const std::string nom = capitales(reglages.table_ini(i).nom);
@@ -134,8 +152,10 @@ void joue(Joueur& j, const std::string& etape) {
         const std::string chemin = etape.substr(debut, etape.find('"', debut) - debut);
         if (script.commence && (lit_memoire(chemin) || dossier_memoire(chemin))) return;
     }
-    // The program isn't started beside itself.
-    if (!kArrets && etape.starts_with("redémarre") && programme_en_marche()) return;
+    // Not looked at yet: a start at which a recovery file can't be set aside, so that it is offered again
+    // when its sheet has been saved anew meanwhile.
+    if (etape.starts_with("redémarre")) memoire.echec_operation = 0;
+    if (etape.starts_with("redémarre") && programme_en_marche()) note_arret(j);
     j.jouees.push_back(etape);
     execute_etape(1, etape);
     script.echecs.clear();

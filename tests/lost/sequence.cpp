@@ -100,7 +100,7 @@ void ajoute_document(Tirage& t, Etapes& etapes) {
         }
     else
         ajoute_reponses(t, etapes, 3);
-    etapes.push_back(commande == "mnuQuitterItem" && kArrets && t.une_fois_sur(2) ? "ferme"
+    etapes.push_back(commande == "mnuQuitterItem" && t.une_fois_sur(2) ? "ferme"
                                                                        : "choisit " + commande);
 }
 
@@ -137,6 +137,8 @@ void ajoute_commande(Tirage& t, Etapes& etapes) {
 }
 
 void ajoute_depart(Tirage& t, Etapes& etapes) {
+    // Sheets of a program that was stopped are taken back, or set aside.
+    if (!t.une_fois_sur(4)) etapes.push_back(t.une_fois_sur(3) ? "répond non" : "répond oui");
     etapes.push_back(t.une_fois_sur(2) ? "redémarre" : "redémarre " + cite(tire_chemin(t)));
 }
 
@@ -166,7 +168,7 @@ Etapes tire_depart(Tirage& t) {
 
 Etapes tire_evenement(Tirage& t, int& mot) {
     Etapes etapes;
-    if (!programme_en_marche()) {
+    if (!programme_en_marche() || t.une_fois_sur(20)) {
         ajoute_depart(t, etapes);
         return etapes;
     }

@@ -8,9 +8,6 @@
 
 #include "property/choice.hpp"
 
-// The program may be stopped at any event.
-inline constexpr bool kArrets = false;
-
 using Etapes = std::vector<std::string>;   // UTF-8, as in tests/program
 
 // The steps that set the files up before a sequence, and start the program.

@@ -122,7 +122,7 @@ void releve() {
 
 // Whether a changed sheet is there whose file may have to be written.
 bool a_relever() {
-    return reprise.a_refaire || (feuille_montree() && modifiee(documents.document_courant));
+    return reprise.a_refaire || modifiee(documents.document_courant);
 }
 
 // Recovery is a help: where memory doesn't suffice for it the program goes on without.

@@ -146,17 +146,14 @@ bool sauve_modifie() {
     return true;
 }
 
-// True when the current sheet has what its file hasn't: it differs from it, or the file has gone, and
-// then it is marked.
-bool a_perdre() {
-    const int rang = documents.document_courant;
-    if (documents.document_modifie(rang) == 0 && documents.a_son_fichier(rang) != 0 &&
-        !documents.texte(rang).empty() && !FichierExistant(ligne_courante_ini().nom))
-        marque_modifie();
-    return documents.document_modifie(rang) != 0;
-}
-
 }  // namespace
+
+void marque_disparues() {
+    for (int rang = 1; rang <= documents.nombre_document; ++rang)
+        if (documents.a_son_fichier(rang) != 0 && !documents.texte(rang).empty() &&
+            !FichierExistant(reglages.table_ini(rang).nom))
+            documents.document_modifie(rang) = 1;
+}
 
 // An open sheet is never overwritten by a backup.
 void sauvebak() {
@@ -194,7 +191,8 @@ bool enregistrersous() noexcept {
 
 bool sauvegarde() {
     documents.enregistrement_rate = false;
-    if (!a_perdre()) return true;
+    marque_disparues();
+    if (documents.document_modifie(documents.document_courant) == 0) return true;
     const std::string question = std::string("enregistrer sur "_fr)
                                      .append(NomFichSeul(ligne_courante_ini().nom))
                                      .append(" ?"_fr);

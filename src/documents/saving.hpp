@@ -5,6 +5,7 @@
 void sauvebak();                 // the current document's file to its backup; a failed copy passes
 void rangefichier();             // saves under its own name; failures go up
 bool enregistrersous() noexcept; // saves under a chosen name; false: not saved, cancelled or told
+void marque_disparues();         // an open sheet whose file has gone differs from it
 bool sauvegarde();               // asks about a changed sheet; false: not dealt with, cancelled or told
 void mnuEnregistrerItem();
 void mnuEnregistrerSousItem();

@@ -362,6 +362,7 @@ void quitter() {
     if (annonce_item("mnuQuitterItem")) return;
     note_feuille();
     Tente(kCommande, [] { ecrit_copie(documents.document_courant); });
+    marque_disparues();
     ligne(kLigneNombres).nom = recherche.chaine_recherche;
     ligne(kLigneAffichage).nom = recherche.chaine_remplacement;
     if (const std::int16_t rang = demande_sauvegardes(); rang != 0) return reste(rang);

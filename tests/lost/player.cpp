@@ -89,7 +89,8 @@ bool est_edition(std::string_view etape) {
         std::string_view("tape"),          std::string_view("touche Suppr"),
         std::string_view("touche Arri"),   std::string_view("touche Ctrl+Z"),
         std::string_view("touche Ctrl+Maj+Z"), std::string_view("touche Entr"),
-        std::string_view("choisit mnumodif"), std::string_view("choisit mnuEffaceMot"),
+        std::string_view("choisit mnumodif"), std::string_view("choisit mnuAnnuler"),
+        std::string_view("choisit mnuRetabli"), std::string_view("choisit mnuEffaceMot"),
         std::string_view("clique CmdModif")};
     return std::any_of(kDebuts.begin(), kDebuts.end(),
                        [&](std::string_view d) { return etape.starts_with(d); });

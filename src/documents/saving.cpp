@@ -199,7 +199,9 @@ bool sauvegarde() {
     switch (port.boites.oui_non_annuler(question)) {
         case Reponse::oui: return sauve_modifie();
         case Reponse::non: return true;
-        default: return false;
+        default:
+            marque_modifie();   // a file that has gone counts as a change from now on
+            return false;
     }
 }
 

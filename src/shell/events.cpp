@@ -12,6 +12,7 @@
 #include "base/failure.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
+#include "documents/saving.hpp"
 #include "documents/startup.hpp"
 #include "editing/undo.hpp"
 #include "platform/platform.hpp"
@@ -203,6 +204,7 @@ void evenement_fermeture() {
     documents.enregistrement_rate = false;
     evenement(quitter);
     if (fenetre.fermee || documents.enregistrement_rate) return;
+    marque_disparues();
     garde_reprises();
     fenetre.fermee = true;
     port.fenetre.termine();

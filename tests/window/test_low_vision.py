@@ -3,6 +3,7 @@ them on every theme, a focus that can be found, the beginning of the line, sizes
 and the system's.   VOXTAB_CONTRASTS=FILE writes the contrasts down."""
 import os
 import pathlib
+import shutil
 import sys
 
 from Xlib import X
@@ -27,8 +28,15 @@ def no_blinking():
 
 
 def begin(p, theme, scale="1"):
-    p.kill()
+    stop(p)
     p.start(environment={"GTK_THEME": theme, "GDK_DPI_SCALE": scale})
+
+
+def stop(p):
+    """Ends the program; the sheet that it hasn't saved is not to be asked about at the next start."""
+    p.kill()
+    for kept in ("secours", "reprise"):
+        shutil.rmtree(p.folder / kept, ignore_errors=True)
 
 
 def luminance(colour):
@@ -180,7 +188,7 @@ def message_follows_the_sheet(p):
         p.key("Alt+C")
         p.wait_message("2+3 = 5")
         heights.append((height(p, p.text()), height(p, message_line(p))))
-        p.kill()
+        stop(p)
         settings(p, 20, "30")
     (sheet, message), (large_sheet, large_message) = heights
     expect(large_sheet > 1.8 * sheet and large_message > 1.8 * message, f"heights: {heights}")

@@ -1,4 +1,5 @@
-// Raising a failure and showing its box. Sets erreur_formule for the procedures that mark it.
+// Raising a failure and showing its box. Sets erreur_formule for the procedures that mark it, and takes the
+// reserve of memory again behind a failure for want of it.
 #include "base/failure.hpp"
 
 #include <string>
@@ -6,6 +7,7 @@
 
 #include "base/boxes.hpp"
 #include "base/codepage.hpp"
+#include "base/memory_reserve.hpp"
 #include "engine/context.hpp"
 #include "platform/patience.hpp"
 
@@ -27,6 +29,7 @@ void signale_defaillance(const Procedure& procedure, int numero) noexcept {
     std::string texte = procedure.numero_seul ? " " + n : n + " " + n;
     montre_boite(texte.append(procedure.mots));
     if (procedure.marque_erreur) moteur.erreur_formule = true;
+    if (numero == kMemoire) reprend_reserve();
 }
 
 #ifdef VOXTAB_INJECTION

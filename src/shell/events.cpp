@@ -10,6 +10,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/memory_reserve.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
 #include "documents/saving.hpp"
@@ -79,6 +80,7 @@ void ouvre_remises();
 template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
+    reprend_reserve();
     note_frappe();
     const std::uint32_t passes = feuille.passes;
     releve_reprises();

@@ -1,16 +1,21 @@
 // Development probe: one JSON job a line on standard input, one JSON result a line on standard
 // output, at once. Exit status 2 when a job could not be run.
+#include <cstdio>
 #include <iostream>
 #include <string>
 
 #include <nlohmann/json.hpp>
 
+#include "base/memory_reserve.hpp"
 #include "platform/console.hpp"
 #include "platform/stack.hpp"
 #include "tools/job.hpp"
+#include "tools/last_handler.hpp"
 
 int main(int argc, char** argv) {
+    finit_sans_memoire(stdout, "{\"erreur\":\"mémoire insuffisante\"}\n");
     agrandit_pile(argv);
+    installe_reserve();
     prepare_console(argc, argv);
     std::ios::sync_with_stdio(false);
     int statut = 0;

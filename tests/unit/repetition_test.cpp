@@ -1,95 +1,15 @@
 // The repeated evaluation against evaluating the text each time: same bits, same errors, same boxes,
 // and the same context afterwards, whatever the formula.
-#include <bit>
-#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
 
 #include <doctest/doctest.h>
 
-#include "engine/context.hpp"
-#include "engine/grammar.hpp"
-#include "engine/identifiers.hpp"
-#include "engine/repetition.hpp"
-#include "platform/memory.hpp"
-#include "shell/reset.hpp"
+#include "support/program.hpp"
+#include "support/repeated.hpp"
 
 namespace {
-
-// What is left behind by a series of evaluations.
-struct Trace {
-    std::vector<std::uint64_t> valeurs;
-    std::vector<bool> erreurs;
-    std::vector<std::string> boites;
-    std::string formule, symbole, texte_erreur;
-    std::vector<std::uint64_t> contexte;
-    bool operator==(const Trace&) const = default;
-};
-
-std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
-
-// Starts a program with A, B and X defined and the formula ready.
-void prepare(const std::string& formule, int unite) {
-    installe_port_memoire();
-    reinitialise_tout();
-    modes.unite_angle = static_cast<std::int16_t>(unite);
-    for (const int v : {1, 2, 24}) moteur.variable_definie[static_cast<std::size_t>(v)] = true;
-    moteur.valeur_variable[1] = 2.5;
-    moteur.valeur_variable[2] = -3;
-    moteur.p_formule = formule;
-    TestVariable();
-    moteur.muet_erreur = true;
-}
-
-Trace releve(std::vector<std::uint64_t> valeurs, std::vector<bool> erreurs) {
-    Trace t;
-    t.valeurs = std::move(valeurs);
-    t.erreurs = std::move(erreurs);
-    t.boites = memoire.boites;
-    t.formule = moteur.p_formule;
-    t.symbole = moteur.l_symbole;
-    t.texte_erreur = moteur.l_texte_erreur;
-    for (const double x :
-         {moteur.l_valeur, moteur.l_valeur_expression, moteur.l_sauve_expression,
-          moteur.l_valeur_facteur, moteur.l_valeur_not, moteur.l_valeur_exposant,
-          moteur.l_valeur_terme, moteur.l_valeur_egalite, moteur.l_argument1})
-        t.contexte.push_back(bits(x));
-    for (std::size_t i = 1; i <= 26; ++i) {
-        t.contexte.push_back(bits(moteur.valeur_variable[i]));
-        t.contexte.push_back(moteur.variable_definie[i]);
-    }
-    t.contexte.push_back(static_cast<std::uint64_t>(moteur.p_position));
-    t.contexte.push_back(static_cast<std::uint64_t>(moteur.l_var));
-    return t;
-}
-
-template <class Evalue>
-Trace parcourt(const std::vector<double>& points, Evalue&& evalue) {
-    std::vector<std::uint64_t> valeurs;
-    std::vector<bool> erreurs;
-    for (const double x : points) {
-        moteur.valeur_variable[24] = x;
-        const double valeur = evalue();
-        erreurs.push_back(moteur.erreur_formule);
-        valeurs.push_back(moteur.erreur_formule ? 0 : bits(valeur));
-        if (moteur.erreur_formule) break;   // as the tabulation and the area do
-    }
-    return releve(valeurs, erreurs);
-}
-
-Trace par_le_texte(const std::string& formule, int unite, const std::vector<double>& points) {
-    prepare(formule, unite);
-    return parcourt(points, [] { return evalue_formule(); });
-}
-
-Trace par_repetition(const std::string& formule, int unite, const std::vector<double>& points) {
-    prepare(formule, unite);
-    Repetition repetition(24);
-    Trace t = parcourt(points, [&] { return repetition.evalue(); });
-    repetition.termine();
-    return releve(t.valeurs, t.erreurs);
-}
 
 const std::vector<std::vector<double>> kPoints = {
     {0, 0.5, 0.5, 1, 1.5, 2, 3},
@@ -130,6 +50,7 @@ std::string au_hasard(std::mt19937& tirage, int profondeur) {
 }  // namespace
 
 TEST_CASE("repeated evaluation leaves what the text leaves, formula by formula") {
+    programme_neuf();
     for (const char* formule :
          {"3X+SIN(X)/2", "X^2+3X+1", "Y=X^2", "Y=Y+X", "X=X+1", "2+SIN(3+COS(X))", "SIN(X)+2X",
           "1/X", "LN(X)", "SQRT(X)", "X^(-1)", "X^0.5", "(X-1)^3", "-X^2", "TAN(X)", "M", "X@3",
@@ -139,6 +60,7 @@ TEST_CASE("repeated evaluation leaves what the text leaves, formula by formula")
 }
 
 TEST_CASE("repeated evaluation leaves what the text leaves, random formulas") {
+    programme_neuf();
     std::mt19937 tirage(20261120);
     for (int i = 0; i < 3000; ++i) {
         std::string formule = au_hasard(tirage, 4);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/codepage.hpp"
+#include "base/memory_reserve.hpp"
 #include "platform/console.hpp"
 #include "platform/files.hpp"
 #include "platform/platform.hpp"
@@ -125,6 +126,7 @@ wxIMPLEMENT_APP_NO_MAIN(Application);
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
+    installe_reserve();
     if (options_seules(prepare_console(argc, argv))) return 0;
     choisit_langue();
     note_lancement();

@@ -1,0 +1,22 @@
+// One formula evaluated at several points, by the repeated evaluation and by its text: what each leaves
+// behind, to be compared. Changes the engine's context, the stores and the memory filler.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// What is left behind by a series of evaluations.
+struct Trace {
+    std::vector<std::uint64_t> valeurs;
+    std::vector<bool> erreurs;
+    std::vector<std::string> boites;
+    std::string formule, symbole, texte_erreur;
+    std::vector<std::uint64_t> contexte;
+    bool operator==(const Trace&) const = default;
+};
+
+// Evaluates the formula for each value of X, in a context where A, B and X are defined; the port is
+// the memory filler's. `unite` is the angle unit.
+Trace par_le_texte(const std::string& formule, int unite, const std::vector<double>& points);
+Trace par_repetition(const std::string& formule, int unite, const std::vector<double>& points);

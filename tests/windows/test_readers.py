@@ -38,8 +38,8 @@ COMMANDS = [
     ("Ctrl+Entrée", "calcul de toutes les lignes en colonne"),
     ("Ctrl+Maj+S", "enregistrer sous un autre nom"), ("Alt+M", "Remplacement sur le texte"),
     ("Alt+Q", "quitter la calculatrice"), ("K", "aucune fonction"), ("K", " aucune fonction  "),
-    ("K", "aucune fonction"), ("F1", "B=A*2 = 6"), ("Alt+F1", "+ (a+b) somme de a et b. Exemple : 2+3 = 5"),
-    ("Échap", "B=A*2 = 6"), ("Ctrl+G", "colonne 10 ligne 2"), ("Ctrl+Z", "B=A*2"),
+    ("K", "aucune fonction"), ("F1", "B=A*2 = 6"), ("Ctrl+R", "= 6"),
+    ("Ctrl+F1", "Pose d'un repère"), ("Ctrl+G", "colonne 10 ligne 2"), ("Ctrl+Z", "B=A*2"),
     ("Alt+C", "B=A*2 = 6"), ("Ctrl+R", "= 6"), ("Ctrl+G", "colonne 10 ligne 2"),
 ]
 

@@ -120,6 +120,26 @@ void note_arret(Joueur& j) {
     }
 }
 
+// Somebody is about to take away the file of a sheet that was just saved to it while its mark stayed, on
+// the way out, or to put another one there: the program holds the sheet for saved and can't know.
+void note_vol(Joueur& j, std::string_view etape) {
+    const std::size_t debut = etape.find('"') + 1;
+    const std::string chemin(etape.substr(debut, etape.find('"', debut) - debut));
+    for (int i = 1; i <= documents.nombre_document; ++i) {
+        const std::string& nom = reglages.table_ini(i).nom;
+        const bool dedans = capitales(nom).starts_with(capitales(chemin) + "\\");
+        if (!dedans && !meme_document(nom, chemin)) continue;
+        const std::optional<std::string> contenu = lit_memoire(nom);
+        const std::string& texte = documents.texte(i);
+        const bool enregistree = contenu == texte + "\r\n" && documents.document_modifie(i) != 0;
+        const bool remplacee = etape.starts_with("fichier") && !contenu;
+        if (!enregistree && !remplacee) continue;
+        Mots siens;
+        ajoute_mots(siens, texte);
+        for (const std::string& mot : siens) j.mots.erase(mot);
+    }
+}
+
 void note_ouverts(Joueur& j) {
     for (int i = 1; i <= documents.nombre_document; ++i) {
         const std::string nom = capitales(reglages.table_ini(i).nom);
@@ -157,6 +177,7 @@ void joue(Joueur& j, const std::string& etape) {
     // when its sheet has been saved anew meanwhile.
     if (etape.starts_with("redémarre")) memoire.echec_operation = 0;
     if (etape.starts_with("redémarre") && programme_en_marche()) note_arret(j);
+    if (est_voisin(etape)) note_vol(j, etape);
     j.jouees.push_back(etape);
     execute_etape(1, etape);
     script.echecs.clear();

@@ -180,6 +180,15 @@ def hear_quick_keys(p, way, control):
     same(modes, ["Entier", "Flottant", "Entier"], "the modes that are heard")
 
 
+def empty_line(p):
+    """An empty line is heard as such, and the message line shows the message as it is."""
+    p.start(text="2+3¶")
+    p.key("Alt+C")
+    heard = p.listener.next("the empty line")
+    same((heard["event"], heard["id"], heard["name"]), (LIVE, MESSAGE, "ligne vide"), "heard")
+    wait(lambda: p.message().strip() == "", "the empty message line")
+
+
 def the_reader_comes_later(p):
     """A reader that starts while the program runs is served from the next message on."""
     p.start(text="12")
@@ -204,4 +213,4 @@ def ampersand(p):
 
 
 run([without_jaws, with_jaws, the_table_is_the_one_of_the_project, names_come_back, both_libraries,
-     messages_together_by_name, quick_keys, the_reader_comes_later, ampersand], BUILD, PLACE)
+     messages_together_by_name, quick_keys, empty_line, the_reader_comes_later, ampersand], BUILD, PLACE)

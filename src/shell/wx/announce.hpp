@@ -14,6 +14,8 @@
 void prepare_annonce(wxWindow& controle);
 // Prepares the message line, which shows the last message.
 void prepare_ligne(wxStaticText& ligne);
+// The message line shows that text in UTF-8, as it stands; nothing is told.
+void montre_message(wxStaticText& ligne, const std::string& utf8);
 // Whether messages are told in the name of the control that has the focus, and so must wait for it.
 // Otherwise they come from the message line, which annonce() changes itself.
 bool annonce_par_le_focus();

@@ -47,6 +47,10 @@ void prepare_annonce(wxWindow& controle) {
 
 void prepare_ligne(wxStaticText&) {}
 
+void montre_message(wxStaticText& ligne, const std::string& utf8) {
+    ligne.SetLabelText(wxString::FromUTF8(utf8));
+}
+
 bool annonce_par_le_focus() { return true; }
 
 bool titre_lu_par_le_lecteur() { return true; }

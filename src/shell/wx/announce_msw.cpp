@@ -19,7 +19,9 @@
 #include <map>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "platform/utf16_windows.hpp"
+#include "shell/message.hpp"
 
 namespace {
 
@@ -130,9 +132,7 @@ void dit_le_suivant() {
     if (attente.empty()) return;
     const std::string message = attente.front();
     attente.pop_front();
-    ligne_des_messages->SetLabel(wxString::FromUTF8(message));
-    // The name that the system makes of a text has no "&".
-    Proprietes().nomme(poignee(*ligne_des_messages), message);
+    montre_message(*ligne_des_messages, message);
     if (lecteur_de_noms()) {
         dit_par_le_nom(message);
         return;
@@ -145,7 +145,10 @@ void dit_le_suivant() {
 void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
     moment_court = !attente.empty();
     dit_le_suivant();
-    if (!moment_court) KillTimer(fenetre, minuterie);
+    if (moment_court) return;
+    KillTimer(fenetre, minuterie);
+    // What was told may be other words than the message.
+    montre_message(*ligne_des_messages, vers_utf8(ligne_message.LblMessage));
 }
 
 }  // namespace
@@ -159,6 +162,12 @@ void prepare_ligne(wxStaticText& ligne) {
     SetWindowLongPtrW(poignee(ligne), GWL_STYLE,
                       GetWindowLongPtrW(poignee(ligne), GWL_STYLE) | SS_NOPREFIX);
     Proprietes().pose(ligne, kReglageRegion, kPoli);
+}
+
+// The line takes "&" as it is given; the name that the system makes of a text has none.
+void montre_message(wxStaticText& ligne, const std::string& utf8) {
+    ligne.SetLabel(wxString::FromUTF8(utf8));
+    Proprietes().nomme(poignee(ligne), utf8);
 }
 
 bool annonce_par_le_focus() { return false; }

@@ -93,6 +93,7 @@ private:
     BarreEtat* etat_ = nullptr;
     BarreMenus menus_;
     std::unique_ptr<ZoneTexte> zone_;
+    std::string message_montre_;                     // in the message line, as shown
     std::vector<std::string> a_dire_;                // texts in UTF-8, to be told
     bool attend_ = false;                            // they wait for the focus
     std::vector<std::string> lignes_vues_;           // of the list, as shown

@@ -12,11 +12,10 @@
 #include "shell/wx/frame.hpp"
 
 void Cadre::montre_ligne_message() {
-    if (!annonce_par_le_focus()) return;
-    const wxString texte = vers_wx(ligne_message.LblMessage);
-    if (texte == message_->GetLabelText()) return;
-    message_->SetLabelText(texte);
-    nomme(*ligne_message_, kNomLigneMessage + vers_utf8(ligne_message.LblMessage));
+    if (message_montre_ == ligne_message.LblMessage) return;
+    message_montre_ = ligne_message.LblMessage;
+    montre_message(*message_, vers_utf8(message_montre_));
+    if (annonce_par_le_focus()) nomme(*ligne_message_, kNomLigneMessage + vers_utf8(ligne_message.LblMessage));
 }
 
 // The line that the cursor is on, in UTF-8.

@@ -240,7 +240,7 @@ def quit_asks(p):
     p.type("A=3")
     p.key("Alt+Q")
     d = p.wait_box("enregistrer sur SANSTITRE.VXT ?")
-    same(d.get_name(), "VOXTAB", "title of the box")
+    same(d.get_name(), "enregistrer sur SANSTITRE.VXT ?", "name of the box, which a reader shows in Braille")
     same(sorted(buttons_of(d)), ["Annuler", "Non", "Oui"], "buttons")
     p.key("Échap")
     p.wait_no_dialog()

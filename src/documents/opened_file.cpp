@@ -17,9 +17,6 @@ namespace {
 
 constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 
-// Two marks, which only this program writes: every character stands for itself, a no-break space too.
-constexpr std::string_view kMarqueExacte = "\xEF\xBB\xBF\xEF\xBB\xBF";
-
 // The box of what has been lost.
 std::string mots_pertes(const TexteAmene& amene) {
     const bool un = amene.perdus == 1;

@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+// Two marks, which only this program writes: every character stands for itself, a no-break space too.
+inline constexpr std::string_view kMarqueExacte = "\xEF\xBB\xBF\xEF\xBB\xBF";
+
 // True when the bytes are recognised as another coding than the code page: a mark of UTF-8 or UTF-16
 // at the start, or UTF-8 throughout with more than ASCII in it, all of which has its place in a sheet.
 bool est_unicode(std::string_view octets);

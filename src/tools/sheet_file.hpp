@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-enum class Codage { windows_1252, utf8, utf8_avec_marque, utf16_petit, utf16_grand };
+enum class Codage { windows_1252, utf8, utf8_avec_marque, utf8_exact, utf16_petit, utf16_grand };
 enum class FinsDeLigne { cr_lf, lf, cr };
 
 struct TexteFeuille {

@@ -63,7 +63,15 @@ def codings_are_kept(folder):
         done = run("-i", sheet)
         wanted = mark + "1+1 ! d\u00e9j\u00e0 \u0153 = 2\r\n".encode(coding)
         want(coding, done.returncode == 0 and sheet.read_bytes() == wanted, (done.stderr, sheet.read_bytes()))
-    sheet = folder / "piped"
+    exact = folder / "exact.VXT"   # as the window writes a sheet that would be taken for UTF-8
+    double = b"\xef\xbb\xbf" * 2
+    exact.write_bytes(double + "1+1 ! \u00c3\u00a9\u00a0\u2026\r\n".encode())
+    run("-i", exact)
+    want("two marks", exact.read_bytes() == double + "1+1 ! \u00c3\u00a9\u00a0\u2026 = 2\r\n".encode(), exact.read_bytes())
+    chance = folder / "chance.VXT"   # valid UTF-8 by accident, of a character that no sheet has
+    chance.write_bytes("1+1 ! CLASS\u00c9\u2026\r\n".encode("windows-1252"))
+    run("-i", chance)
+    want("UTF-8 by accident", chance.read_bytes() == "1+1 ! CLASS\u00c9\u2026 = 2\r\n".encode("windows-1252"), chance.read_bytes())
     done = run(input="1+1\r\n".encode("utf-16"), stdin=None)
     want("UTF-16 from a pipe", done.stdout == b"1+1 = 2\r\n" or done.stdout == b"1+1 = 2\n", done.stdout)
     lost = folder / "lost.VXT"

@@ -144,15 +144,21 @@ def quit_saves(p):
 
 
 def close_box(p):
-    """The close box asks as well, and closes whatever the answer is."""
+    """The close box asks as well, and closes whatever the answer is; the next start offers the sheet."""
     p.start(text="A=3")
     p.probe.ask("close")
     p.wait_box("enregistrer sur SANSTITRE.VXT ?")
     p.key("Échap")
     p.wait_end()
     expect(not (p.folder / "VOXTAB.INI").exists(), "the settings are written")
-    p.start()
+    p.launch()
+    p.wait_box("La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre 1 feuille(s) ?")
+    p.key("Alt+O")
+    p.ready()
+    p.wait_sheet("A=3")
     p.key("Alt+F4")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+N")
     p.wait_end()
     expect((p.folder / "VOXTAB.INI").exists(), "no settings file")
 
@@ -245,7 +251,7 @@ def folder_with_accents(p):
         p.wait_end()
         same(read(folder / "été.VXT"), "B=1\nA=5\n", "file")
         same(sorted(f.name for f in folder.iterdir()),
-             sorted(["VOXTAB.EXE", "VOXTAB.INI", *TEXTS, "data", "travail", "été.VXT", "été.bak"]), "files beside the program")
+             sorted(["VOXTAB.EXE", "VOXTAB.INI", *TEXTS, "data", "secours", "travail", "été.VXT", "été.bak"]), "files beside the program")
         p.folder = whole
 
 

@@ -57,7 +57,7 @@ struct Litteral {
 
 template <Litteral L>
 struct LitteralFrancais {
-    static consteval auto convertit() {
+    static constexpr auto convertit() {
         std::array<char, sizeof(L.octets)> sortie{};
         std::size_t n = 0;
         std::string_view reste(L.octets, sizeof(L.octets) - 1);
@@ -71,12 +71,14 @@ struct LitteralFrancais {
         return std::pair{sortie, n};
     }
     static constexpr auto valeur = convertit();
+    static constexpr std::string_view vue{valeur.first.data(), valeur.second};
 };
 
 // "texte"_fr: the text in Windows-1252; does not compile when a character is not in the code page.
+// A reference, and not a copy: clang 14 dies of the copy in the initialiser of a variable.
 template <Litteral L>
-constexpr std::string_view operator""_fr() {
-    return {LitteralFrancais<L>::valeur.first.data(), LitteralFrancais<L>::valeur.second};
+constexpr const std::string_view& operator""_fr() {
+    return LitteralFrancais<L>::vue;
 }
 
 // Capital of each code: a to z, and the letters E0 to FE except F7. "œ", "š", "ž", "ÿ" have none.

@@ -264,9 +264,8 @@ bool reprend_feuilles(bool donnee) {
     const Trouvailles t = cherche_feuilles();
     bool ouvertes = false;
     if (!t.feuilles.empty()) {
-        const std::string question = std::string("La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre "_fr)
-                                         .append(nombre(t.feuilles.size()))
-                                         .append(" feuille(s) ?");
+        std::string question("La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre "_fr);
+        question.append(nombre(t.feuilles.size())).append(" feuille(s) ?");
         dit_restantes(port.boites.oui_non(question) ? ouvre_toutes(t.feuilles, donnee, ouvertes)
                                                     : met_de_cote(t.feuilles));
     }

@@ -193,9 +193,8 @@ bool sauvegarde() {
     documents.enregistrement_rate = false;
     marque_disparues();
     if (documents.document_modifie(documents.document_courant) == 0) return true;
-    const std::string question = std::string("enregistrer sur "_fr)
-                                     .append(NomFichSeul(ligne_courante_ini().nom))
-                                     .append(" ?"_fr);
+    std::string question("enregistrer sur "_fr);
+    question.append(NomFichSeul(ligne_courante_ini().nom)).append(" ?"_fr);
     switch (port.boites.oui_non_annuler(question)) {
         case Reponse::oui: return sauve_modifie();
         case Reponse::non: return true;

@@ -24,7 +24,6 @@
 namespace {
 
 constexpr Procedure kEvalueFormule{" sur evalue_formule"_fr, true, true};
-constexpr Procedure kCompileEgalite{" sur compile_egalite"_fr, true};
 constexpr Procedure kCompileExpression{" sur compile_expression"_fr, true};
 constexpr Procedure kCompileTerme{" sur compile_terme"_fr, true};
 constexpr Procedure kCompileExposant{" sur compile_exposant"_fr, true};

@@ -88,16 +88,16 @@ def read_views(p, suffix):
 def option_views(p, suffix):
     """The angle view and the list of colours."""
     p.key("F8")
-    wait(lambda: p.focused() is not None and role(p.focused()) == "radio button", "the angles")
+    wait(lambda: (node := p.focused()) is not None and role(node) == "radio button", "the angles")
     keep("angle" + suffix)
     p.key("Échap")
-    wait(lambda: p.focused().get_name() == "Feuille", "the sheet again")
+    wait(lambda: p.focus_name() == "Feuille", "the sheet again")
     choose(p, "Options", "Choix de la couleur")
     wait(lambda: p.find("list box", "Couleurs") or p.find("table", "Couleurs") or
          p.find("tree table", "Couleurs"), "the list")
     keep("colours" + suffix)
     p.key("Échap")
-    wait(lambda: p.focused().get_name() == "Feuille", "the sheet again")
+    wait(lambda: p.focus_name() == "Feuille", "the sheet again")
 
 
 def menus(p, suffix):
@@ -108,7 +108,7 @@ def menus(p, suffix):
         keep(name + suffix)
         p.key("Échap")
         p.key("Échap")
-        wait(lambda: p.focused() is not None and p.focused().get_name() == "Feuille", "the sheet")
+        wait(lambda: p.focus_name() == "Feuille", "the sheet")
 
 
 def boxes(p, suffix):

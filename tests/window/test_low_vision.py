@@ -158,7 +158,7 @@ def focus_is_seen(p):
         option = wait(lambda: (f := p.focused()) and role(f) == "radio button" and f, "the angles")
         wait(lambda: framed(p, option), f"the frame of an option, {theme}")
         p.key("Tab")
-        wait(lambda: role(p.focused()) != "radio button", "the next control")
+        wait(lambda: (node := p.focused()) is not None and role(node) != "radio button", "the next control")
         wait(lambda: not framed(p, option), f"the end of the option's frame, {theme}")
 
 

@@ -58,11 +58,23 @@ def pixels(p, node, around=0):
     return [(image.data[i + 2], image.data[i + 1], image.data[i]) for i in range(0, len(image.data), 4)]
 
 
+def colours_of(p, node):
+    """The colours of a text and how often each is seen, once it is drawn: more than its background is
+    there, and a second look shows the same."""
+    last = None
+
+    def looked():
+        nonlocal last
+        before, last = last, {}
+        for colour in pixels(p, node):
+            last[colour] = last.get(colour, 0) + 1
+        return last if last == before and sum(times >= 3 for times in last.values()) > 1 else None
+    return wait(looked, "a text that is drawn")
+
+
 def contrast_of(p, node):
     """How far a text stands out: its ink is the colour farthest from that of the background."""
-    seen = {}
-    for colour in pixels(p, node):
-        seen[colour] = seen.get(colour, 0) + 1
+    seen = colours_of(p, node)
     behind = max(seen, key=seen.get)
     return max(contrast(colour, behind) for colour, times in seen.items() if times >= 3)
 

@@ -242,6 +242,17 @@ class Program:
                 return node
         return None
 
+    def tab_to(self, reached, top=None):
+        """Goes on with Tab until the focus stands where `reached` is true of it, each step seen before
+        the next key."""
+        for _ in range(12):
+            node = wait(lambda: self.focused(top), "a focus")
+            if reached(node):
+                return node
+            self.key("Tab")
+            wait(lambda: (f := self.focused(top)) is not None and f != node, "the next control")
+        raise Failed(f"twelve times Tab, and the focus is at {role(node)} {node.get_name()!r}")
+
     def focus_name(self):
         node = self.focused()
         return node.get_name() if node is not None else None

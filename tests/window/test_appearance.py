@@ -119,11 +119,7 @@ def cancelled(p):
 
 def button(p, name):
     """Goes to a button with Tab and presses it."""
-    for _ in range(8):
-        if p.focus_name() == name:
-            break
-        p.key("Tab")
-    wait_same(p.focus_name, name, "focus")
+    p.tab_to(lambda node: node.get_name() == name)
     p.key("Espace")
 
 
@@ -175,12 +171,7 @@ def choose_font(p, item, told, question, name, size):
     wait(lambda: (f := p.focused(dialog)) and f.get_name() == f"{name} Regular" or
          any(has(n, Atspi.StateType.SELECTED) and n.get_name().startswith(name) for n in walk(dialog)
              if role(n) == "table cell"), "the font in the list")
-    for _ in range(10):
-        p.key("Tab")
-        f = p.focused(dialog)
-        if f is not None and role(f) == "spin button":
-            break
-    wait(lambda: (f := p.focused(dialog)) and role(f) == "spin button", "the line for a size")
+    p.tab_to(lambda node: role(node) == "spin button", dialog)
     p.key("Ctrl+A")
     p.type(str(size))
     p.key("Tab")                      # a size counts when its line is left

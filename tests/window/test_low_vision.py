@@ -159,11 +159,7 @@ def focus_is_seen(p):
         begin(p, name)
         text, button = p.text(), p.find("push button", "Quitter")
         with_text, without_button = pixels(p, text), pixels(p, button)
-        for _ in range(8):
-            if p.focus_name() == "Quitter":
-                break
-            p.key("Tab")
-        wait_same(p.focus_name, "Quitter", "focus")
+        p.tab_to(lambda node: node.get_name() == "Quitter")
         wait(lambda: changed(without_button, pixels(p, button)) >= 100, f"the focus of a button, {theme}")
         wait(lambda: changed(with_text, pixels(p, text)) >= 20, f"the cursor of the text, {theme}")
         p.key("F8")
@@ -262,12 +258,7 @@ def size_alone(p):
                                                                        "spin button", "text")}
     expect(set(names.values()) <= {"Chercher une police", "Aperçu", "Polices", "Taille"}, f"names: {names}")
     wait_same(lambda: (f := p.focused(dialog)) and f.get_name(), "Chercher une police", "first part")
-    for _ in range(10):
-        p.key("Tab")
-        f = p.focused(dialog)
-        if f is not None and role(f) == "spin button":
-            break
-    wait_same(lambda: (f := p.focused(dialog)) and (role(f), f.get_name()), ("spin button", "Taille"), "focus")
+    same(p.tab_to(lambda node: role(node) == "spin button", dialog).get_name(), "Taille", "the line for a size")
     p.key("Ctrl+A")
     p.type("30")
     p.key("Tab")                      # a size counts when its line is left

@@ -87,6 +87,7 @@ class Program:
         self.folder.mkdir(parents=True)
         shutil.copy(build / "VOXTAB.EXE", self.folder)
         shutil.copytree(build / "data", self.folder / "data")
+        self.build = build
         self.probe, self.listener = helpers
         self.process = None
 

@@ -190,6 +190,24 @@ json hooked(int) {
     return process != 0 && names()->process == static_cast<LONG>(process);
 }
 
+// Ends the program as a task manager does.
+bool terminate() {
+    DWORD id = 0;
+    GetWindowThreadProcessId(main_window(), &id);
+    const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+    const bool ended = process != nullptr && TerminateProcess(process, 1) != 0 &&
+                       WaitForSingleObject(process, kLimit) == WAIT_OBJECT_0;
+    CloseHandle(process);
+    return ended;
+}
+
+// What the system sends when the session ends, with the reason. A question inside the message is
+// answered before it comes back.
+bool query_end(LPARAM reason) { return SendMessageW(main_window(), WM_QUERYENDSESSION, 0, reason) != 0; }
+bool end_session(WPARAM ends, LPARAM reason) {
+    return SendMessageTimeoutW(main_window(), WM_ENDSESSION, ends, reason, SMTO_NORMAL, kLimit, nullptr) != 0;
+}
+
 const std::map<std::string, std::function<json(int)>> commands = {
     {"title",
      [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
@@ -209,6 +227,10 @@ const std::map<std::string, std::function<json(int)>> commands = {
     {"undo_text", [](int id) { return message_answer(id, EM_UNDO); }},
     {"paste", [](int id) { return message_answer(id, WM_PASTE); }},
     {"cut", [](int id) { return message_answer(id, WM_CUT); }},
+    {"terminate", [](int) { return json(terminate()); }},
+    {"query_end", [](int reason) { return json(query_end(reason)); }},
+    {"end_session", [](int reason) { return json(end_session(TRUE, reason)); }},
+    {"session_goes_on", [](int) { return json(end_session(FALSE, 0)); }},
     {"close", [](int) { return json(PostMessageW(main_window(), WM_CLOSE, 0, 0) != 0); }},
 };
 

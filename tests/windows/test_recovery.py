@@ -1,0 +1,288 @@
+"""What was typed and not saved comes back on Windows: after TerminateProcess at random moments, and after the
+end of the session, which asks only where nothing could be written. KILLS says how often it is ended."""
+import os
+import random
+import sys
+import threading
+import time
+
+from pilot import TXT, Helper, expect, run, same, wait
+from recovery import question, recovered
+
+BUILD, PLACE = sys.argv[1:3]
+BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
+LONGEST = 4.0    # seconds from a start to its end
+KILLS = int(os.environ.get("KILLS", "6"))
+LOGOFF, CLOSE_PROGRAM = -0x80000000, 1    # why the session ends: the user goes, an installer needs the file
+
+
+def there(path):
+    """The path as the program names it."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def has_recovered(p, texts):
+    wait(lambda: sorted(text for _, text in recovered(p.folder)) == sorted(texts), f"the files of {texts}")
+
+
+def asked(p, count, *arguments):
+    """Starts the program, which asks about so many sheets."""
+    p.launch(*arguments)
+    p.wait_box(question(count))
+
+
+def terminate(p):
+    same(p.probe.ask("terminate"), True, "the end of the process")
+    p.wait_end()
+
+
+def comes_back(p):
+    """Oui opens the sheets as they were, each at its place; a save and a quit leave no file."""
+    named = p.folder / "un.VXT"
+    named.write_bytes(b"A=1\r\n")
+    p.start(there(named))
+    p.key("Fin")
+    p.type("+2")
+    p.key("Ctrl+N")
+    wait(lambda: p.title() == "VOXTAB SANSTITRE.VXT", "the title")
+    p.type("C=3¶B=4")
+    p.wait_sheet("C=3\nB=4")
+    p.key("Haut")
+    has_recovered(p, ["A=1+2", "C=3\r\nB=4"])
+    wait(lambda: [head["curseur"] for head, _ in recovered(p.folder) if not head["nom"]] == ["3 0"],
+         "the cursor in the recovery file")
+    terminate(p)
+    asked(p, 2)
+    same([c["text"] for c in p.box()["children"] if c["class"] == "Button"], ["&Oui", "&Non"], "buttons")
+    p.key("Alt+O")
+    p.ready()
+    p.wait_sheet("C=3\nB=4")
+    same(p.title(), "VOXTAB SANSTITRE.VXT", "title")
+    same(p.selection(), (3, 3), "cursor")
+    p.wait_message("C=3")
+    p.key("Maj+F6")
+    p.wait_sheet("A=1+2")
+    same(p.title(), f"VOXTAB {there(named)}", "title")
+    same(named.read_bytes(), b"A=1\r\n", "the file")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    has_recovered(p, ["C=3\r\nB=4"])
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+N")
+    p.wait_end()
+    has_recovered(p, [])
+
+
+def set_aside(p):
+    """Non moves the sheet to the folder reprise, from where it can be opened."""
+    p.start(text="A=3")
+    has_recovered(p, ["A=3"])
+    terminate(p)
+    asked(p, 1)
+    p.key("Alt+N")
+    p.ready()
+    p.wait_sheet("")
+    has_recovered(p, [])
+    moved = list((p.folder / "reprise").iterdir())
+    same(len(moved), 1, "sheets set aside")
+    p.key("Alt+Q")
+    p.wait_end()
+    p.start(there(moved[0]))
+    p.wait_sheet("A=3")
+
+
+def lines_of(text):
+    return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
+
+
+class Typist:
+    """Types into two sheets until the program is ended, and notes what was typed when."""
+
+    def __init__(self, p):
+        self.p, self.chance = p, random.Random(20260101)
+        self.sheet = p.folder / "feuille.VXT"
+        self.sheet.write_bytes(b"1+1\r\n")
+        self.killer = Helper(p.build / "probe.exe")
+        self.typed = []          # (moment, mark) of each line, once it stands in the sheet
+        self.marks, self.due, self.lag = 0, 0, 0.0
+
+    def running(self):
+        return self.p.process.poll() is None
+
+    def see(self, condition, what):
+        """Waits for it, unless the program is gone."""
+        return wait(lambda: not self.running() or condition(), what) and self.running()
+
+    def line(self):
+        """One line with a mark of its own, at the end of the sheet."""
+        self.marks += 1
+        mark = f"{self.marks}*10"
+        self.p.key("Ctrl+Fin")
+        self.p.type(mark + "¶")
+        if self.see(lambda: mark in lines_of(self.p.sheet()), mark):
+            self.typed.append((time.monotonic(), mark))
+
+    def other_sheet(self):
+        title = self.p.title()
+        self.p.key("F6")
+        self.see(lambda: self.p.title() not in (title, None), "the other sheet")
+
+    def act(self):
+        what = self.chance.random()
+        if what < 0.7:
+            self.line()
+        elif what < 0.8:
+            self.p.key("Alt+C")
+        elif what < 0.9:
+            self.other_sheet()
+        elif "feuille" in (self.p.title() or ""):
+            self.p.key("Ctrl+S")
+
+    def until_killed(self):
+        """The moment of the end."""
+        ended = []
+
+        def end():
+            ended.append(time.monotonic())
+            ended.append(self.killer.ask("terminate"))
+
+        timer = threading.Timer(self.chance.uniform(0.2, LONGEST), end)
+        timer.start()
+        while self.running():
+            self.act()
+        timer.join()
+        self.p.wait_end()
+        same(ended[1:], [True], "the end of the process")
+        return ended[0]
+
+    def offered(self):
+        """Starts the program and takes back what it offers: all lines that the user has then."""
+        p = self.p
+        p.launch(there(self.sheet))
+        left = recovered(p.folder)
+        if left:
+            p.wait_box(question(len(left)))
+            p.key("Alt+O")
+        p.ready()
+        lines = lines_of(self.sheet.read_bytes().decode("cp1252")) | lines_of(p.sheet())
+        if any(not head["nom"] for head, _ in left):
+            self.other_sheet()
+            lines |= lines_of(p.sheet())
+        else:
+            p.key("Ctrl+N")
+            wait(lambda: p.title() == "VOXTAB SANSTITRE.VXT", "the second sheet")
+        p.key("Ctrl+Fin")
+        p.key("Entrée")          # behind a line that the end cut short
+        return lines
+
+    def look(self, number, moment, lines):
+        """What was typed long enough before is there."""
+        due = [mark for typed, mark in self.typed if typed < moment - BEHIND]
+        late = [typed for typed, mark in self.typed if mark not in lines]
+        self.lag = max([self.lag] + [moment - typed for typed in late])
+        self.typed = [one for one in self.typed if one[1] in lines]
+        self.due += len(due)
+        same([mark for mark in due if mark not in lines], [], f"lines not offered after the end {number}")
+
+
+def killed(p):
+    """Ended at random moments while it types, calculates, switches and saves."""
+    typist = Typist(p)
+    typist.offered()
+    for number in range(1, KILLS + 1):
+        moment = typist.until_killed()
+        typist.look(number, moment, typist.offered())
+    typist.killer.end()
+    expect(typist.due > 0, "nothing was due: no end came late enough")
+    print(f"        {KILLS} ends, {typist.marks} lines typed, {typist.due} due and offered; the last file at "
+          f"most {typist.lag:.2f} s behind", flush=True)
+
+
+def session_ends(p):
+    """The system asks whether the session may end, and ends it: no question comes, and the next start offers
+    the sheet."""
+    p.start(text="A=3")
+    for reason in (LOGOFF, CLOSE_PROGRAM, 0):
+        same(p.probe.ask("query_end", reason), True, "the answer to the system")
+        same(p.box(), None, "a box")
+        same([text for _, text in recovered(p.folder)], ["A=3"], "recovery files")
+        p.probe.ask("end_session", reason)
+        p.wait_end()
+        same([text for _, text in recovered(p.folder)], ["A=3"], "recovery files")
+        asked(p, 1)
+        p.key("Alt+O")
+        p.ready()
+        p.wait_sheet("A=3")
+
+
+def session_ends_without_asking_first(p):
+    """The end alone writes what was typed that very moment; also while a box waits for its answer."""
+    p.start(text="A=3+4")
+    p.probe.ask("end_session")
+    p.wait_end()
+    same([text for _, text in recovered(p.folder)], ["A=3+4"], "recovery files")
+    asked(p, 1)
+    p.key("Alt+O")
+    p.ready()
+    p.type("7")
+    p.wait_sheet("A=3+47")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    same(p.probe.ask("query_end"), True, "the answer to the system")
+    p.probe.ask("end_session")
+    p.wait_end()
+    same([text for _, text in recovered(p.folder)], ["A=3+47"], "recovery files")
+    asked(p, 1)
+
+
+def session_goes_on(p):
+    """Another program kept the session: typing goes on, and nothing is lost."""
+    p.start(text="A=3")
+    same(p.probe.ask("query_end"), True, "the answer to the system")
+    p.probe.ask("session_goes_on")
+    p.type("+4¶B=5")
+    p.wait_sheet("A=3+4\nB=5")
+    p.key("Alt+C")
+    p.hear("B=5 = 5")
+    same(p.focus(), TXT, "focus")
+    has_recovered(p, ["A=3+4 = 7\r\nB=5 = 5"])
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Échap")
+    p.wait_no_box()
+    terminate(p)
+    asked(p, 1)
+
+
+def session_asks_when_it_must(p):
+    """Where no recovery file can be written the sheet's question is asked. Annuler keeps the program, Oui saves
+    and lets the session end."""
+    (p.folder / "secours").write_bytes(b"no folder")
+    named = p.folder / "un.VXT"
+    named.write_bytes(b"A=1\r\n")
+    p.start(there(named))
+    p.key("Fin")
+    p.type("+2")
+    p.wait_sheet("A=1+2")
+    for key, may_end, text in (("Échap", False, b"A=1\r\n"), ("Alt+A", False, b"A=1\r\n"),
+                               ("Alt+O", True, b"A=1+2\r\n")):
+        system, answers = Helper(p.build / "probe.exe"), []
+        waiting = threading.Thread(target=lambda: answers.append(system.ask("query_end")))
+        waiting.start()
+        p.wait_box("enregistrer sur un.VXT ?")
+        same(answers, [], "an answer before the user's")
+        p.key(key)
+        waiting.join()
+        system.end()
+        same(answers, [may_end], "the answer to the system")
+        same(named.read_bytes(), text, "the file")
+        if not may_end:
+            p.wait_no_box()
+            same(p.sheet(), "A=1+2", "the sheet")
+    p.probe.ask("end_session")
+    p.wait_end()
+
+
+run([comes_back, set_aside, killed, session_ends, session_ends_without_asking_first, session_goes_on,
+     session_asks_when_it_must], BUILD, PLACE)

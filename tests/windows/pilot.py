@@ -206,6 +206,11 @@ class Program:
         except subprocess.TimeoutExpired:
             raise Failed("the program is still running") from None
 
+    def slow_listener(self, milliseconds):
+        """From now on the reader asks for the words of an event with that delay."""
+        self.listener.process.stdin.write(f"slow {milliseconds}\n".encode())
+        self.listener.process.stdin.flush()
+
     def hear(self, *expected):
         """What the listener hears next: exactly these texts, each once."""
         heard = [self.listener.next(f"the message {words!r}") for words in expected]

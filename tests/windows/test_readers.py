@@ -167,6 +167,18 @@ def quick_keys(p):
         hear_quick_keys(p, NAME, TXT)
 
 
+def a_slow_reader(p):
+    """A reader that asks for the words of each message with delay finds those words, not the next ones."""
+    p.start(text="2+3")
+    p.slow_listener(400)
+    try:
+        hear_quick_keys(p, LIVE, MESSAGE)
+        with Reader(p):
+            hear_quick_keys(p, NAME, TXT)
+    finally:
+        p.slow_listener(0)
+
+
 def hear_quick_keys(p, way, control):
     for key in ("F5", "F7", "F5"):
         p.key(key)
@@ -213,4 +225,4 @@ def ampersand(p):
 
 
 run([without_jaws, with_jaws, the_table_is_the_one_of_the_project, names_come_back, both_libraries,
-     messages_together_by_name, quick_keys, empty_line, the_reader_comes_later, ampersand], BUILD, PLACE)
+     messages_together_by_name, quick_keys, a_slow_reader, empty_line, the_reader_comes_later, ampersand], BUILD, PLACE)

@@ -20,14 +20,14 @@ LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wa
 class Reader:
     """One run of Orca."""
 
-    def __init__(self, place):
+    def __init__(self, place, name="orca"):
         place = pathlib.Path(place)
-        self.log = place / "orca.log"
+        self.log = place / f"{name}.log"
         self.read = 0
         self.marks = 0
-        self.pipe = place / "orca.marks"
+        self.pipe = place / f"{name}.marks"
         os.mkfifo(self.pipe)
-        output = place / "orca.out"
+        output = place / f"{name}.out"
         with open(output, "w", encoding="utf-8") as out:
             self.process = subprocess.Popen([sys.executable, __file__, str(self.log), str(self.pipe)],
                                             stdout=out, stderr=out)
@@ -95,6 +95,21 @@ class Heard:
 
     def count(self, words):
         return sum(1 for said in self.speech if said.rstrip(".") == words.strip().rstrip("."))
+
+
+def registry_process():
+    """The process that tells programs who listens to them."""
+    from gi.repository import Gio, GLib
+
+    def ask(bus, name, path, method, arguments=None):
+        return bus.call_sync(name, path, name, method, arguments, None, Gio.DBusCallFlags.NONE,
+                             int(LIMIT * 1000), None).unpack()[0]
+    address = ask(Gio.bus_get_sync(Gio.BusType.SESSION), "org.a11y.Bus", "/org/a11y/bus", "GetAddress")
+    flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
+             Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+    bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+    return ask(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "GetConnectionUnixProcessID",
+               GLib.Variant("(s)", ("org.a11y.atspi.Registry",)))
 
 
 def answer_marks(pipe, write):

@@ -1,16 +1,19 @@
 """What was typed and not saved comes back: the question at the next start, its two answers, the end of the
 session, the close box, and what the screen reader says of all that."""
+import os
 import pathlib
 import signal
 import sys
+import threading
 import time
 
 from pilot import Failed, buttons_of, expect, run, same, wait, wait_same
-from reader import Reader
+from reader import Reader, registry_process
 from recovery import question, recovered
 
 BINARY, PLACE = sys.argv[1:3]
 NO_ROOM = "pas de copie de secours, enregistrez votre feuille"
+LATE = 1.0      # seconds that the bus of the readers is silent
 LIMIT = 2.0     # seconds that a recovery file may be behind the sheet
 
 
@@ -184,5 +187,27 @@ def heard(p):
         reader.end()
 
 
-run([comes_back, set_aside, close_box_cancelled, session_ends, not_to_be_written, without_a_key, heard],
+def late_bus(p):
+    """A machine so slow that the bus of the readers answers a second late: the first box is read all the
+    same."""
+    p.start()
+    p.type("A=3")
+    has_recovered(p, ["A=3"])
+    p.kill()
+    reader = Reader(PLACE, "tard")
+    registry = registry_process()
+    try:
+        reader.heard()
+        os.kill(registry, signal.SIGSTOP)
+        threading.Timer(LATE, os.kill, (registry, signal.SIGCONT)).start()
+        asked(p, 1)
+        said = reader.wait_for(lambda h: any("Oui" in s for s in h.speech), "the button").speech
+        same(sum(question(1) in s for s in said), 1, f"times that the question is heard in {said}")
+    finally:
+        os.kill(registry, signal.SIGCONT)
+        reader.end()
+
+
+run([comes_back, set_aside, close_box_cancelled, session_ends, not_to_be_written, without_a_key, heard,
+     late_bus],
     BINARY, PLACE)

@@ -9,6 +9,9 @@
 #include <string>
 #include <vector>
 
+// At the start, before anything is shown: waits until a reader that runs is told of what is shown. Not long,
+// and not at all where no reader runs.
+void attend_lecteur();
 // Prepares a control that messages may be told through; without it the first one would be lost. Also
 // takes back what was told last, where that stays with the control.
 void prepare_annonce(wxWindow& controle);

@@ -6,11 +6,23 @@
 
 #include <gtk/gtk.h>
 
+#include <memory>
+
 #include "base/codepage.hpp"
 
 namespace {
 
 constexpr int kPoli = 1;   // of "notification": spoken behind what is being said
+constexpr int kAttenteLecteur = 3000;   // milliseconds, at most, for the bus of the readers
+
+struct LibereObjet {
+    void operator()(gpointer objet) const { g_object_unref(objet); }
+};
+using Bus = std::unique_ptr<GDBusConnection, LibereObjet>;
+struct LibereVariante {
+    void operator()(GVariant* valeur) const { g_variant_unref(valeur); }
+};
+using Variante = std::unique_ptr<GVariant, LibereVariante>;
 
 // The widget that a reader sees: the text view or list within its scrolled window.
 GtkWidget* widget_lu(const wxWindow& controle) {
@@ -37,7 +49,66 @@ bool sait_notifier() {
     return sait;
 }
 
+// What a method of a service on that bus answers, nothing when it doesn't.
+Variante demande(GDBusConnection* bus, const char* nom, const char* chemin, const char* interface,
+                 const char* methode) {
+    return Variante(g_dbus_connection_call_sync(bus, nom, chemin, interface, methode, nullptr, nullptr,
+                                                G_DBUS_CALL_FLAGS_NONE, kAttenteLecteur, nullptr, nullptr));
+}
+
+// Whether somebody listens on the bus of the readers.
+bool un_lecteur_ecoute() {
+    const Bus session(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (!session) return false;
+    const Variante adresse = demande(session.get(), "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus",
+                                     "GetAddress");
+    if (!adresse || !g_variant_is_of_type(adresse.get(), G_VARIANT_TYPE("(s)"))) return false;
+    const char* texte = nullptr;
+    g_variant_get(adresse.get(), "(&s)", &texte);
+    const Bus lecteurs(g_dbus_connection_new_for_address_sync(
+        texte,
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, nullptr));
+    if (!lecteurs) return false;
+    const Variante ecoutes = demande(lecteurs.get(), "org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
+                                     "org.a11y.atspi.Registry", "GetRegisteredEvents");
+    if (!ecoutes || g_variant_n_children(ecoutes.get()) == 0) return false;
+    const Variante liste(g_variant_get_child_value(ecoutes.get(), 0));
+    return g_variant_is_container(liste.get()) && g_variant_n_children(liste.get()) > 0;
+}
+
+// The number that the toolkit gives to the next one who listens to its accessible objects.
+guint numero_d_ecoute() {
+    const GSignalEmissionHook rien = [](GSignalInvocationHint*, guint, const GValue*, gpointer) -> gboolean {
+        return TRUE;
+    };
+    const guint numero = atk_add_global_event_listener(rien, "Gtk:AtkObject:children-changed");
+    atk_remove_global_event_listener(numero);
+    return numero;
+}
+
 }  // namespace
+
+// The toolkit's bridge to the readers asks who listens, and that takes a while on a slow machine; until it
+// knows, all that is shown is lost to a reader. It then listens to the toolkit, which the numbers show.
+void attend_lecteur() {
+    guint dernier = numero_d_ecoute();
+    if (dernier > 1 || !un_lecteur_ecoute()) return;
+    bool fini = false;
+    const guint minuterie = g_timeout_add(
+        kAttenteLecteur,
+        [](gpointer passe) -> gboolean {
+            *static_cast<bool*>(passe) = true;
+            return G_SOURCE_CONTINUE;
+        },
+        &fini);
+    for (guint numero = dernier; !fini && numero <= dernier + 1; numero = numero_d_ecoute()) {
+        dernier = numero;
+        g_main_context_iteration(nullptr, TRUE);
+    }
+    g_source_remove(minuterie);
+}
 
 void prepare_annonce(wxWindow& controle) {
     AtkObject* a = objet(controle);

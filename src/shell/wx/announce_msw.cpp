@@ -202,6 +202,9 @@ void CALLBACK moment_venu(HWND fenetre, UINT, UINT_PTR minuterie, DWORD) {
 
 }  // namespace
 
+// The system's events reach a reader from the first one on.
+void attend_lecteur() {}
+
 // What clings to a control goes with the focus, by itself.
 void prepare_annonce(wxWindow&) {}
 

@@ -15,6 +15,7 @@
 #include "platform/stack.hpp"
 #include "shell/events.hpp"
 #include "shell/reset.hpp"
+#include "shell/wx/announce.hpp"
 #include "shell/wx/dialogs.hpp"
 #include "shell/wx/frame.hpp"
 #include "shell/wx/handover.hpp"
@@ -56,9 +57,10 @@ public:
         const std::string adresse = adresse_du_programme(dossier);
         if (!prend_dossier(dossier)) {
             remise_ = confie_feuille(adresse, vers_utf8(port.systeme.ligne_commande()));
-            if (!remise_) port.boites.boite(kDejaOuvert);
+            if (!remise_) dit_deja_ouvert();
             return false;
         }
+        attend_lecteur();
         if (dossier_a_nous()) attend_feuilles(adresse, recoit);
         installe_port();
         if (avec_reprise) installe_reprises(dossier_a_nous());
@@ -70,6 +72,11 @@ public:
     bool remise() const { return remise_; }
 
 private:
+    static void dit_deja_ouvert() {
+        attend_lecteur();
+        port.boites.boite(kDejaOuvert);
+    }
+
     // Another start gives its sheet. What the program is doing goes on; a box that is open comes to the
     // front, and the sheet is opened when the command that shows it has ended.
     static void recoit(const std::string& feuille) {

@@ -10,6 +10,7 @@
 #include "engine/repetition.hpp"
 #include "matrix/store.hpp"
 #include "platform/memory.hpp"
+#include "platform/patience.hpp"
 #include "sheet/sheet.hpp"
 #include "stats/data.hpp"
 
@@ -25,6 +26,7 @@ void prepare(const std::string& formule, int unite) {
     matrices = Matrices{};
     statistiques = Statistiques{};
     feuille = Feuille{};
+    patience = Patience{};
     modes.unite_angle = static_cast<std::int16_t>(unite);
     for (const int v : {1, 2, 24}) moteur.variable_definie[static_cast<std::size_t>(v)] = true;
     moteur.valeur_variable[1] = 2.5;

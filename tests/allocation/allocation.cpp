@@ -1,12 +1,14 @@
 // The memory comes to an end in the middle of each command, at every allocation in turn or at a sample of
-// them: no failure leaves the event, the text that was typed still stands on the screen or in a file, and
-// the next command works. Sheets are larger than the reserve, so that the large pieces fail for good.
+// them, for good or for that one allocation: no failure leaves the event, the text that was typed still
+// stands on the screen or in a file, and the next command works. What finds no memory once only is done
+// whole, without a word. Sheets are larger than the reserve, so that the large pieces fail for good.
 //   allocation [COMMAND [K]]      (one command; one place)
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "allocation/memory_limit.hpp"
@@ -144,14 +146,45 @@ long essaie(const Trial& trial, long k, bool may_change) {
     return count;
 }
 
+// What a command leaves: the text, the cursor, the files, the number of boxes.
+struct Left {
+    std::string text;
+    std::size_t cursor = 0;
+    std::vector<std::pair<std::string, std::string>> files;
+    long boxes = 0;
+    bool operator==(const Left&) const = default;
+};
+
+long boxes_shown = 0;
+
+Left left() {
+    Left l{memoire.texte, memoire.sel_start, {}, boxes_shown};
+    for (const auto& [name, file] : memoire.fichiers) l.files.emplace_back(name, file.contenu);
+    return l;
+}
+
+// The command with allocation k refused once (0: none). What it leaves.
+Left essaie_seule(const Trial& trial, long k) {
+    prepare();
+    reprend_reserve();
+    boxes_shown = 0;
+    refuse_memoire_a(k);
+    run(trial);
+    rend_memoire();
+    reprend_reserve();
+    return left();
+}
+
 long essaie_toutes(const Trial& trial) {
     const long count = essaie(trial, 0, true);
     const bool may_change = !kept();   // the command itself changes a line, as deleting a word does
     const long step = std::max(1L, count / kPlaces);
+    const Left whole = essaie_seule(trial, 0);
     long runs = 0;
-    for (long k = 1; k <= count; k += k < kPremieres ? 1 : step, ++runs) {
+    for (long k = 1; k <= count; k += k < kPremieres ? 1 : step, runs += 2) {
         std::cerr << trial.name << ' ' << k << '\n';   // the last one named is where the program ended
         essaie(trial, k, may_change);
+        if (essaie_seule(trial, k) != whole) fault(trial, k, "refused once, and something else is left");
     }
     return runs;
 }
@@ -163,9 +196,9 @@ int main(int argc, char** argv) {
     installe_port_memoire();
     port.systeme.graine = graine_de_test;
     // What is heard isn't kept: a list of it would be the first to find no memory.
-    port.boites.boite = [](std::string_view) {};
+    port.boites.boite = [](std::string_view) { ++boxes_shown; };
     port.message.etiquette = [](std::string_view) {};
-    port.boites.boite_comptee = [](std::string_view) {};
+    port.boites.boite_comptee = [](std::string_view) { ++boxes_shown; };
     port.boites.bip = [] {};
     installe_reserve(kReserveDuTest);
     long runs = 0;

@@ -10,8 +10,13 @@ LimiteMemoire limite_memoire;
 
 void epuise_memoire_a(long numero) {
     limite_memoire.compte = limite_memoire.refus = 0;
-    limite_memoire.epuise = false;
+    limite_memoire.epuise = limite_memoire.seule = false;
     limite_memoire.epuise_a = numero;
+}
+
+void refuse_memoire_a(long numero) {
+    epuise_memoire_a(numero);
+    limite_memoire.seule = true;
 }
 
 long rend_memoire() {
@@ -35,12 +40,15 @@ void* essaie(std::size_t taille) {
 
 void* operator new(std::size_t taille) {
     LimiteMemoire& l = limite_memoire;
-    if (++l.compte == l.epuise_a) {
+    const bool ici = ++l.compte == l.epuise_a;
+    bool refuse = ici && l.seule;
+    if (ici && !l.seule) {
         l.epuise = true;
         l.permis = l.pris;
     }
     for (;;) {
-        if (void* piece = essaie(taille)) return piece;
+        if (void* piece = refuse ? nullptr : essaie(taille)) return piece;
+        refuse = false;
         const std::new_handler poignee = std::get_new_handler();
         if (poignee == nullptr) break;
         try {

@@ -5,27 +5,13 @@ import ctypes
 import subprocess
 import sys
 
+from french import (ALT, ALTGR, CTRL, DEAD, ENTER, ESCAPE, F1, KEYPAD, KEYPAD_ENTER, LEFT, MAJ, NUM_LOCK, OSS, PLAIN,
+                    RIGHT, SPACE, place_of)
 from pilot import expect, run, same, wait, wait_same
 from reader import Reader
 
 BINARY, PLACE = sys.argv[1:3]
 
-# Codes of the keys by their place on the keyboard, whatever the layout makes of them.
-MAJ, CTRL, ALT, ALTGR = 50, 37, 64, 108
-ESCAPE, BACK, TAB, ENTER, SPACE, F1 = 9, 22, 23, 36, 65, 67
-LEFT, RIGHT, NUM_LOCK, KEYPAD_ENTER = 113, 114, 77, 104
-ROWS = {49: "²", 10: "&é\"'(-è_çà)=", 24: "azertyuiop^$", 38: "qsdfghjklmù", 52: "wxcvbn,;:!", 94: "<"}
-PLAIN = {sign: first + i for first, signs in ROWS.items() for i, sign in enumerate(signs)}
-DEAD = PLAIN.pop("^")
-PLAIN["*"] = 51
-SHIFTED = {**{digit: 10 + i for i, digit in enumerate("1234567890°+")}, "£": 35, "%": 48, "µ": 51, "?": 58, ".": 59,
-           "/": 60, "§": 61, ">": 94,
-           **{letter.upper(): code for letter, code in PLAIN.items() if letter.isascii() and letter.isalpha()}}
-WITH_ALTGR = {"#": 12, "{": 13, "[": 14, "|": 15, "\\": 17, "^": 18, "@": 19, "]": 20, "}": 21}
-KEYPAD = {"7": 79, "8": 80, "9": 81, "-": 82, "4": 83, "5": 84, "6": 85, "+": 86, "1": 87, "2": 88, "3": 89,
-          "0": 90, ".": 91, "*": 63, "/": 106}
-# Signs that the layout "oss" has behind AltGr.
-OSS = {"×": (ALTGR, 59), "÷": (ALTGR, 60)}
 XKB_CORE_KEYBOARD, XKB_STICKY_KEYS = 0x100, 1 << 3
 
 
@@ -42,16 +28,8 @@ def write(p, text, first_up=False):
     """Types a text by the keys of the layout; the modifiers come up before the sign's key or behind it."""
     wait(p.active_window, f"the keyboard, before {text!r}")
     for sign in text:
-        if sign == "\n":
-            strike(p, ENTER)
-        elif sign == " ":
-            strike(p, SPACE)
-        elif sign in PLAIN:
-            strike(p, PLAIN[sign])
-        elif sign in SHIFTED:
-            strike(p, SHIFTED[sign], MAJ, first_up=first_up)
-        else:
-            strike(p, WITH_ALTGR[sign], ALTGR, first_up=first_up)
+        code, modifiers = place_of(sign)
+        strike(p, code, *modifiers, first_up=first_up)
     p.answered()
 
 

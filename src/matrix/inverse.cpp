@@ -9,10 +9,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,9 +24,11 @@
 #include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/memory_reserve.hpp"
 #include "base/number.hpp"
 #include "engine/context.hpp"
 #include "platform/patience.hpp"
+#include "platform/side_by_side.hpp"
 
 namespace {
 
@@ -33,6 +38,9 @@ constexpr Procedure kInversion{"sur InversionMatrice"_fr, true};
 // Greatest order that is accepted: its largest levels have 2.7 million minors.
 constexpr int kOrdreMaximal = 24;
 
+// Order from which the rows are shared among the cores: below it a thread costs more than it brings.
+constexpr int kOrdrePartage = 14;
+
 // Rows of the inverse that are computed side by side, so that the processor's vectors are filled.
 constexpr std::size_t kVoies = 4;
 
@@ -40,7 +48,7 @@ using Colonnes = std::uint32_t;
 template <std::size_t V>
 using Valeurs = std::array<double, V>;           // one minor for each of V matrices
 template <std::size_t V>
-using Niveau = std::vector<Valeurs<V>>;          // all minors of one order, by rank
+using Niveau = const Valeurs<V>*;                // all minors of one order, by rank
 template <std::size_t V>
 using Rangee = std::array<Valeurs<V>, kOrdreMaximal>;   // elements of a row, by column from 0
 
@@ -55,6 +63,30 @@ constexpr auto kBinomes = [] {
 }();
 
 std::uint32_t binome(std::size_t c, std::size_t k) { return kBinomes[c][k]; }
+
+// The level that has been reached and room for the one above it, both for the largest of matrices of order
+// n: they are filled again and again, since memory that the system gives anew costs as much as the sums.
+template <std::size_t V>
+struct Niveaux {
+    explicit Niveaux(int n) : niveau(place(n)), dessus(place(n)) {}
+    std::unique_ptr<Valeurs<V>[]> niveau, dessus;
+
+private:
+    static std::unique_ptr<Valeurs<V>[]> place(int n) {
+        const auto ordre = static_cast<std::size_t>(n);
+        return std::make_unique_for_overwrite<Valeurs<V>[]>(binome(ordre, ordre / 2));
+    }
+};
+
+// Who is asked on the way whether to go on: the user, on the program's own thread; on another one the
+// others, who may have stopped.
+struct Suite {
+    const std::atomic<bool>* arret = nullptr;   // nullptr: the user
+    void demande(std::size_t pas) const {
+        if (arret == nullptr) return demande_suite(pas);
+        if (*arret) throw Arrete{};
+    }
+};
 
 // Columns in ascending order, from 0.
 struct Ensemble {
@@ -95,7 +127,7 @@ Famille famille_de(Colonnes hautes) {
 // One minor of matrix `voie` again, statement by statement: raises failure 6 where a sum overflows out
 // of finite operands. What comes out of an infinite element raises nothing.
 template <std::size_t V>
-void surveille(const Ensemble& e, const Rangee<V>& rangee, const Niveau<V>& dessous, std::size_t voie) {
+void surveille(const Ensemble& e, const Rangee<V>& rangee, Niveau<V> dessous, std::size_t voie) {
     double somme = 0, signe = 1;
     for (std::size_t j = 0; j < e.taille; ++j) {
         const double element = rangee[e.colonne[j]][voie];
@@ -107,13 +139,13 @@ void surveille(const Ensemble& e, const Rangee<V>& rangee, const Niveau<V>& dess
 
 // The same for every minor of a family.
 template <std::size_t V>
-void surveille_famille(const Famille& f, const Rangee<V>& rangee, const Niveau<V>& dessous) {
+void surveille_famille(const Famille& f, const Rangee<V>& rangee, Niveau<V> dessous) {
     Ensemble e = f.hautes;
     for (std::size_t deux = 1; deux < f.troisieme; ++deux)
         for (std::size_t un = 0; un < deux; ++un) {
             e.colonne[0] = static_cast<std::uint8_t>(un);
             e.colonne[1] = static_cast<std::uint8_t>(deux);
-            for (std::size_t v = 0; v < V; ++v) surveille(e, rangee, dessous, v);
+            for (std::size_t v = 0; v < V; ++v) surveille<V>(e, rangee, dessous, v);
         }
 }
 
@@ -164,13 +196,13 @@ bool finis(const Valeurs<V>* valeurs, std::uint32_t nombre) {
 
 // A family of determinants of order 3 and more, each along its first row.
 template <std::size_t V>
-void developpe(Niveau<V>& niveau, const Famille& f, const Rangee<V>& rangee, const Niveau<V>& dessous) {
+void developpe(Valeurs<V>* niveau, const Famille& f, const Rangee<V>& rangee, Niveau<V> dessous) {
     const Ensemble& e = f.hautes;
     // With one of the two lowest columns gone the other one's number is the place in its piece.
-    Valeurs<V>* const somme = niveau.data() + rang_sans(e, e.taille);
-    commence(somme, f, rangee, dessous.data() + rang_sans(e, 0));
+    Valeurs<V>* const somme = niveau + rang_sans(e, e.taille);
+    commence(somme, f, rangee, dessous + rang_sans(e, 0));
     const auto colonne = [&](std::size_t j) {
-        Colonne<V> c{rangee[e.colonne[j]], dessous.data() + rang_sans(e, j)};
+        Colonne<V> c{rangee[e.colonne[j]], dessous + rang_sans(e, j)};
         if ((j & 1) != 0)
             for (double& x : c.element) x = -x;
         return c;
@@ -178,12 +210,12 @@ void developpe(Niveau<V>& niveau, const Famille& f, const Rangee<V>& rangee, con
     std::size_t j = 2;
     for (; j + 1 < e.taille; j += 2) ajoute_termes(somme, f.nombre(), colonne(j), colonne(j + 1));
     if (j < e.taille) ajoute_terme(somme, f.nombre(), colonne(j));
-    if (!finis(somme, f.nombre())) [[unlikely]] surveille_famille(f, rangee, dessous);
+    if (!finis(somme, f.nombre())) [[unlikely]] surveille_famille<V>(f, rangee, dessous);
 }
 
 // Determinants of order 2: the level below holds the elements of the last row.
 template <std::size_t V>
-void developpe_2(Niveau<V>& niveau, std::size_t n, const Rangee<V>& haut, const Niveau<V>& bas) {
+void developpe_2(Valeurs<V>* niveau, std::size_t n, const Rangee<V>& haut, Niveau<V> bas) {
     std::size_t rang = 0;
     for (std::size_t droite = 1; droite < n; ++droite)
         for (std::size_t gauche = 0; gauche < droite; ++gauche, ++rang)
@@ -202,23 +234,24 @@ Colonnes suivante(Colonnes c) {
 
 // The level of order k out of the one below, with the row that its minors begin with. Asks whether to go on.
 template <std::size_t V>
-void monte(Niveau<V>& niveau, int k, int n, const Rangee<V>& rangee) {
+void monte(Niveaux<V>& niveaux, int k, int n, const Rangee<V>& rangee, const Suite& suite) {
     const auto ordre = static_cast<std::size_t>(k), largeur = static_cast<std::size_t>(n);
-    Niveau<V> dessus(binome(largeur, ordre));
+    Valeurs<V>* const dessus = niveaux.dessus.get();
+    const Niveau<V> niveau = niveaux.niveau.get();
     if (k == 1) {
-        std::copy_n(rangee.begin(), largeur, dessus.begin());
+        std::copy_n(rangee.begin(), largeur, dessus);
     } else if (k == 2) {
-        developpe_2(dessus, largeur, rangee, niveau);
+        developpe_2<V>(dessus, largeur, rangee, niveau);
     } else {
         Colonnes hautes = (Colonnes{1} << (k - 2)) - 1;   // as if the first two columns weren't there
         for (std::uint32_t reste = binome(largeur - 2, ordre - 2); reste > 0; --reste) {
             const Famille f = famille_de(hautes << 2);
-            demande_suite(f.nombre() * ordre * V / 4);
-            developpe(dessus, f, rangee, niveau);
+            suite.demande(f.nombre() * ordre * V / 4);
+            developpe<V>(dessus, f, rangee, niveau);
             hautes = suivante(hautes);
         }
     }
-    niveau = std::move(dessus);
+    std::swap(niveaux.niveau, niveaux.dessus);
 }
 
 // The row that is number `rang` from the bottom (1 is the last) when row `otee` is left out (0 when
@@ -232,19 +265,19 @@ void prend_rangee(Rangee<V>& rangee, std::size_t voie, const TableMatrice& M, in
 
 // The signed minors of the rows that end with `derniere`: each is the determinant without its row and
 // its column. The minors below those rows are the determinant's own, given in `commun`.
-void range_cofacteurs(TableMatrice& C, const TableMatrice& M, int n, int derniere, const Niveau<1>& commun) {
-    Niveau<kVoies> niveau(commun.size());
-    for (std::size_t r = 0; r < commun.size(); ++r) niveau[r].fill(commun[r][0]);
+void range_cofacteurs(TableMatrice& C, const TableMatrice& M, int n, int derniere,
+                      const std::vector<double>& commun, Niveaux<kVoies>& niveaux, const Suite& suite) {
+    for (std::size_t r = 0; r < commun.size(); ++r) niveaux.niveau[r].fill(commun[r]);
     // Where fewer rows are left than a level has places, the first row stands in several of them.
     const auto ligne = [&](std::size_t v) { return std::max(derniere - static_cast<int>(v), 1); };
     for (int k = n - derniere + 1; k < n; ++k) {
         Rangee<kVoies> rangee{};
         for (std::size_t v = 0; v < kVoies; ++v) prend_rangee(rangee, v, M, n, k, ligne(v));
-        monte(niveau, k, n, rangee);
+        monte(niveaux, k, n, rangee, suite);
     }
     for (std::size_t v = 0; v < kVoies; ++v)
         for (int j = 1; j <= n; ++j) {
-            const double mineur = niveau[static_cast<std::size_t>(n - j)][v];
+            const double mineur = niveaux.niveau[static_cast<std::size_t>(n - j)][v];
             C(ligne(v), j) = funcEstPaire(ligne(v) + j) ? mineur : -mineur;
         }
 }
@@ -252,7 +285,7 @@ void range_cofacteurs(TableMatrice& C, const TableMatrice& M, int n, int dernier
 // A determinant, and of its levels those that the rows of the inverse start from.
 struct Expansion {
     double determinant = 0;
-    std::array<Niveau<1>, kOrdreMaximal / kVoies + 1> communs;   // of the orders 0, kVoies, 2 kVoies...
+    std::array<std::vector<double>, kOrdreMaximal / kVoies + 1> communs;   // of the orders 0, kVoies...
 };
 
 // The levels of the determinant, from order 0, whose only minor is 0, up to order n. Refuses an order
@@ -260,16 +293,43 @@ struct Expansion {
 Expansion developpe_tout(const TableMatrice& M, int n) {
     if (n > kOrdreMaximal) echoue(kMemoire);
     Expansion e;
-    Niveau<1> niveau(1);
+    Niveaux<1> niveaux(n);
+    niveaux.niveau[0][0] = 0;
     for (int k = 1; k <= n; ++k) {
         const auto dessous = static_cast<std::size_t>(k - 1);
-        if (dessous % kVoies == 0) e.communs[dessous / kVoies] = niveau;
+        if (dessous % kVoies == 0) {
+            const double* const mineurs = niveaux.niveau[0].data();
+            e.communs[dessous / kVoies].assign(mineurs, mineurs + binome(static_cast<std::size_t>(n), dessous));
+        }
         Rangee<1> rangee{};
         prend_rangee(rangee, 0, M, n, k, 0);
-        monte(niveau, k, n, rangee);
+        monte(niveaux, k, n, rangee, Suite{});
     }
-    e.determinant = niveau[0][0];
+    e.determinant = niveaux.niveau[0][0];
     return e;
+}
+
+// Rooms for the workers; a machine without memory for more than one has one.
+std::vector<Niveaux<kVoies>> place_des_ouvriers(int n, int ouvriers) {
+    std::vector<Niveaux<kVoies>> places;
+    places.emplace_back(n);
+    try {
+        for (int o = 1; o < ouvriers; ++o) places.emplace_back(n);
+    } catch (const std::bad_alloc&) {
+        reprend_reserve();
+    }
+    return places;
+}
+
+// All signed minors, several rows on each core of the processor: which one computes a row changes no bit.
+void range_tous_cofacteurs(TableMatrice& C, const TableMatrice& M, int n, const Expansion& e) {
+    const int voies = static_cast<int>(kVoies), groupes = (n + voies - 1) / voies;
+    auto places = place_des_ouvriers(n, n < kOrdrePartage ? 1 : std::min(ouvriers_possibles(), groupes));
+    std::atomic<bool> arret = false;
+    cote_a_cote(groupes, static_cast<int>(places.size()), arret, [&](int groupe, int ouvrier) {
+        range_cofacteurs(C, M, n, n - groupe * voies, e.communs[static_cast<std::size_t>(groupe)],
+                         places[static_cast<std::size_t>(ouvrier)], Suite{ouvrier == 0 ? nullptr : &arret});
+    });
 }
 
 // Inverts in place the matrix that has been expanded. The order 0 minor of a 1 by 1 matrix is 0, so its
@@ -278,9 +338,7 @@ void inverse(TableMatrice& M, int n, const Expansion& e) {
     const double d = e.determinant;
     if (d == 0) montre_boite(" déterminant nulle matrice non inversible"_fr);
     TableMatrice C(n, n);
-    const int voies = static_cast<int>(kVoies);
-    for (int ordre = 0; ordre < n; ordre += voies)
-        range_cofacteurs(C, M, n, n - ordre, e.communs[static_cast<std::size_t>(ordre / voies)]);
+    range_tous_cofacteurs(C, M, n, e);
     procTransMatrix(C, n);
     for (int i = 1; i <= n; ++i)
         for (int j = 1; j <= n; ++j) range_quotient(C(i, j), C(i, j), d);

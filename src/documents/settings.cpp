@@ -29,14 +29,22 @@ void ecrit_entier(std::string& octets, std::int32_t valeur) {
     for (int i = 0; i < 4; ++i, n >>= 8) octets += static_cast<char>(n & 0xFF);
 }
 
-// The name that the file keeps of a document. A dot early in the path cuts it short, on purpose,
-// unless the list would then have that name twice.
-std::string nom_garde(const std::string& nom) {
+// One of the first rows has that name.
+bool est_dans(const Table<article>& lignes, int nombre, const std::string& nom) {
+    for (int rang = 1; rang <= nombre; ++rang)
+        if (meme_chemin(lignes(rang).nom, nom)) return true;
+    return false;
+}
+
+// The name that the file keeps of a document behind those kept already. A dot early in the path cuts it
+// short, on purpose, unless the list would then have that name twice. The file has room for so much of it.
+std::string nom_garde(const std::string& nom, const Table<article>& gardees, int nombre) {
     constexpr std::size_t kLongueurCoupee = 16;
     const std::size_t point = premier_point(nom);
-    if (point == std::string::npos || point + 4 >= kLongueurCoupee) return nom;
+    if (point == std::string::npos || point + 4 >= kLongueurCoupee) return nom.substr(0, kTailleNom);
     const std::string coupe = nom.substr(0, point + 4);
-    return rang_du_nom(coupe) == 0 ? coupe : nom;
+    const bool seul = rang_du_nom(coupe) == 0 && !est_dans(gardees, nombre, coupe);
+    return (seul ? coupe : nom).substr(0, kTailleNom);
 }
 
 article ligne_libre(std::int32_t debut) { return {reglages.nom_sanstitre, debut, 0, 1}; }
@@ -86,7 +94,9 @@ Table<article> lignes_a_garder() {
     for (int rang = 1; rang <= kDocumentsMaxi; ++rang) {
         const article& ligne = reglages.table_ini(rang);
         if (ligne.nom == reglages.nom_sanstitre) continue;
-        gardees(++n) = {nom_garde(ligne.nom), ligne.champ1, ligne.champ2, ligne.champ3};
+        const std::string nom = nom_garde(ligne.nom, gardees, n);
+        if (est_dans(gardees, n, nom)) continue;   // two long paths that begin alike
+        gardees(++n) = {nom, ligne.champ1, ligne.champ2, ligne.champ3};
     }
     // A free row of the file has its selection start at 1, unlike those of the table.
     while (n < kDocumentsMaxi) gardees(++n) = ligne_libre(1);

@@ -52,7 +52,10 @@ std::string amene_reprise(std::string_view octets) {
     FicheReprise fiche;
     std::string texte;
     const bool entiere = lit_reprise(octets, fiche, texte) == EtatReprise::bonne;
-    return entiere ? texte + "\r\n" : std::string(octets);
+    if (entiere) return texte + "\r\n";
+    port.boites.boite("Ce fichier commence comme une copie de secours, mais il n'en est pas une entière : il "
+                      "est montré tel quel."_fr);
+    return std::string(octets);
 }
 
 std::string amene_fichier(std::string_view octets) {

@@ -20,5 +20,6 @@ std::string octets_du_fichier(std::string_view texte);
 // tells how many characters, which and where.
 std::string amene_fichier(std::string_view octets);
 
-// A recovery file as the sheet's file that it stands for; one that is damaged stays as it is.
+// A recovery file as the sheet's file that it stands for; one that is damaged stays as it is, and a box
+// tells.
 std::string amene_reprise(std::string_view octets);

@@ -10,11 +10,13 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/typed_text.hpp"
+#include "documents/recovery_file.hpp"
 #include "engine/context.hpp"
 #include "platform/console.hpp"
 #include "platform/files.hpp"
@@ -166,6 +168,19 @@ int lit_octets(const OptionsCalcul& options, bool fichier, std::string& octets) 
     return numero == 0 ? kReussite : refuse_fichier(options.feuille, numero);
 }
 
+// A recovery file stands for its sheet, in the code page. It isn't written back: it may be the only copy,
+// and a sheet in its place would not be offered at the next start.
+int prend_reprise(const OptionsCalcul& options, const std::string& nom, std::string& octets) {
+    FicheReprise fiche;
+    std::string texte;
+    if (lit_reprise(octets, fiche, texte) != EtatReprise::bonne)
+        return refuse(nom + " : copie de secours abîmée ; ouvrez-la dans Voxtab pour la lire");
+    if (options.en_place)
+        return refuse(nom + " : c'est une copie de secours, elle n'est pas récrite ; calculez-la sans -i");
+    octets = std::move(texte) + "\r\n";
+    return kReussite;
+}
+
 // A file with code 0 is no text: it must not be written back as one.
 int verifie_texte(const OptionsCalcul& options, const std::string& texte) {
     const std::size_t nul = options.en_place ? texte.find('\0') : std::string::npos;
@@ -180,9 +195,14 @@ int calcule(const OptionsCalcul& options) {
     std::string octets;
     if (const int statut = lit_octets(options, fichier, octets); statut != kReussite) return statut;
     if (const int refus = verifie_en_place(options, fichier); refus != kReussite) return refus;
+    const std::string nom = fichier ? options.feuille : "entrée standard";
+    const bool reprise = est_reprise(octets);
+    if (const int statut = reprise ? prend_reprise(options, nom, octets) : kReussite; statut != kReussite)
+        return statut;
     RefusFeuille refus;
-    const auto lue = lit_feuille(octets, codage_entree(options, octets, fichier), refus);
-    if (!lue) return refuse_texte(fichier ? options.feuille : "entrée standard", refus);
+    const auto lue = lit_feuille(
+        octets, reprise ? Codage::windows_1252 : codage_entree(options, octets, fichier), refus);
+    if (!lue) return refuse_texte(nom, refus);
     if (const int nul = verifie_texte(options, lue->texte); nul != kReussite) return nul;
     port.texte.pose_texte(std::string(lue->texte));
     execute_commande(options.colonne ? "mnuCalculColonneItem" : "mnuCalculItem");

@@ -115,6 +115,34 @@ def outputs_that_take_nothing(folder):
          sheet.read_bytes())
 
 
+def recovery(text, name=b""):
+    """A recovery file as the window writes it, by docs/formats.md."""
+    def fnv(data):
+        total = 0xCBF29CE484222325
+        for byte in data:
+            total = (total ^ byte) * 0x100000001B3 % 2**64
+        return b"%016x" % total
+    head = (b"VOXTAB REPRISE 2\r\nnom %d %s\r\nrang 1\r\ncurseur 0 0\r\nmodifie 1\r\nnumero 4\r\n"
+            b"fichier %s\r\noctets %d\r\n" % (len(name), name, b"0" * 16, len(text)))
+    return head + b"somme " + fnv(head + text) + b"\r\n\r\n" + text
+
+
+def a_recovery_file_stands_for_its_sheet(folder):
+    sheet = folder / "sans titre 2026-01-01.VXT"
+    text = "A=3\r\n! é\r\n2A".encode("windows-1252")
+    sheet.write_bytes(recovery(text))
+    for arguments, source in (((sheet,), b""), ((), sheet.read_bytes()), (("--codage", "utf-8", sheet), b"")):
+        done = run(*arguments, stdin=None, input=source)
+        want("recovery file", done.returncode == 0 and done.stdout.decode() == "A=3 = 3\r\n! é\r\n2A = 6\r\n",
+             (done.returncode, done.stdout, done.stderr))
+    before = sheet.read_bytes()
+    refused("a recovery file in place", run("-i", sheet), "c'est une copie de secours")
+    sheet.write_bytes(before[:-1])
+    refused("a damaged recovery file", run(sheet), "copie de secours abîmée")
+    refused("a damaged recovery file in place", run("-i", sheet), "copie de secours abîmée")
+    want("left alone", sheet.read_bytes() == before[:-1] and not sheet.with_suffix(".bak").exists())
+
+
 def nothing_is_left_by_a_signal(folder):
     """Ended at many moments while it saves: the sheet is the old one or the new one, with nothing beside."""
     place = folder / "signals"
@@ -147,7 +175,7 @@ def nothing_is_left_by_a_signal(folder):
 with tempfile.TemporaryDirectory() as name:
     folder = pathlib.Path(name)
     for case in (rights_are_kept, other_names_lead_to_the_result, codings_are_kept, code_0_is_refused, a_file_that_changed_is_left,
-                 outputs_that_take_nothing, nothing_is_left_by_a_signal):
+                 outputs_that_take_nothing, a_recovery_file_stands_for_its_sheet, nothing_is_left_by_a_signal):
         case(folder)
 print("\n".join([*faults, f"{len(faults)} faults"]))
 sys.exit(1 if faults else 0)

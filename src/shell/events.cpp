@@ -11,6 +11,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/memory_reserve.hpp"
+#include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
 #include "documents/saving.hpp"
@@ -190,6 +191,16 @@ void ouvre_remises() {
     evenement([&] { recoit_feuille(feuille_commandee(commande)); });
 }
 
+// Keeps what isn't saved for the next start, or tells why the window can't close. False then.
+bool garde_ou_dit() {
+    if (garde_reprises()) return true;
+    Tente(kCommande, [] {
+        port.boites.boite("La fenêtre reste ouverte : les copies de secours ne peuvent pas être écrites. "
+                          "Enregistrez vos feuilles."_fr);
+    });
+    return false;
+}
+
 }  // namespace
 
 void evenement_remise(const std::string& commande) {
@@ -201,18 +212,21 @@ void evenement_chargement() { evenement(demarre); }
 
 // The window closes all the same when the user cancels or key help is on, on purpose: the settings aren't
 // written then, and the next start offers the sheets that were not saved. It stays when a sheet couldn't be
-// saved.
+// saved, and when what isn't saved can't be kept for the next start.
 void evenement_fermeture() {
     documents.enregistrement_rate = false;
     evenement(quitter);
     if (fenetre.fermee || documents.enregistrement_rate) return;
-    marque_disparues();
-    garde_reprises();
+    if (!Tente(kCommande, marque_disparues) || !garde_ou_dit()) return montre_fenetre();
     fenetre.fermee = true;
     port.fenetre.termine();
 }
 
-bool evenement_fin_session() { return fenetre.fermee || garde_reprises(); }
+bool evenement_fin_session() {
+    if (fenetre.fermee) return true;
+    const bool toutes = EssaieEnSilence(marque_disparues);
+    return garde_reprises() && toutes;
+}
 
 void evenement_menu(std::string_view nom, int index) {
     evenement([&] {

@@ -54,6 +54,7 @@ void deplace_document(int de, int vers) {
     documents.copie_a_jour(vers) = documents.copie_a_jour(de);
     documents.a_son_fichier(vers) = documents.a_son_fichier(de);
     documents.identite(vers) = documents.identite(de);
+    documents.base(vers) = documents.base(de);
 }
 
 // The sheet of that number is closed: those behind it move up, their rows aside.
@@ -126,6 +127,7 @@ void place_fichier(const std::string& nom, Ouverture&& o) {
     documents.nom_copie(o.rang) = std::move(o.copie);
     documents.copie_a_jour(o.rang) = documents.a_son_fichier(o.rang) = 1;
     donne_identite(o.rang);
+    documents.base(o.rang) = o.lue.base;
     montre_feuille(std::move(o.lue.texte));
     if (o.lue.amenee) Tente(kLitNomCopie, [&] { ecrit_copie(o.rang); });
     AfficheStatus();
@@ -229,6 +231,7 @@ void marque_modifie() { documents.document_modifie(documents.document_courant) =
 void donne_identite(int rang) {
     ferme_changements(rang);
     documents.identite(rang) = ++documents.derniere_identite;
+    documents.base(rang) = 0;
 }
 
 void InitNomRepertoire() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ struct Documents {
     Table<char> copie_a_jour{kDocumentsMaxi};           // 1: the working copy holds `texte`
     Table<char> a_son_fichier{kDocumentsMaxi};          // 1: it came from the file of its name, or went there
     Table<std::uint64_t> identite{kDocumentsMaxi};      // of each open sheet, from 1, never given twice
+    Table<std::optional<std::uint64_t>> base{kDocumentsMaxi};  // sum of its file as read or written last;
+                                                        // 0: it has none, nothing: not known
     std::uint64_t derniere_identite = 0; // the last one given in this run
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
     bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one

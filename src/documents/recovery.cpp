@@ -44,7 +44,8 @@ FeuilleReprise& entree(std::uint64_t identite) {
 
 // What the recovery file of that sheet has to say, but for its number.
 FicheReprise fiche_de(int rang, std::size_t curseur, std::size_t longueur) {
-    return {nom_fiche(rang), static_cast<std::uint32_t>(rang), curseur, longueur};
+    return {nom_fiche(rang), static_cast<std::uint32_t>(rang), curseur, longueur, true, 0,
+            documents.base(rang)};
 }
 
 // An untitled sheet without a character has nothing to lose.
@@ -161,6 +162,13 @@ void note_enregistree(int rang) noexcept {
     });
 }
 
+void note_disparue(int rang) noexcept {
+    const auto place = reprise.feuilles.find(documents.identite(rang));
+    if (place == reprise.feuilles.end() || !place->second.enregistree) return;
+    place->second.enregistree = false;
+    place->second.texte = nullptr;
+}
+
 void efface_reprises() noexcept {
     sans_defaillance([] {
         for (const auto& [identite, f] : reprise.feuilles)
@@ -170,7 +178,9 @@ void efface_reprises() noexcept {
     port.reprise.attend();
 }
 
+// Every file is written anew: somebody may have taken one away, and this is the last chance.
 bool garde_reprises() noexcept {
+    reprise.a_refaire = true;
     releve_reprises();
     port.reprise.attend();
     return port.reprise.echec() == 0;

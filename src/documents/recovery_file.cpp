@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr std::string_view kMarque = "VOXTAB REPRISE 1\r\n";
+constexpr std::string_view kMarque = "VOXTAB REPRISE 2\r\n";
+constexpr std::string_view kMarque1 = "VOXTAB REPRISE 1\r\n";   // does without the sum of the sheet's file
 constexpr std::string_view kFamille = "VOXTAB REPRISE ";   // of this version and of others
 constexpr std::string_view kFin = "\r\n";
 constexpr std::size_t kChiffresSomme = 16;
@@ -46,6 +47,17 @@ bool prend_nombre(std::string_view& reste, Entier& n) {
     return true;
 }
 
+// Takes sixteen hexadecimal figures.
+bool prend_somme(std::string_view& reste, std::optional<std::uint64_t>& n) {
+    const std::string_view figures = reste.substr(0, kChiffresSomme);
+    std::uint64_t lu = 0;
+    std::from_chars(figures.data(), figures.data() + figures.size(), lu, 16);
+    if (hexadecimal(lu) != figures) return false;
+    n = lu;
+    reste.remove_prefix(kChiffresSomme);
+    return true;
+}
+
 // Takes the name, whose length stands in front of it: any character may be in it.
 bool prend_nom(std::string_view& reste, std::string& nom) {
     std::size_t taille = 0;
@@ -60,12 +72,16 @@ bool prend_nom(std::string_view& reste, std::string& nom) {
 // Takes the lines between the mark and the sum.
 bool prend_fiche(std::string_view& reste, FicheReprise& fiche, std::size_t& taille) {
     int modifie = 0;
+    const bool ancienne = prend(reste, kMarque1);
+    if (!ancienne && !prend(reste, kMarque)) return false;
     if (!prend_nom(reste, fiche.nom) || !prend(reste, "rang ") || !prend_nombre(reste, fiche.rang) ||
         !prend(reste, "\r\ncurseur ") ||
         !prend_nombre(reste, fiche.curseur) || !prend(reste, " ") ||
         !prend_nombre(reste, fiche.longueur) || !prend(reste, "\r\nmodifie ") ||
         !prend_nombre(reste, modifie) || !prend(reste, "\r\nnumero ") ||
-        !prend_nombre(reste, fiche.numero) || !prend(reste, "\r\noctets ") ||
+        !prend_nombre(reste, fiche.numero) ||
+        (!ancienne && (!prend(reste, "\r\nfichier ") || !prend_somme(reste, fiche.base))) ||
+        !prend(reste, "\r\noctets ") ||
         !prend_nombre(reste, taille) || !prend(reste, kFin))
         return false;
     fiche.modifie = modifie != 0;
@@ -78,13 +94,16 @@ std::string ligne_somme(std::string_view entete, std::string_view texte) {
 
 }  // namespace
 
+std::uint64_t somme_octets(std::string_view octets) { return somme(kSommeVide, octets); }
+
 std::string forme_reprise(const FicheReprise& fiche, std::string_view texte) {
-    std::string octets(kMarque);
+    std::string octets(fiche.base ? kMarque : kMarque1);
     octets += "nom " + nombre(fiche.nom.size()) + " " + fiche.nom;
     octets += "\r\nrang " + nombre(fiche.rang);
     octets += "\r\ncurseur " + nombre(fiche.curseur) + " " + nombre(fiche.longueur);
     octets += fiche.modifie ? "\r\nmodifie 1" : "\r\nmodifie 0";
     octets += "\r\nnumero " + nombre(fiche.numero);
+    if (fiche.base) octets += "\r\nfichier " + hexadecimal(*fiche.base);
     octets += "\r\noctets " + nombre(texte.size()) + "\r\n";
     const std::string derniere = ligne_somme(octets, texte);
     octets.reserve(octets.size() + derniere.size() + texte.size());
@@ -100,7 +119,7 @@ EtatReprise lit_reprise(std::string_view octets, FicheReprise& fiche, std::strin
     std::string_view reste = octets;
     FicheReprise lue;
     std::size_t taille = 0;
-    if (!prend(reste, kMarque) || !prend_fiche(reste, lue, taille)) return EtatReprise::abimee;
+    if (!prend_fiche(reste, lue, taille)) return EtatReprise::abimee;
     const std::string_view entete = octets.substr(0, octets.size() - reste.size());
     const std::size_t longueur_somme = ligne_somme("", "").size();
     if (reste.size() < longueur_somme || reste.size() - longueur_somme != taille)

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,11 +16,17 @@ struct FicheReprise {
     std::size_t longueur = 0;        // bytes in the selection
     bool modifie = true;             // the sheet differs from its file
     std::uint64_t numero = 0;        // grows with every file: the highest is that of the sheet shown last
+    // Sum of the bytes of the sheet's file as the sheet knows it, 0 where it has none. Nothing in a file
+    // of form 1, which doesn't tell.
+    std::optional<std::uint64_t> base{};
 
     bool operator==(const FicheReprise&) const = default;
 };
 
 enum class EtatReprise { bonne, vide, abimee, etrangere };
+
+// The sum that tells bytes from others.
+std::uint64_t somme_octets(std::string_view octets);
 
 // The bytes of the file.
 std::string forme_reprise(const FicheReprise& fiche, std::string_view texte);

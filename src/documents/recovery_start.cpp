@@ -1,6 +1,6 @@
 // The start after a stop: the question, the sheets opened at rows of their own, or set aside in the folder
 // "reprise". A recovery file goes only when its sheet is saved, closed or set aside: what can't be read
-// or opened is told and stays.
+// or opened is told and stays. One whose sheet has gone on without it never takes the sheet's place.
 #include "documents/recovery_start.hpp"
 
 #include <algorithm>
@@ -15,6 +15,7 @@
 #include "base/number.hpp"
 #include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
+#include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
 #include "documents/recovery.hpp"
 #include "documents/settings.hpp"
@@ -37,6 +38,7 @@ struct Trouvee {
 
 struct Trouvailles {
     std::vector<Trouvee> feuilles;           // in the order of their rows
+    std::vector<Trouvee> depassees;          // older than their sheet's file, or than another one of it
     std::vector<std::string> illisibles;     // names of the others
 };
 
@@ -65,6 +67,43 @@ Trouvailles cherche_feuilles() {
         return std::pair(a.fiche.rang, a.fiche.numero) < std::pair(b.fiche.rang, b.fiche.numero);
     });
     return t;
+}
+
+// What has become of a sheet's own file since the recovery file was written.
+enum class Fichier { comme_avant, a_ce_texte, autre };
+
+// A file that can't be read counts as another one: its sheet must not be saved over it unseen.
+Fichier son_fichier(const Trouvee& t) {
+    if (t.fiche.nom.empty() || !FichierExistant(t.fiche.nom)) return Fichier::comme_avant;
+    std::string octets;
+    if (port.fichiers.lit(t.fiche.nom, octets) != 0) return Fichier::autre;
+    if (octets == octets_du_fichier(t.texte + "\r\n")) return Fichier::a_ce_texte;
+    return !t.fiche.base || *t.fiche.base == somme_octets(octets) ? Fichier::comme_avant : Fichier::autre;
+}
+
+// Another recovery file of the same sheet was written later.
+bool a_une_suite(const Trouvee& t, const std::vector<Trouvee>& toutes) {
+    return std::any_of(toutes.begin(), toutes.end(), [&](const Trouvee& autre) {
+        return autre.fiche.numero > t.fiche.numero && !t.fiche.nom.empty() &&
+               meme_document(autre.fiche.nom, t.fiche.nom);
+    });
+}
+
+// Leaves the sheets that can be offered. One whose file has its text isn't: its recovery file goes. The
+// files of this run are numbered behind all that are there.
+void separe_depassees(Trouvailles& t) {
+    std::vector<Trouvee> offertes;
+    for (const Trouvee& feuille : t.feuilles) {
+        reprise.numero = std::max(reprise.numero, feuille.fiche.numero);
+        const Fichier fichier = son_fichier(feuille);
+        if (fichier == Fichier::a_ce_texte)
+            port.fichiers.efface(feuille.chemin);
+        else if (fichier == Fichier::autre || a_une_suite(feuille, t.feuilles))
+            t.depassees.push_back(feuille);
+        else
+            offertes.push_back(feuille);
+    }
+    t.feuilles = std::move(offertes);
 }
 
 std::string nombre(std::size_t n) { return chiffres(static_cast<long long>(n)); }
@@ -122,9 +161,9 @@ void ouvre_a(int rang, const Trouvee& t, const std::string& nom) {
     donne_identite(rang);
     documents.document_modifie(rang) = 1;
     documents.a_son_fichier(rang) = !t.fiche.nom.empty();
+    documents.base(rang) = t.fiche.base;
     FeuilleReprise& f = reprise.feuilles[documents.identite(rang)];
     f = {t.chemin, t.fiche, std::make_shared<const std::string>(t.texte), false};
-    reprise.numero = std::max(reprise.numero, t.fiche.numero);
 }
 
 // Opens a sheet, or leaves everything as it was. The row, or 0.
@@ -186,14 +225,20 @@ std::string nom_de_cote(const Trouvee& t) {
     return essai.append(kExtension);
 }
 
-// Moves each sheet aside, as it is. The number of those that stay where they are.
-std::size_t met_de_cote(const std::vector<Trouvee>& feuilles) {
+// Moves each sheet aside, as it is, and adds the names that they have there. The number of those that
+// stay where they are.
+std::size_t met_de_cote(const std::vector<Trouvee>& feuilles, std::vector<std::string>& noms) {
     const std::string dossier = Sansbackslash(dossier_reprise());
-    if (!port.fichiers.existe_dossier(dossier)) port.fichiers.cree_dossier(dossier);
-    return static_cast<std::size_t>(
-        std::count_if(feuilles.begin(), feuilles.end(), [](const Trouvee& t) {
-            return port.fichiers.deplace(t.chemin, nom_de_cote(t)) != 0;
-        }));
+    if (!feuilles.empty() && !port.fichiers.existe_dossier(dossier)) port.fichiers.cree_dossier(dossier);
+    std::size_t restent = 0;
+    for (const Trouvee& t : feuilles) {
+        const std::string nom = nom_de_cote(t);
+        if (port.fichiers.deplace(t.chemin, nom) == 0)
+            noms.push_back(NomFichSeul(nom));
+        else
+            ++restent;
+    }
+    return restent;
 }
 
 // The day in the name of a sheet set aside, "" for any other file.
@@ -244,6 +289,24 @@ void dit_restantes(std::size_t restent) {
                        "démarrage."_fr));
 }
 
+// Adds the first names of several.
+void ajoute_noms(std::string& mots, const std::vector<std::string>& noms) {
+    for (std::size_t i = 0; i < std::min(noms.size(), kNomsDits); ++i)
+        (mots += i == 0 ? "" : ", ") += noms[i];
+    if (noms.size() > kNomsDits) mots += ", et d'autres";
+}
+
+void dit_depassees(const std::vector<std::string>& noms) {
+    if (noms.empty()) return;
+    std::string mots = nombre(noms.size());
+    mots += noms.size() == 1 ? " copie de secours est plus ancienne que sa feuille ; elle est dans le "
+                               "dossier reprise : "_fr
+                             : " copies de secours sont plus anciennes que leur feuille ; elles sont dans "
+                               "le dossier reprise : "_fr;
+    ajoute_noms(mots, noms);
+    port.boites.boite(mots);
+}
+
 void dit_illisibles(const std::vector<std::string>& noms) {
     if (noms.empty()) return;
     std::string mots = nombre(noms.size());
@@ -251,9 +314,7 @@ void dit_illisibles(const std::vector<std::string>& noms) {
                 ? " fichier du dossier secours n'est pas une copie de secours entière ; il y reste : "_fr
                 : " fichiers du dossier secours ne sont pas des copies de secours entières ; ils y "
                   "restent : "_fr;
-    for (std::size_t i = 0; i < std::min(noms.size(), kNomsDits); ++i)
-        (mots += i == 0 ? "" : ", ") += noms[i];
-    if (noms.size() > kNomsDits) mots += ", et d'autres";
+    ajoute_noms(mots, noms);
     port.boites.boite(mots);
 }
 
@@ -261,15 +322,20 @@ void dit_illisibles(const std::vector<std::string>& noms) {
 
 bool reprend_feuilles(bool donnee) {
     if (!port.reprise.a_nous()) return false;
-    const Trouvailles t = cherche_feuilles();
+    Trouvailles t = cherche_feuilles();
+    separe_depassees(t);
     bool ouvertes = false;
+    std::size_t restent = 0;
+    std::vector<std::string> refusees, depassees;
     if (!t.feuilles.empty()) {
         std::string question("La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre "_fr);
         question.append(nombre(t.feuilles.size())).append(" feuille(s) ?");
-        dit_restantes(port.boites.oui_non(question) ? ouvre_toutes(t.feuilles, donnee, ouvertes)
-                                                    : met_de_cote(t.feuilles));
+        restent = port.boites.oui_non(question) ? ouvre_toutes(t.feuilles, donnee, ouvertes)
+                                                : met_de_cote(t.feuilles, refusees);
     }
+    dit_restantes(restent + met_de_cote(t.depassees, depassees));
+    dit_depassees(depassees);
     dit_illisibles(t.illisibles);
-    allege_dossier_reprise();
+    EssaieEnSilence(allege_dossier_reprise);
     return ouvertes;
 }

@@ -13,6 +13,7 @@
 #include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
 #include "documents/recovery.hpp"
+#include "documents/recovery_file.hpp"
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/platform.hpp"
@@ -91,9 +92,11 @@ bool demande_nom() {
 
 // The text of the current sheet goes onto that file, whatever has become of its working copy.
 void ecrit_fichier(const std::string& nom) {
-    const std::string& texte = documents.texte(documents.document_courant);
-    reussit(port.fichiers.remplace(nom, octets_du_fichier(texte + "\r\n")));
-    documents.a_son_fichier(documents.document_courant) = 1;
+    const int rang = documents.document_courant;
+    const std::string octets = octets_du_fichier(documents.texte(rang) + "\r\n");
+    reussit(port.fichiers.remplace(nom, octets));
+    documents.a_son_fichier(rang) = 1;
+    documents.base(rang) = somme_octets(octets);
 }
 
 // The current sheet's backup, then its file, under the cut name. A failure leaves the name as it was.
@@ -151,8 +154,10 @@ bool sauve_modifie() {
 void marque_disparues() {
     for (int rang = 1; rang <= documents.nombre_document; ++rang)
         if (documents.a_son_fichier(rang) != 0 && !documents.texte(rang).empty() &&
-            !FichierExistant(reglages.table_ini(rang).nom))
+            !FichierExistant(reglages.table_ini(rang).nom)) {
             documents.document_modifie(rang) = 1;
+            note_disparue(rang);
+        }
 }
 
 // An open sheet is never overwritten by a backup.

@@ -257,6 +257,7 @@ bool ouvre_feuille(Demarrage& pas) {
     pas([&] {
         prend_ligne(pas.nomfic);
         documents.copie_a_jour(1) = documents.a_son_fichier(1) = 1;
+        documents.base(1) = lue.base;
         montre_feuille(std::move(lue.texte));
     });
     if (lue.amenee) pas([] { Tente(kLitNomCopie, [] { ecrit_copie(1); }); });

@@ -58,10 +58,9 @@ std::string lit_fichier_entier(const std::string& chemin) {
     return contenu;
 }
 
-// A number of the whole path (FNV-1a), in sixteen signs.
+// A number of the whole path, in sixteen signs.
 std::string marque_du_chemin(std::string_view chemin) {
-    std::uint64_t n = 0xCBF29CE484222325;
-    for (const char c : chemin) n = (n ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+    std::uint64_t n = somme_octets(chemin);
     std::string signes;
     for (int i = 0; i < 16; ++i, n >>= 4) signes += "0123456789abcdef"[n & 0xF];
     return signes;
@@ -157,10 +156,11 @@ int copie_vers_copie(const std::string& nomfic, const std::string& copie) {
 
 FeuilleLue lit_copie_neuve(const std::string& copie) {
     std::string contenu = lit_fichier_entier(copie);
+    const std::uint64_t base = somme_octets(contenu);
     const bool secours = est_reprise(contenu);
     const bool etrangere = secours || est_unicode(contenu);
     if (etrangere) contenu = secours ? amene_reprise(contenu) : amene_fichier(contenu);
-    return {sans_derniere_fin(contenu), etrangere};
+    return {sans_derniere_fin(contenu), etrangere, base};
 }
 
 bool lit_copie(int rang, std::string& texte) noexcept {

@@ -3,6 +3,7 @@
 // Change nom_copie, texte, copie_a_jour, the current row, the copies and the text.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,7 @@ int copie_vers_copie(const std::string& nomfic, const std::string& copie);
 struct FeuilleLue {
     std::string texte;       // as `txt` shows it
     bool amenee = false;     // it came in another coding: the copy must be written anew
+    std::uint64_t base = 0;  // sum of the bytes read
 };
 FeuilleLue lit_copie_neuve(const std::string& copie);   // just copied from a file; failures go up
 

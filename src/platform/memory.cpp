@@ -307,17 +307,35 @@ bool meme_fichier(Chemin a, Chemin b) {
 
 // ---- Recovery files
 
+// Removes the files of orders that failed, as the real writer does after a while.
+void reprend_effacements() {
+    if (memoire.echec_reprise != 0) return;
+    for (const std::string& complet : std::exchange(memoire.reprises_a_effacer, {}))
+        if (refus_lecture(complet) == 0) memoire.fichiers.erase(complet);
+}
+
 void ecrit_reprise(Chemin chemin, std::function<std::string()> contenu) {
     const std::string complet = complete(chemin);
+    memoire.reprises_a_effacer.erase(complet);
+    reprend_effacements();
     if (memoire.echec_reprise == 0 && objet(parent(complet)) == nullptr) pose_dossier(parent(complet));
     const int refus = memoire.echec_reprise != 0 ? memoire.echec_reprise : refus_ecriture(complet);
     if (refus == 0) memoire.fichiers[complet] = {contenu(), false};
-    memoire.reprise_echouee = refus;
+    if (refus == 0)
+        memoire.reprises_ratees.erase(complet);
+    else
+        memoire.reprises_ratees[complet] = refus;
 }
 
 void efface_reprise(Chemin chemin) {
     const std::string complet = complete(chemin);
-    if (memoire.echec_reprise == 0 && refus_lecture(complet) == 0) memoire.fichiers.erase(complet);
+    memoire.reprises_ratees.erase(complet);
+    memoire.reprises_a_effacer.insert(complet);
+    reprend_effacements();
+}
+
+int echec_reprise() {
+    return memoire.reprises_ratees.empty() ? 0 : memoire.reprises_ratees.begin()->second;
 }
 
 // ---- Surroundings
@@ -372,6 +390,8 @@ std::optional<std::string> lit_memoire(std::string_view chemin) {
 
 bool dossier_memoire(std::string_view chemin) { return est_dossier(complete(chemin)); }
 
+std::string chemin_memoire(std::string_view chemin) { return complete(chemin); }
+
 void installe_port_memoire() {
     memoire = Memoire{};
     pose_dossier(memoire.dossier_programme);
@@ -387,7 +407,7 @@ void installe_port_memoire() {
                 {graine_horloge, [] { return memoire.dossier_programme; },
                  [] { return memoire.dossier_courant; }, [] { return memoire.ligne_commande; },
                  '\\', interrompt, limite_pile()},
-                {[](void (*releve)()) { releve(); }, ecrit_reprise, efface_reprise, [] {},
-                 [] { return memoire.reprise_echouee; }, [] { return memoire.reprise_a_nous; },
+                {[](void (*releve)()) { releve(); }, ecrit_reprise, efface_reprise, reprend_effacements,
+                 echec_reprise, [] { return memoire.reprise_a_nous; },
                  [] { return chiffres(++memoire.marques); }, [] { return memoire.horloge; }}};
 }

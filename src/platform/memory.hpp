@@ -9,6 +9,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,7 +64,8 @@ struct Memoire {
 
     // Recovery files are written at once, at the end of each event, and count as no file operation.
     int echec_reprise = 0;       // failure of writing and deleting them; 0: it works
-    int reprise_echouee = 0;     // that of the last one written
+    std::map<std::string, int> reprises_ratees;   // files whose last write failed, and why
+    std::set<std::string> reprises_a_effacer;     // removals that failed: tried again at the next order
     bool reprise_a_nous = true;  // no other program works on the folder
     int marques = 0;             // runs that have asked for their mark: "1", "2"...
     std::int64_t horloge = 1'767'225'600;  // seconds since 1970: 1 January 2026
@@ -86,3 +88,4 @@ void pose_dossier(std::string_view chemin);                            // with t
 void supprime_memoire(std::string_view chemin);  // a file, or a folder with all that is in it
 std::optional<std::string> lit_memoire(std::string_view chemin);  // nothing when there is none
 bool dossier_memoire(std::string_view chemin);                    // that folder exists
+std::string chemin_memoire(std::string_view chemin);              // full path, as in `fichiers`

@@ -16,6 +16,7 @@ namespace {
 
 using Horloge = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kEntreDeux{1000};   // between two writes of one file
+constexpr std::chrono::seconds kNouvelEssai{10};        // from a removal that failed to the next try
 
 // What is to become of a file: these bytes, or nothing.
 using Contenu = std::function<std::string()>;
@@ -30,6 +31,7 @@ struct Atelier {
     bool au_travail = false;                            // an order is being carried out
     bool arret = false;
     std::map<std::string, int> rates;                   // files whose last write failed, and why
+    std::map<std::string, Horloge::time_point> restes;  // files that could not be removed: the next try
     PortFichiers fichiers{};
     std::thread fil;
 };
@@ -52,20 +54,27 @@ int ecrit(const std::string& chemin, const Contenu& contenu) {
     }
 }
 
+// A file that isn't there needs no removal.
+int efface(const std::string& chemin) {
+    const int echec = atelier.fichiers.efface(chemin);
+    return echec == kFichierAbsent || echec == kDossierAbsent ? 0 : echec;
+}
+
 // Carries out one order, the lock open.
 void execute(std::unique_lock<std::mutex>& verrou, const std::string& chemin, Contenu contenu) {
     atelier.au_travail = true;
     verrou.unlock();
-    const int echec = contenu ? ecrit(chemin, contenu) : 0;
-    if (!contenu) atelier.fichiers.efface(chemin);
     const bool ecriture = static_cast<bool>(contenu);
+    const int echec = ecriture ? ecrit(chemin, contenu) : efface(chemin);
     contenu = nullptr;   // the text goes while the lock is open
     verrou.lock();
     atelier.au_travail = false;
     atelier.ecrits.erase(chemin);
     atelier.rates.erase(chemin);
+    atelier.restes.erase(chemin);
     if (ecriture) atelier.ecrits[chemin] = Horloge::now();
-    if (echec != 0) atelier.rates[chemin] = echec;
+    if (echec != 0 && ecriture) atelier.rates[chemin] = echec;
+    if (echec != 0 && !ecriture) atelier.restes[chemin] = Horloge::now() + kNouvelEssai;
 }
 
 // When the order may be carried out.
@@ -83,13 +92,40 @@ auto premier_ordre() {
     return premier;
 }
 
+// The files that could not be removed are ordered again when their time has come, or at the end: a text
+// that is old by then must not be offered at the next start.
+void reprend_restes() {
+    for (auto i = atelier.restes.begin(); i != atelier.restes.end();) {
+        if (!atelier.arret && i->second > Horloge::now()) {
+            ++i;
+            continue;
+        }
+        atelier.ordres.try_emplace(i->first, nullptr);
+        i = atelier.restes.erase(i);
+    }
+}
+
+// Nothing is left but what could not be removed.
+void attend_ordre(std::unique_lock<std::mutex>& verrou) {
+    if (atelier.restes.empty())
+        atelier.reveil.wait(verrou);
+    else
+        atelier.reveil.wait_for(verrou, kNouvelEssai);
+    reprend_restes();
+}
+
 void travaille() {
     std::unique_lock verrou(atelier.verrou);
+    bool fin = false;   // the last try has been made
     for (;;) {
         if (atelier.ordres.empty()) {
             atelier.fini.notify_all();
-            if (atelier.arret) return;
-            atelier.reveil.wait(verrou);
+            if (!atelier.arret) {
+                attend_ordre(verrou);
+            } else {
+                if (std::exchange(fin, true)) return;
+                reprend_restes();
+            }
             continue;
         }
         const auto premier = premier_ordre();

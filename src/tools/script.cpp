@@ -68,6 +68,8 @@ void redemarre(Etape& etape) {
     memoire.ligne_commande = suit_texte(etape) ? prend_texte(etape) : "";
     memoire.texte.clear();
     memoire.sel_start = memoire.sel_length = 0;
+    memoire.reprises_ratees.clear();
+    memoire.reprises_a_effacer.clear();
     reinitialise_tout();
     script.commence = true;
     script.tenus = {};

@@ -27,6 +27,21 @@ TEST_CASE("recovery file: its form is the one told in formats.md") {
           "numero 41\r\noctets 5\r\nsomme d9c1ebd4c5f244e4\r\n\r\nA=3\r\n");
 }
 
+TEST_CASE("recovery file: its form with the sum of the sheet's file") {
+    FicheReprise fiche = exemple();
+    fiche.base = 0x1F;
+    const std::string octets = forme_reprise(fiche, "A=3\r\n");
+    CHECK(octets.starts_with("VOXTAB REPRISE 2\r\nnom 13 C:\\devoir.VXT\r\nrang 3\r\ncurseur 12 2\r\n"
+                             "modifie 1\r\nnumero 41\r\nfichier 000000000000001f\r\noctets 5\r\nsomme "));
+    FicheReprise lue;
+    std::string texte;
+    REQUIRE(lit_reprise(octets, lue, texte) == EtatReprise::bonne);
+    CHECK(lue == fiche);
+    CHECK(texte == "A=3\r\n");
+    CHECK(lit_reprise(forme_reprise(exemple(), "A"), lue, texte) == EtatReprise::bonne);
+    CHECK(!lue.base);
+}
+
 TEST_CASE("recovery file: what was written comes back") {
     std::mt19937_64 hasard(20260101);
     for (int essai = 0; essai < 500; ++essai) {
@@ -36,7 +51,7 @@ TEST_CASE("recovery file: what was written comes back") {
             return sortie;
         };
         const FicheReprise fiche{octets(300), static_cast<std::uint32_t>(hasard()), hasard() >> 1,
-                                 hasard() >> 1, hasard() % 2 == 0, hasard() >> 1};
+                                 hasard() >> 1, hasard() % 2 == 0, hasard() >> 1, hasard()};
         const std::string texte = octets(3000);
         FicheReprise lue;
         std::string lu = "before";

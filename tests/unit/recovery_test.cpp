@@ -2,13 +2,16 @@
 // recovery files are laid there as a run that was killed leaves them.
 #include <doctest/doctest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
+#include "base/failure.hpp"
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
 #include "documents/recovery_start.hpp"
+#include "platform/recovery_writer.hpp"
 #include "shell/events.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
@@ -88,14 +91,70 @@ TEST_CASE("recovery: of two untitled sheets one is opened, and the other one sta
     CHECK(texte_de(kSecours + "y-1.VXT") == "seconde");
 }
 
-TEST_CASE("recovery: two stops that left the same sheet: the second text waits") {
+TEST_CASE("recovery: two stops that left the same sheet: the later text is opened, the other one set aside") {
     programme_neuf();
     laisse("x-1.VXT", "C:\\A.VXT", "premiere", 1, 1);
     laisse("y-1.VXT", "c:\\a.vxt", "seconde", 2, 2);
     demarre_et_repond("oui");
     CHECK(documents.nombre_document == 1);
-    CHECK(memoire.texte == "premiere");
-    CHECK(texte_de(kSecours + "y-1.VXT") == "seconde");
+    CHECK(memoire.texte == "seconde");
+    CHECK(fichiers_sous(kSecours) == std::vector<std::string>{"y-1.VXT"});
+    CHECK(texte_de(kReprise + "A 2026-01-01.VXT") == "premiere");
+}
+
+TEST_CASE("recovery: a sheet's file that can't be read at the start isn't put in danger") {
+    programme_neuf();
+    pose_fichier("C:\\A.VXT", "B=1\r\n");
+    pose_fichier(kSecours + "x-1.VXT", forme_reprise({"C:\\A.VXT", 1, 0, 0, true, 1, 5}, "A"));
+    static PortFichiers vrais;
+    vrais = port.fichiers;
+    port.fichiers.lit = [](const std::string& chemin, std::string& contenu) {
+        return chemin == "C:\\A.VXT" ? kAccesFichier : vrais.lit(chemin, contenu);
+    };
+    demarre_et_repond("oui");
+    CHECK(texte_de(kReprise + "A 2026-01-01.VXT") == "A");
+    CHECK(memoire.texte.empty());
+    CHECK(fichiers_sous(kSecours).empty());
+}
+
+TEST_CASE("recovery: no memory while the window closes: it stays open, with its text") {
+    programme_neuf();
+    pose_fichier("C:\\A.VXT", "B=1\r\n");
+    memoire.ligne_commande = "C:\\A.VXT";
+    evenement_chargement();
+    port.texte.pose_texte("7");
+    evenement_texte_change();
+    port.fichiers.existe = [](const std::string&) -> bool { throw std::bad_alloc(); };
+    evenement_fermeture();
+    CHECK(!fenetre.fermee);
+    CHECK(memoire.texte == "7");
+    CHECK(!evenement_fin_session());
+    CHECK(texte_de(kSecours + "1-1.VXT") == "7");
+}
+
+TEST_CASE("recovery: the writer tries again to remove a file, at the end at the latest") {
+    programme_neuf();
+    static int essais;
+    essais = 0;
+    port.fichiers.efface = [](const std::string&) { return ++essais == 1 ? kAccesFichier : 0; };
+    ouvre_ecriture_reprises();
+    ordonne_effacement("C:\\VOXTAB\\secours\\x-1.VXT");
+    attend_reprises();
+    CHECK(essais == 1);
+    CHECK(echec_reprises() == 0);
+    ferme_ecriture_reprises();
+    CHECK(essais == 2);
+}
+
+TEST_CASE("recovery: the writer doesn't try again to remove a file that isn't there") {
+    programme_neuf();
+    static int essais;
+    essais = 0;
+    port.fichiers.efface = [](const std::string&) { ++essais; return +kFichierAbsent; };
+    ouvre_ecriture_reprises();
+    ordonne_effacement("C:\\VOXTAB\\secours\\x-1.VXT");
+    ferme_ecriture_reprises();
+    CHECK(essais == 1);
 }
 
 TEST_CASE("recovery: a sheet given at the start keeps a row of fifteen") {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <cstdint>
+#include <iterator>
+#include <optional>
 #include <string_view>
 
 #include "base/codepage.hpp"
@@ -18,69 +20,10 @@
 
 namespace {
 
-using Mots = std::set<std::string>;
-
-// Adds the words "k12k" of a text.
-void ajoute_mots(Mots& mots, std::string_view texte) {
-    for (std::size_t k = texte.find('k'); k != texte.npos; k = texte.find('k', k)) {
-        std::size_t fin = k + 1;
-        while (fin < texte.size() && std::isdigit(static_cast<unsigned char>(texte[fin]))) ++fin;
-        const bool entier = fin > k + 1 && fin < texte.size() && texte[fin] == 'k';
-        if (entier) mots.emplace(texte.substr(k, fin - k + 1));
-        k = entier ? fin + 1 : fin;
-    }
-}
-
-// The words of a text but those that the user has brought behind a result: they are part of it then.
-void ajoute_mots_hors_resultats(Mots& mots, std::string_view texte) {
-    while (!texte.empty()) {
-        const std::size_t fin = std::min(texte.find('\n'), texte.size() - 1) + 1;
-        const std::string_view ligne = texte.substr(0, fin);
-        ajoute_mots(mots, ligne.substr(0, ligne.find('=')));
-        texte.remove_prefix(fin);
-    }
-}
-
-Mots mots_du_texte() {
-    Mots mots;
-    if (programme_en_marche() && feuille_montree()) ajoute_mots_hors_resultats(mots, memoire.texte);
-    return mots;
-}
-
-// True for a file that keeps a text of the user's: no working copy, and a backup only where a sheet
-// has borne its name.
-bool garde(const Joueur& j, const std::string& chemin) {
-    const std::string grand = capitales(chemin);
-    if (grand.starts_with("C:\\VOXTAB\\TRAVAIL\\") || grand == "C:\\VOXTAB\\VOXTAB.INI") return false;
-    return !grand.ends_with(".BAK") || j.ouverts.contains(grand);
-}
-
-void ajoute_fichiers(const Joueur& j, Mots& mots) {
-    for (const auto& [chemin, fichier] : memoire.fichiers)
-        if (!fichier.dossier && garde(j, chemin)) ajoute_mots(mots, fichier.contenu);
-}
-
-// All that can be found now, the sheets as the program holds them.
-Mots mots_trouves(const Joueur& j) {
-    Mots mots = mots_du_texte();
-    if (programme_en_marche())
-        for (int i = 1; i <= documents.nombre_document; ++i)
-            if (i != documents.document_courant || !feuille_montree())
-                ajoute_mots(mots, documents.texte(i));
-    ajoute_fichiers(j, mots);
-    return mots;
-}
-
-// The save dialog of a user who never gives a file up: a file that exists and isn't the sheet's own
-// is not replaced.
-Joueur* joueur = nullptr;   // who plays
-bool (*vrai_dialogue)(std::string&, std::string_view, std::string_view);
-
-bool dialogue_prudent(std::string& nom, std::string_view filtre, std::string_view extension) {
-    if (!vrai_dialogue(nom, filtre, extension)) return false;
-    if (capitales(nom).ends_with(".BAK")) joueur->ouverts.insert(capitales(nom));
-    return !lit_memoire(nom) ||
-           port.fichiers.meme_fichier(nom, reglages.table_ini(documents.document_courant).nom);
+template <class Choix>
+bool commence_par(std::string_view etape, const Choix& debuts) {
+    return std::any_of(debuts.begin(), debuts.end(),
+                       [&](std::string_view d) { return etape.starts_with(d); });
 }
 
 // Steps in which the user himself changes the text.
@@ -92,66 +35,134 @@ bool est_edition(std::string_view etape) {
         std::string_view("choisit mnumodif"), std::string_view("choisit mnuAnnuler"),
         std::string_view("choisit mnuRetabli"), std::string_view("choisit mnuEffaceMot"),
         std::string_view("clique CmdModif")};
-    return std::any_of(kDebuts.begin(), kDebuts.end(),
-                       [&](std::string_view d) { return etape.starts_with(d); });
+    return commence_par(etape, kDebuts);
 }
 
-// Somebody else's work at the files: what stood there alone isn't the program's to keep.
+// Somebody else's work at the files.
 bool est_voisin(std::string_view etape) {
-    return etape.starts_with("supprime") || etape.starts_with("dossier") ||
-           etape.starts_with("fichier");
+    constexpr std::array kDebuts = {std::string_view("supprime"), std::string_view("dossier"),
+                                    std::string_view("fichier")};
+    return commence_par(etape, kDebuts);
 }
 
-// The program is stopped: a sheet that was held for saved is only in its file, which somebody else may
-// have taken away.
+std::string chemin_de(std::string_view etape) {
+    const std::size_t debut = etape.find('"') + 1;
+    return std::string(etape.substr(debut, etape.find('"', debut) - debut));
+}
+
+void oublie(Joueur& j, const Mots& mots) {
+    for (const std::string& mot : mots) j.mots.erase(mot);
+}
+
+Mots sans(const Mots& mots, const Mots& autres) {
+    Mots reste;
+    std::set_difference(mots.begin(), mots.end(), autres.begin(), autres.end(),
+                        std::inserter(reste, reste.end()));
+    return reste;
+}
+
+// The content of every file at its full path, for what a step changes in them.
+using Contenus = std::map<std::string, std::string, OrdreChemin>;
+Contenus contenus() {
+    Contenus tous;
+    for (const auto& [chemin, fichier] : memoire.fichiers)
+        if (!fichier.dossier) tous[chemin] = fichier.contenu;
+    return tous;
+}
+
+// ---- The user gives a file up: he chooses its name for another sheet, and answers Yes
+
+Joueur* joueur = nullptr;   // who plays
+bool (*vrai_dialogue)(std::string&, std::string_view, std::string_view);
+
+bool dialogue_note(std::string& nom, std::string_view filtre, std::string_view extension) {
+    if (!vrai_dialogue(nom, filtre, extension)) return false;
+    if (!port.fichiers.meme_fichier(nom, reglages.table_ini(documents.document_courant).nom))
+        if (const std::optional<std::string> contenu = lit_memoire(nom))
+            ajoute_mots(joueur->remplaces[nom], *contenu);
+    return true;
+}
+
+// The file that he chose is another one now: its words are given up where they stood nowhere else.
+void note_remplaces(Joueur& j) {
+    for (const auto& [chemin, mots] : j.remplaces) {
+        Mots restent;
+        ajoute_mots(restent, lit_memoire(chemin).value_or(""));
+        if (!sans(mots, restent).empty()) oublie(j, sans(mots, mots_partout()));
+    }
+    j.remplaces.clear();
+}
+
+// ---- A neighbour's work
+
+// A word that stood in the file alone is the neighbour's to answer for. One that the program still has in
+// a sheet must outlive every command, but a stop can take it; and a sheet that the program holds for saved
+// is no more than the file that the neighbour has put in its place.
+void note_voisin(Joueur& j, const Fichiers& avant, const Contenus& anciens) {
+    const Mots disque = mots_sur_disque();
+    const Mots feuilles = mots_en_memoire(Lesquelles::toutes);
+    const Mots changees = mots_en_memoire(Lesquelles::changees);
+    for (const auto& [chemin, contenu] : anciens)
+        if (lit_memoire(chemin) != contenu) j.touches.insert(chemin);
+    for (const auto& [chemin, mots] : avant) {
+        if (lit_memoire(chemin) == anciens.at(chemin)) continue;
+        const Mots pris = sans(mots, disque);
+        oublie(j, sans(pris, feuilles));
+        j.voles[chemin].insert(pris.begin(), pris.end());
+    }
+    for (auto& [chemin, mots] : j.voles)
+        if (lit_memoire(chemin)) oublie(j, sans(sans(mots, disque), changees));
+}
+
+// What stands in a file again isn't stolen any more.
+void rend_voles(Joueur& j) {
+    if (j.voles.empty()) return;
+    const Mots disque = mots_sur_disque();
+    for (auto& [chemin, mots] : j.voles) mots = sans(mots, disque);
+    std::erase_if(j.voles, [](const auto& paire) { return paire.second.empty(); });
+}
+
+// ---- A stop
+
+bool panne_dite(const Joueur& j) {
+    const auto& journal = memoire.journal;
+    return std::any_of(journal.begin() + static_cast<std::ptrdiff_t>(j.panne_depuis), journal.end(),
+                       [](const Entendu& e) {
+                           return e.texte.find("pas de copie de secours") != std::string::npos;
+                       });
+}
+
+// The machine is about to stop. What a neighbour took from the disk goes with it, and what the disk took
+// no recovery file of: the user must know that by then.
 void note_arret(Joueur& j) {
-    Mots fichiers;
-    ajoute_fichiers(j, fichiers);
-    for (int i = 1; i <= documents.nombre_document && !j.touches.empty(); ++i) {
-        const bool montree = i == documents.document_courant && feuille_montree();
-        const std::string& texte = montree ? memoire.texte : documents.texte(i);
-        if (documents.document_modifie(i) != 0 ||
-            lit_memoire(reglages.table_ini(i).nom) == texte + "\r\n")
-            continue;
-        Mots siens;
-        ajoute_mots(siens, texte);
-        for (const std::string& mot : siens)
-            if (!fichiers.contains(mot)) j.mots.erase(mot);
-    }
+    const Mots disque = mots_sur_disque();
+    for (const auto& [chemin, mots] : j.voles) oublie(j, sans(mots, disque));
+    j.voles.clear();
+    if (memoire.reprises_ratees.empty()) return;
+    Mots perdus = sans(mots_en_memoire(Lesquelles::changees), disque);
+    std::erase_if(perdus, [&](const std::string& mot) { return !j.mots.contains(mot); });
+    if (!perdus.empty() && !panne_dite(j)) j.faute = "no recovery file, and nobody was told: " + *perdus.begin();
+    oublie(j, perdus);
 }
 
-// Somebody is about to take away the file of a sheet that was just saved to it while its mark stayed, on
-// the way out, or to put another one there: the program holds the sheet for saved and can't know.
-void note_vol(Joueur& j, std::string_view etape) {
-    const std::size_t debut = etape.find('"') + 1;
-    const std::string chemin(etape.substr(debut, etape.find('"', debut) - debut));
-    for (int i = 1; i <= documents.nombre_document; ++i) {
-        const std::string& nom = reglages.table_ini(i).nom;
-        const bool dedans = capitales(nom).starts_with(capitales(chemin) + "\\");
-        if (!dedans && !meme_document(nom, chemin)) continue;
-        const std::optional<std::string> contenu = lit_memoire(nom);
-        const std::string& texte = documents.texte(i);
-        const bool enregistree = contenu == texte + "\r\n" && documents.document_modifie(i) != 0;
-        const bool remplacee = etape.starts_with("fichier") && !contenu;
-        if (!enregistree && !remplacee) continue;
-        Mots siens;
-        ajoute_mots(siens, texte);
-        for (const std::string& mot : siens) j.mots.erase(mot);
-    }
+// ---- One step
+
+// Nobody makes a folder or a file where a folder is, or a folder over a file.
+bool impossible(std::string_view etape) {
+    const bool dossier = etape.starts_with("dossier");
+    if (!script.commence || (!dossier && !etape.starts_with("fichier"))) return false;
+    const std::string chemin = chemin_de(etape);
+    return dossier_memoire(chemin) || (dossier && lit_memoire(chemin));
 }
 
-void note_ouverts(Joueur& j) {
-    for (int i = 1; i <= documents.nombre_document; ++i) {
-        const std::string nom = capitales(reglages.table_ini(i).nom);
-        if (nom.ends_with(".BAK")) j.ouverts.insert(nom);
-    }
-}
-
-void note_voisin(Joueur& j, std::string_view etape) {
-    const std::size_t debut = etape.find('"') + 1;
-    j.touches.insert(capitales(etape.substr(debut, etape.find('"', debut) - debut)));
-    const Mots restent = mots_trouves(j);
-    std::erase_if(j.mots, [&](const std::string& mot) { return !restent.contains(mot); });
+void execute(Joueur& j, const std::string& etape) {
+    if (memoire.reprises_ratees.empty()) j.panne_depuis = memoire.journal.size();
+    if (etape.starts_with("redémarre") && programme_en_marche()) note_arret(j);
+    j.jouees.push_back(etape);
+    execute_etape(1, etape);
+    script.echecs.clear();
+    if (!etape.starts_with("répond") && !etape.starts_with("annule") && !etape.starts_with("échec"))
+        memoire.reponses.clear();
 }
 
 }  // namespace
@@ -161,37 +172,30 @@ void nouvelle_partie(Joueur& j) {
     joueur = &j;
     nouveau_script(false);
     vrai_dialogue = port.dialogues.enregistre;
-    port.dialogues.enregistre = dialogue_prudent;
+    port.dialogues.enregistre = dialogue_note;
 }
 
 void joue(Joueur& j, const std::string& etape) {
-    const Mots avant = mots_du_texte();
-    const std::uint64_t feuille_avant = documents.identite(documents.document_courant);
-    // Nobody puts a file over one that is there, or a folder.
-    if (etape.starts_with("fichier") || etape.starts_with("dossier")) {
-        const std::size_t debut = etape.find('"') + 1;
-        const std::string chemin = etape.substr(debut, etape.find('"', debut) - debut);
-        if (script.commence && (lit_memoire(chemin) || dossier_memoire(chemin))) return;
+    if (impossible(etape)) return;
+    if (est_voisin(etape)) {
+        const Fichiers avant = mots_des_fichiers();
+        const Contenus anciens = contenus();
+        execute(j, etape);
+        note_voisin(j, avant, anciens);
+        return;
     }
-    // Not looked at yet: a start at which a recovery file can't be set aside, so that it is offered again
-    // when its sheet has been saved anew meanwhile.
-    if (etape.starts_with("redémarre")) memoire.echec_operation = 0;
-    if (etape.starts_with("redémarre") && programme_en_marche()) note_arret(j);
-    if (est_voisin(etape)) note_vol(j, etape);
-    j.jouees.push_back(etape);
-    execute_etape(1, etape);
-    script.echecs.clear();
-    if (!etape.starts_with("répond") && !etape.starts_with("annule") && !etape.starts_with("échec"))
-        memoire.reponses.clear();
-    note_ouverts(j);
-    if (est_voisin(etape)) note_voisin(j, etape);
-    if (!est_edition(etape) || !programme_en_marche() ||
+    const bool montree = programme_en_marche() && feuille_montree();
+    const Mots avant = mots_montres();
+    const std::uint64_t feuille_avant = documents.identite(documents.document_courant);
+    execute(j, etape);
+    note_remplaces(j);
+    rend_voles(j);
+    if (!est_edition(etape) || !montree || !programme_en_marche() || !feuille_montree() ||
         documents.identite(documents.document_courant) != feuille_avant)
         return;
-    const Mots apres = mots_du_texte();
-    for (const std::string& mot : avant)
-        if (!apres.contains(mot)) j.mots.erase(mot);
-    j.mots.insert(apres.begin(), apres.end());
+    const Mots apres = mots_montres();
+    oublie(j, sans(avant, apres));
+    j.mots.merge(sans(apres, avant));
 }
 
 namespace {
@@ -200,9 +204,10 @@ namespace {
 std::string verifie_enregistree(const Joueur& j, int rang) {
     if (documents.document_modifie(rang) != 0 || documents.a_son_fichier(rang) == 0) return "";
     const std::string& nom = reglages.table_ini(rang).nom;
-    if (!j.touches.empty()) return "";
-    const std::optional<std::string> contenu = lit_memoire(nom);
-    if (contenu && *contenu == memoire.texte + "\r\n") return "";
+    const std::string chemin = chemin_memoire(nom);
+    // The program writes its own files for itself, whoever reads them.
+    if (j.touches.contains(chemin) || capitales(chemin).starts_with("C:\\VOXTAB\\")) return "";
+    if (lit_memoire(nom) == memoire.texte + "\r\n") return "";
     return "unmarked, and its file is not what is shown: " + nom;
 }
 
@@ -235,6 +240,7 @@ std::string verifie_lignes() {
 }  // namespace
 
 std::string verifie(Joueur& j) {
+    if (!j.faute.empty()) return j.faute;
     memoire.echec_operation = 0;
     memoire.reponses.clear();
     Mots trouves;
@@ -244,7 +250,7 @@ std::string verifie(Joueur& j) {
         supprime_memoire("C:\\VOXTAB\\travail");
         if (std::string faute = fait_le_tour(j, trouves); !faute.empty()) return faute;
     }
-    ajoute_fichiers(j, trouves);
+    trouves.merge(mots_sur_disque());
     for (const std::string& mot : j.mots)
         if (!trouves.contains(mot)) return "lost: " + mot;
     return "";

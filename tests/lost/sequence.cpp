@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "platform/memory.hpp"
 #include "shell/menu_table.hpp"
@@ -23,6 +24,8 @@ constexpr std::array kChemins = {
     "C:\\SANSTITRE.VXT",  "C:\\VOXTAB\\VOXTAB.INI", "C:\\VOXTAB\\travail\\C__A.VXT",
     "C:\\VOXTAB\\travail\\SANSTITRE.VXT", "C:\\VOXTAB\\E.VXT", "C:\\F.VXT", "C:\\G.VXT",
     "C:\\m\\H.VXT",       "C:\\m\\I.VXTX",       "C:\\m\\I.VXT",
+    "C:\\VOXTAB\\reprise\\a 2026-01-01.VXT", "C:\\VOXTAB\\reprise\\sans titre 2026-01-01.VXT",
+    "C:\\VOXTAB\\secours\\1-1.VXT",
 };
 // The first ones are taken more often: what goes wrong needs one path several times.
 constexpr int kSouvent = 12;
@@ -40,6 +43,7 @@ constexpr std::array kEdition = {"touche Suppr",  "touche Arrière",    "touche 
                                  "touche Alt+C",  "touche Ctrl+Entrée", "touche Entrée",
                                  "touche Bas",    "touche Fin",        "touche Ctrl+A"};
 constexpr std::array kNumeros = {53, 61, 70, 75, 76};
+constexpr int kPanneLointaine = 40;   // operations until the one that fails, at most
 
 std::string cite(const std::string& texte) { return "\"" + texte + "\""; }
 
@@ -104,14 +108,23 @@ void ajoute_document(Tirage& t, Etapes& etapes) {
                                                                        : "choisit " + commande);
 }
 
-// Somebody else takes a file or a folder away, or puts one there; never one with a text of the user's
-// alone, which the steps can't know: the one who plays them looks after that.
+// One of the files that the program has made for itself, or "".
+std::string tire_fichier_du_programme(Tirage& t) {
+    std::vector<std::string> chemins;
+    for (const auto& [chemin, fichier] : memoire.fichiers)
+        if (!fichier.dossier && capitales(chemin).starts_with("C:\\VOXTAB\\")) chemins.push_back(chemin);
+    return chemins.empty() ? "" : t.un_de(chemins);
+}
+
+// Somebody else takes a file or a folder away, or puts one there.
 void ajoute_voisin(Tirage& t, Etapes& etapes) {
     std::string chemin = tire_chemin(t);
     if (t.une_fois_sur(3)) {
         chemin = "C:\\VOXTAB\\travail";
         if (t.une_fois_sur(2))
             chemin = std::string(documents.nom_copie(t.entre(1, documents.nombre_document)));
+    } else if (t.une_fois_sur(6)) {
+        chemin = tire_fichier_du_programme(t);
     }
     if (chemin.empty()) return;
     switch (t.entre(1, 4)) {
@@ -125,8 +138,8 @@ void ajoute_voisin(Tirage& t, Etapes& etapes) {
 }
 
 void ajoute_panne(Tirage& t, Etapes& etapes) {
-    etapes.push_back("échec " + std::to_string(t.entre(1, 8)) + " " +
-                     std::to_string(t.un_de(kNumeros)));
+    const int dans = t.entre(1, t.une_fois_sur(4) ? kPanneLointaine : 8);
+    etapes.push_back("échec " + std::to_string(dans) + " " + std::to_string(t.un_de(kNumeros)));
 }
 
 // Any command of the tree, and any answers. The printer's and the fonts' dialogs are among them.
@@ -138,6 +151,7 @@ void ajoute_commande(Tirage& t, Etapes& etapes) {
 
 void ajoute_depart(Tirage& t, Etapes& etapes) {
     // Sheets of a program that was stopped are taken back, or set aside.
+    if (t.une_fois_sur(3)) ajoute_panne(t, etapes);
     if (!t.une_fois_sur(4)) etapes.push_back(t.une_fois_sur(3) ? "répond non" : "répond oui");
     etapes.push_back(t.une_fois_sur(2) ? "redémarre" : "redémarre " + cite(tire_chemin(t)));
 }
@@ -173,7 +187,10 @@ Etapes tire_evenement(Tirage& t, int& mot) {
         return etapes;
     }
     const int sort = t.entre(1, 100);
-    if (sort <= 24) ajoute_frappe(t, etapes, mot);
+    if (t.une_fois_sur(60)) etapes.push_back("fin_session");
+    else if (t.une_fois_sur(60))
+        etapes.push_back("panne_secours " + std::to_string(t.une_fois_sur(2) ? 0 : t.un_de(kNumeros)));
+    else if (sort <= 24) ajoute_frappe(t, etapes, mot);
     else if (sort <= 34) ajoute_enregistrement(t, etapes);
     else if (sort <= 46) ajoute_ouverture(t, etapes);
     else if (sort <= 68) ajoute_document(t, etapes);

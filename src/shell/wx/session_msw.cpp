@@ -2,8 +2,11 @@
 // quits, and Cancel keeps the program.
 #include "shell/wx/session.hpp"
 
+#include <windows.h>
+
 #include <wx/app.h>
 #include <wx/event.h>
+#include <wx/window.h>
 
 #include <cstdlib>
 
@@ -13,9 +16,15 @@
 
 namespace {
 
+// The system covers the screen while a program keeps the session: it tells why.
+constexpr const wchar_t* kRaison = L"Une feuille n'est pas enregistrée et ne peut pas être gardée.";
+
 void session_va_finir(wxCloseEvent& e) {
     if (evenement_fin_session()) return;
+    const HWND fenetre_principale = static_cast<HWND>(wxTheApp->GetTopWindow()->GetHandle());
+    ShutdownBlockReasonCreate(fenetre_principale, kRaison);
     evenement_menu("mnuQuitterItem");
+    ShutdownBlockReasonDestroy(fenetre_principale);
     if (!fenetre.fermee && e.CanVeto()) e.Veto();
 }
 

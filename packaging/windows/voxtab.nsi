@@ -49,6 +49,8 @@ VIAddVersionKey "LegalCopyright" "L'équipe Voxtab, licence MIT"
 ; Exit codes for those who install without a window.
 !define SORTIE_REFUS 3
 !define SORTIE_ECRITURE 4
+!define ID_TEXTE_DOSSIER 1006
+!define SWP_ORDRE_SEUL 0x13   ; neither moved nor resized nor active
 
 Var Bureau      ; 1: a shortcut on the desktop
 Var Feuilles    ; 1: .VXT files open with the program
@@ -61,7 +63,7 @@ Var CaseLecteur
 
 DirText "Voxtab garde ses réglages et ses copies de travail dans son dossier. Choisissez un dossier où vous pouvez écrire." "Dossier de Voxtab" "Parcourir..."
 Page custom PageChoix QuittePageChoix
-Page directory
+Page directory "" MontrePageDossier
 Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
@@ -319,6 +321,13 @@ Function QuittePageChoix
   ${NSD_GetState} $CaseBureau $Bureau
   ${NSD_GetState} $CaseFeuilles $Feuilles
   ${NSD_GetState} $CaseLecteur $Lecteur
+FunctionEnd
+
+; The text of the page stands right before the line for the folder, which it then names for a reader.
+Function MontrePageDossier
+  FindWindow $0 "#32770" "" $HWNDPARENT
+  GetDlgItem $1 $0 ${ID_TEXTE_DOSSIER}
+  System::Call 'user32::SetWindowPos(p r1, p 0, i 0, i 0, i 0, i 0, i ${SWP_ORDRE_SEUL})'
 FunctionEnd
 
 ; ---------------------------------------------------------------- installation

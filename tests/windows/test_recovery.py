@@ -105,7 +105,7 @@ class Typist:
         self.sheet.write_bytes(b"1+1\r\n")
         self.killer = Helper(p.build / "probe.exe")
         self.typed = []          # (moment, mark) of each line, once it stands in the sheet
-        self.marks, self.due, self.lag = 0, 0, 0.0
+        self.marks, self.due, self.lag, self.lost = 0, 0, 0.0, []
 
     def running(self):
         return self.p.process.poll() is None
@@ -178,12 +178,12 @@ class Typist:
 
     def look(self, number, moment, lines):
         """What was typed long enough before is there."""
-        due = [mark for typed, mark in self.typed if typed < moment - BEHIND]
-        late = [typed for typed, mark in self.typed if mark not in lines]
-        self.lag = max([self.lag] + [moment - typed for typed in late])
+        ages = {mark: moment - typed for typed, mark in self.typed}
+        missing = {mark: age for mark, age in ages.items() if mark not in lines}
+        self.lag = max([self.lag, *missing.values()])
+        self.due += sum(age > BEHIND for age in ages.values())
+        self.lost += [f"{mark}, {age:.2f} s before the end {number}" for mark, age in missing.items() if age > BEHIND]
         self.typed = [one for one in self.typed if one[1] in lines]
-        self.due += len(due)
-        same([mark for mark in due if mark not in lines], [], f"lines not offered after the end {number}")
 
 
 def killed(p):
@@ -194,9 +194,10 @@ def killed(p):
         moment = typist.until_killed()
         typist.look(number, moment, typist.offered())
     typist.killer.end()
-    expect(typist.due > 0, "nothing was due: no end came late enough")
-    print(f"        {KILLS} ends, {typist.marks} lines typed, {typist.due} due and offered; the last file at "
+    print(f"        {KILLS} ends, {typist.marks} lines typed, {typist.due} due and looked for; the last file at "
           f"most {typist.lag:.2f} s behind", flush=True)
+    same(typist.lost, [], "lines that were not offered")
+    expect(typist.due > 0, "nothing was due: no end came late enough")
 
 
 def session_ends(p):

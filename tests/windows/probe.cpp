@@ -129,6 +129,45 @@ json children_of(HWND window) {
     return list;
 }
 
+// The accessible object of a window or of its part, nullptr when there is none.
+IAccessible* accessible_of(HWND window) {
+    IAccessible* object = nullptr;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                               reinterpret_cast<void**>(&object));
+    return object;
+}
+
+// A text of the accessible object, by one of its questions.
+std::string words_of(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*question)(VARIANT, BSTR*)) {
+    VARIANT self{};
+    self.vt = VT_I4;
+    BSTR words = nullptr;
+    (object.*question)(self, &words);
+    const std::string text = words == nullptr ? "" : depuis_utf16(words);
+    SysFreeString(words);
+    return text;
+}
+
+// What a reader finds of a window: the window's own text, and what its accessible object answers.
+json named(HWND window) {
+    json row = {{"id", GetDlgCtrlID(window)}, {"class", class_of(window)}, {"text", text_of(window).substr(0, 80)}};
+    if (IAccessible* const object = accessible_of(window); object != nullptr) {
+        row["name"] = words_of(*object, &IAccessible::get_accName);
+        row["description"] = words_of(*object, &IAccessible::get_accDescription);
+        row["help"] = words_of(*object, &IAccessible::get_accHelp);
+        object->Release();
+    }
+    return row;
+}
+
+json tree(HWND window) {
+    json rows = json::array({named(window)});
+    each_child(window, [&](HWND w) {
+        if (IsWindowVisible(w)) rows.push_back(named(w));
+    });
+    return rows;
+}
+
 json box_answer() {
     const HWND w = box();
     if (w == nullptr) return nullptr;
@@ -213,6 +252,7 @@ const std::map<std::string, std::function<json(int)>> commands = {
      [](int) { return main_window() == nullptr ? json(nullptr) : json(text_of(main_window())); }},
     {"text", [](int id) { return json(text_of(control(id))); }},
     {"name", [](int id) { return json(accessible_name(control(id))); }},
+    {"tree", [](int) { return tree(box() != nullptr ? box() : main_window()); }},
     {"hooked", hooked},
     {"wake", [](int id) { return json(PostMessageW(control(id), WM_NULL, 0, 0) != 0); }},
     {"state", state_answer},

@@ -13,13 +13,13 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent / "guide"))
 
-from pilot import TXT, Helper, Program, expect, release_keys, same, wait  # noqa: E402
+from hearing import SILENCE, line_of_cursor, messages  # noqa: E402
+from pilot import Helper, Program, expect, release_keys, same, wait  # noqa: E402
 from test_steps import heard as quoted_texts, sentences, steps_of  # noqa: E402
 from texts import ROOT, read  # noqa: E402
 
 BUILD, PLACE = sys.argv[1:3]
 TRANSCRIPT = ROOT / "newcomer-windows.txt"
-SILENCE = 0.4     # seconds: longer than the program leaves between two messages that wait
 HEADING = """\
 Ce qu'un nouveau venu fait et entend sous Windows
 
@@ -58,33 +58,6 @@ class Newcomer:
 
     # --- Looking -----------------------------------------------------------------------------------
 
-    def listen(self):
-        """Takes what is told until there is silence."""
-        lines = self.program.listener.lines
-        end = time.monotonic() + SILENCE
-        while time.monotonic() < end:
-            if lines.empty():
-                time.sleep(0.02)
-                continue
-            event = lines.get()
-            if event["event"] == "live":
-                self.said.append(event["name"].strip())
-            end = time.monotonic() + SILENCE
-
-    def line(self):
-        """The line of the cursor, where the text has the focus."""
-        p = self.program
-        if p.title() is None or p.focus() != TXT:
-            return None
-        text = p.sheet()
-        at = p.selection()[0]
-        lines = text.split("\n")
-        for line in lines:
-            if at <= len(line):
-                return line
-            at -= len(line) + 2
-        return lines[-1]
-
     def plain(self, words):
         """The user's folder is another one on each machine."""
         return re.sub(r"C:\\users\\[^\\]+\\", r"C:\\Users\\moi\\", words)
@@ -92,14 +65,14 @@ class Newcomer:
     def note(self, step, keys, *wanted):
         """Writes a step down, once all of it is heard; each text wanted is heard once: told by the window,
         or read by the reader as the line that the focus comes to, or as the new title."""
-        self.listen()
+        self.said += messages(self.program)
         title = self.program.title()
         lines = [f"{step} {keys}".strip()]
         if title != self.title and title is not None:
             lines.append(f"    titre : {self.plain(title)}")
         lines += [f"    boîte : {words}" for words in self.boxes]
         lines += [f"    dit : {self.plain(words)}" for words in self.said]
-        line = self.line()
+        line = line_of_cursor(self.program)
         if line is not None:
             lines.append(f"    ligne : {line}".rstrip())
         record.extend(lines)
@@ -194,7 +167,7 @@ def quit_unsaved(newcomer):
         p.key("Alt+N")
     p.wait_end()
     wait(lambda: p.title() is None, "the end of the window")
-    newcomer.listen()
+    messages(p)
     newcomer.said = []
 
 

@@ -5,7 +5,8 @@ import os
 import pathlib
 import sys
 
-from pilot import DEGREE, MESSAGE, TXT, Helper, expect, run, same, wait
+from pilot import DEGREE, MESSAGE, TXT, expect, run, same, wait
+from stand_in import Reader
 
 BUILD, PLACE = sys.argv[1:3]
 LIVE, NAME = "live", "name"
@@ -42,27 +43,6 @@ COMMANDS = [
     ("Ctrl+F1", "Pose d'un repère"), ("Ctrl+G", "colonne 10 ligne 2"), ("Ctrl+Z", "B=A*2"),
     ("Alt+C", "B=A*2 = 6"), ("Ctrl+R", "= 6"), ("Ctrl+G", "colonne 10 ligne 2"),
 ]
-
-
-class Reader:
-    """The stand-in, as long as the block runs."""
-
-    def __init__(self, program, library="jhook"):
-        self.program = program
-        self.helper = Helper(pathlib.Path(BUILD) / "reader.exe", f"{library}.dll", folder=BUILD)
-
-    def __enter__(self):
-        same(self.helper.next("the stand-in reader", 60), {"ready": True}, "the stand-in reader")
-
-        def hooked():
-            self.program.probe.ask("wake", TXT)    # a message, with which the library comes in
-            return self.program.probe.ask("hooked")
-        wait(hooked, "the reader's library in the program")
-        return self
-
-    def __exit__(self, *_):
-        self.helper.process.stdin.close()
-        self.helper.process.wait(60)
 
 
 def one_message(p, way, control, words):
@@ -107,7 +87,7 @@ def without_jaws(p):
 def with_jaws(p):
     """One change of the name of the control that has the focus for each message, and no live region."""
     p.start(text=SHEET)
-    with Reader(p):
+    with Reader(p, BUILD):
         ROWS.extend(["", "# JAWS, Dolphin: the message is the name of the control that has the focus",
                      *commands(p, NAME)])
 
@@ -123,7 +103,7 @@ def the_table_is_the_one_of_the_project(_):
 def names_come_back(p):
     """A control bears a message only while it has the focus."""
     p.start(text="12")
-    with Reader(p):
+    with Reader(p, BUILD):
         p.key("Ctrl+G")
         one_message(p, NAME, TXT, "colonne 3 ligne 1")
         same(p.probe.ask("name", TXT), "colonne 3 ligne 1", "name of the sheet")
@@ -142,7 +122,7 @@ def names_come_back(p):
 def both_libraries(p):
     """The other reader that hears no live region is known by its own library."""
     p.start(text="12")
-    with Reader(p, "dolwinhk"):
+    with Reader(p, BUILD, "dolwinhk"):
         p.key("Ctrl+G")
         one_message(p, NAME, TXT, "colonne 3 ligne 1")
 
@@ -150,7 +130,7 @@ def both_libraries(p):
 def messages_together_by_name(p):
     """What one command says in several messages comes in several names."""
     p.start(text="1/0")
-    with Reader(p):
+    with Reader(p, BUILD):
         p.key("Alt+C")
         first = p.listener.next("the first message")
         same((first["event"], first["id"]), (NAME, TXT), "heard")
@@ -163,7 +143,7 @@ def quick_keys(p):
     """Keys in a row are heard each with its own words, as many as they say."""
     p.start(text="2+3")
     hear_quick_keys(p, LIVE, MESSAGE)
-    with Reader(p):
+    with Reader(p, BUILD):
         hear_quick_keys(p, NAME, TXT)
 
 
@@ -173,7 +153,7 @@ def a_slow_reader(p):
     p.slow_listener(400)
     try:
         hear_quick_keys(p, LIVE, MESSAGE)
-        with Reader(p):
+        with Reader(p, BUILD):
             hear_quick_keys(p, NAME, TXT)
     finally:
         p.slow_listener(0)
@@ -206,7 +186,7 @@ def the_reader_comes_later(p):
     p.start(text="12")
     p.key("Ctrl+G")
     one_message(p, LIVE, MESSAGE, "colonne 3 ligne 1")
-    with Reader(p):
+    with Reader(p, BUILD):
         p.key("Ctrl+G")
         one_message(p, NAME, TXT, " colonne 3 ligne 1  ")
 
@@ -216,7 +196,7 @@ def ampersand(p):
     no_prefix = 0x80
     p.start(text="!Dupont & fils")
     for library, way, control in (("witness", LIVE, MESSAGE), ("jhook", NAME, TXT)):
-        with Reader(p, library):
+        with Reader(p, BUILD, library):
             p.key("Alt+C")
             heard = p.listener.next("the line")
             same((heard["event"], heard["id"], heard["name"].strip()), (way, control, "!Dupont & fils"), "heard")

@@ -12,6 +12,7 @@
 #include <oleacc.h>
 
 #include <commctrl.h>
+#include <wx/panel.h>
 
 #include <algorithm>
 #include <array>
@@ -248,6 +249,8 @@ void annonce(wxWindow&, const std::vector<std::string>& messages) {
 void nomme(wxWindow& controle, const std::string& utf8) {
     controle.SetName(wxString::FromUTF8(utf8));   // in place of the toolkit's English one
     const HWND w = poignee(controle);
+    // A panel's own text, which readers find too, is the toolkit's name of it.
+    if (dynamic_cast<wxPanel*>(&controle) != nullptr) SetWindowTextW(w, vers_utf16(utf8).c_str());
     noms.insert_or_assign(w, utf8);
     SetWindowSubclass(w, suit_le_controle, kSuite, 0);
     if (w != porteur) Proprietes().nomme(w, utf8);

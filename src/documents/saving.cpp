@@ -160,10 +160,11 @@ void marque_disparues() {
         }
 }
 
-// An open sheet is never overwritten by a backup.
+// An open sheet is never overwritten by a backup. What is the program's own needs none: beside a recovery
+// file it would be offered as another one.
 void sauvebak() {
     const std::string& nom = ligne_courante_ini().nom;
-    if (!FichierExistant(nom)) return;
+    if (!FichierExistant(nom) || reserve(nom)) return;
     const std::string sauvegarde = nom_sauvegarde(nom);
     if (rang_ouvert(sauvegarde, documents.document_courant) != 0) return;
     EssaieEnSilence([&] { reussit(port.fichiers.copie(nom, sauvegarde)); });

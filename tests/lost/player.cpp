@@ -83,12 +83,16 @@ bool dialogue_note(std::string& nom, std::string_view filtre, std::string_view e
     return true;
 }
 
-// The file that he chose is another one now: its words are given up where they stood nowhere else.
+// The file that he chose is another one now: its words are given up where they stand in no other file and
+// in no sheet that is still to be saved.
 void note_remplaces(Joueur& j) {
+    if (j.remplaces.empty()) return;
+    Mots gardes = mots_en_memoire(Lesquelles::changees);
+    gardes.merge(mots_sur_disque());
     for (const auto& [chemin, mots] : j.remplaces) {
         Mots restent;
         ajoute_mots(restent, lit_memoire(chemin).value_or(""));
-        if (!sans(mots, restent).empty()) oublie(j, sans(mots, mots_partout()));
+        if (!sans(mots, restent).empty()) oublie(j, sans(mots, gardes));
     }
     j.remplaces.clear();
 }

@@ -81,9 +81,3 @@ Mots mots_sur_disque() {
     for (const auto& [chemin, siens] : mots_des_fichiers()) mots.insert(siens.begin(), siens.end());
     return mots;
 }
-
-Mots mots_partout() {
-    Mots mots = mots_en_memoire(Lesquelles::toutes);
-    mots.merge(mots_sur_disque());
-    return mots;
-}

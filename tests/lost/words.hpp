@@ -24,4 +24,3 @@ Mots mots_en_memoire(Lesquelles lesquelles);   // of the open sheets, or of thos
 // Working copies, backups and the settings keep nothing, nor does a recovery file that is about to go.
 Fichiers mots_des_fichiers();
 Mots mots_sur_disque();
-Mots mots_partout();                       // in memory or on the disk

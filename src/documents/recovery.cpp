@@ -162,13 +162,6 @@ void note_enregistree(int rang) noexcept {
     });
 }
 
-void note_disparue(int rang) noexcept {
-    const auto place = reprise.feuilles.find(documents.identite(rang));
-    if (place == reprise.feuilles.end() || !place->second.enregistree) return;
-    place->second.enregistree = false;
-    place->second.texte = nullptr;
-}
-
 void efface_reprises() noexcept {
     sans_defaillance([] {
         for (const auto& [identite, f] : reprise.feuilles)
@@ -178,9 +171,11 @@ void efface_reprises() noexcept {
     port.reprise.attend();
 }
 
-// Every file is written anew: somebody may have taken one away, and this is the last chance.
+// Every file is written anew: somebody may have taken one away, or the file that a sheet was saved to, and
+// this is the last chance. Where that file has the text, the next start doesn't ask.
 bool garde_reprises() noexcept {
     reprise.a_refaire = true;
+    for (auto& [identite, f] : reprise.feuilles) f.enregistree = false;
     releve_reprises();
     port.reprise.attend();
     return port.reprise.echec() == 0;

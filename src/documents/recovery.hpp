@@ -49,8 +49,6 @@ void suit_reprises() noexcept;
 
 // The sheet of that number has just gone to its own file, though its mark says that it differs.
 void note_enregistree(int rang) noexcept;
-// ... and that file has gone: the sheet needs a recovery file again.
-void note_disparue(int rang) noexcept;
 
 void efface_reprises() noexcept;     // a regular end: all files of this run go
 bool garde_reprises() noexcept;      // an end without a question: true when all is on the disk

@@ -18,6 +18,7 @@
 #include "documents/opened_file.hpp"
 #include "documents/paths.hpp"
 #include "documents/recovery.hpp"
+#include "documents/saving.hpp"
 #include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/platform.hpp"
@@ -77,7 +78,8 @@ Fichier son_fichier(const Trouvee& t) {
     if (t.fiche.nom.empty() || !FichierExistant(t.fiche.nom)) return Fichier::comme_avant;
     std::string octets;
     if (port.fichiers.lit(t.fiche.nom, octets) != 0) return Fichier::autre;
-    if (octets == octets_du_fichier(t.texte + "\r\n")) return Fichier::a_ce_texte;
+    // What the program overwrites by itself keeps no text.
+    if (!reserve(t.fiche.nom) && octets == octets_du_fichier(t.texte + "\r\n")) return Fichier::a_ce_texte;
     return !t.fiche.base || *t.fiche.base == somme_octets(octets) ? Fichier::comme_avant : Fichier::autre;
 }
 
@@ -264,7 +266,8 @@ bool intacte(const std::string& chemin) {
            lit_reprise(octets, fiche, texte) == EtatReprise::bonne;
 }
 
-// Deletes what was set aside too long ago, and the oldest ones of too many.
+// Deletes what was set aside too long ago, and the oldest ones of too many. One that the user has just
+// opened stays.
 void allege_dossier_reprise() {
     std::vector<std::pair<std::string, std::string>> gardees;   // day and name
     for (const std::string& nom : noms_du_dossier(dossier_reprise()))
@@ -275,7 +278,7 @@ void allege_dossier_reprise() {
     for (const auto& [jour, nom] : gardees) {
         if (jour >= limite && nombre_garde <= kFeuillesGardees) break;
         const std::string chemin = dossier_reprise() + nom;
-        if (intacte(chemin) && port.fichiers.efface(chemin) == 0) --nombre_garde;
+        if (rang_ouvert(chemin) == 0 && intacte(chemin) && port.fichiers.efface(chemin) == 0) --nombre_garde;
     }
 }
 

@@ -33,15 +33,9 @@ std::string nom_sauvegarde(const std::string& nom) {
     return nom.substr(0, point + 1) + "bak";
 }
 
-// True for what the program deletes and overwrites by itself: backups, working copies, recovery files,
-// sheets that were not taken back, the settings.
-bool reserve(const std::string& nom) {
-    const std::string dossier = cheminSeul(nom);
-    for (const char* const sien : {"travail", "secours", "reprise"})
-        if (meme_document(dossier, ajoutbackslash(reglages.dossier_programme + sien))) return true;
-    const std::size_t point = premier_point(nom);
-    return (point != std::string::npos && capitales(nom.substr(point)) == ".BAK") ||
-           meme_document(nom, reglages.fichier_ini);
+// True for a file of that folder beside the settings.
+bool est_dans(const std::string& nom, const char* dossier) {
+    return meme_document(cheminSeul(nom), ajoutbackslash(reglages.dossier_programme + dossier));
 }
 
 // The current name is cut, on purpose, unless that would make it the name of another file.
@@ -151,13 +145,27 @@ bool sauve_modifie() {
 
 }  // namespace
 
-void marque_disparues() {
-    for (int rang = 1; rang <= documents.nombre_document; ++rang)
-        if (documents.a_son_fichier(rang) != 0 && !documents.texte(rang).empty() &&
-            !FichierExistant(reglages.table_ini(rang).nom)) {
-            documents.document_modifie(rang) = 1;
-            note_disparue(rang);
-        }
+bool reserve(const std::string& nom) {
+    for (const char* const dossier : {"travail", "secours", "reprise"})
+        if (est_dans(nom, dossier)) return true;
+    for (const char* const sien : {"VOXTAB.INI", "outils.txt", "verjaws.ini"})
+        if (meme_document(nom, reglages.dossier_programme + sien)) return true;
+    const std::size_t point = premier_point(nom);
+    return point != std::string::npos && capitales(nom.substr(point)) == ".BAK";
+}
+
+// A working copy that was opened as a sheet goes when the program ends.
+bool marque_disparues() {
+    bool une = false;
+    for (int rang = 1; rang <= documents.nombre_document; ++rang) {
+        const std::string& nom = reglages.table_ini(rang).nom;
+        if (documents.a_son_fichier(rang) == 0 || documents.texte(rang).empty() ||
+            (FichierExistant(nom) && !est_dans(nom, "travail")))
+            continue;
+        documents.document_modifie(rang) = 1;
+        une = true;
+    }
+    return une;
 }
 
 // An open sheet is never overwritten by a backup. What is the program's own needs none: beside a recovery

@@ -224,8 +224,11 @@ void evenement_fermeture() {
 
 bool evenement_fin_session() {
     if (fenetre.fermee) return true;
-    const bool toutes = EssaieEnSilence(marque_disparues);
-    return garde_reprises() && toutes;
+    // First what must be written: a file on a disk that doesn't answer may take long to be looked for.
+    bool toutes = garde_reprises();
+    bool une = false;
+    toutes = EssaieEnSilence([&] { une = marque_disparues(); }) && toutes;
+    return une ? garde_reprises() : toutes;
 }
 
 void evenement_menu(std::string_view nom, int index) {

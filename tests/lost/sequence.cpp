@@ -25,7 +25,7 @@ constexpr std::array kChemins = {
     "C:\\VOXTAB\\travail\\SANSTITRE.VXT", "C:\\VOXTAB\\E.VXT", "C:\\F.VXT", "C:\\G.VXT",
     "C:\\m\\H.VXT",       "C:\\m\\I.VXTX",       "C:\\m\\I.VXT",
     "C:\\VOXTAB\\reprise\\a 2026-01-01.VXT", "C:\\VOXTAB\\reprise\\sans titre 2026-01-01.VXT",
-    "C:\\VOXTAB\\secours\\1-1.VXT",
+    "C:\\VOXTAB\\secours\\1-1.VXT", "C:\\VOXTAB\\outils.txt", "C:\\VOXTAB\\verjaws.ini",
 };
 // The first ones are taken more often: what goes wrong needs one path several times.
 constexpr int kSouvent = 12;

@@ -426,6 +426,18 @@ def gone(node):
         return True
 
 
+def name_line(p, dialog):
+    """The line for a name that has the focus in the file dialog, or None."""
+    f = p.focused(dialog)
+    return f if f is not None and role(f) == "text" else None
+
+
+def accepts(dialog):
+    """The dialog has read the folder: until then it lets an Enter go by."""
+    return any(n.get_name() in ("Open", "Save") and has(n, Atspi.StateType.SENSITIVE)
+               for n in walk(dialog) if role(n) == "push button")
+
+
 def run(cases, binary, place):
     """Runs each case with a program of its own, tells how it went, and ends with status 1 if one
     failed. A case is a procedure that takes a Program, not started yet."""

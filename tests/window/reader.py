@@ -20,7 +20,8 @@ LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wa
 class Reader:
     """One run of Orca."""
 
-    def __init__(self, place, name="orca"):
+    def __init__(self, place, name="orca", flash=None):
+        """`flash`: milliseconds that a message stays on the braille line, when not as long as usual."""
         place = pathlib.Path(place)
         self.log = place / f"{name}.log"
         self.read = 0
@@ -29,7 +30,8 @@ class Reader:
         os.mkfifo(self.pipe)
         output = place / f"{name}.out"
         with open(output, "w", encoding="utf-8") as out:
-            self.process = subprocess.Popen([sys.executable, __file__, str(self.log), str(self.pipe)],
+            self.process = subprocess.Popen([sys.executable, __file__, str(self.log), str(self.pipe),
+                                             *([str(flash)] if flash else [])],
                                             stdout=out, stderr=out)
         self.to_marks = open(self.pipe, "w", encoding="utf-8")
         self.settle()
@@ -75,7 +77,7 @@ class Reader:
                 self.read = last
                 return heard
             time.sleep(0.02)
-        raise RuntimeError(f"{what} was not heard; heard: {heard.speech}")
+        raise RuntimeError(f"{what} was not heard; heard: {heard.speech}, braille {heard.braille}")
 
     def end(self):
         if self.process.poll() is None:
@@ -92,6 +94,12 @@ class Heard:
         self.speech = [words.strip() for words in found]
         self.braille = [match.group(1) for line in lines if (match := BRAILLE.search(line))]
         self.left = [match.group(1) for line in lines if (match := LEFT.search(line))]
+
+    def add(self, other):
+        """What was heard afterwards belongs to it."""
+        self.speech += other.speech
+        self.braille += other.braille
+        self.left += other.left
 
     def count(self, words):
         return sum(1 for said in self.speech if said.rstrip(".") == words.strip().rstrip("."))
@@ -125,7 +133,7 @@ def answer_marks(pipe, write):
     GLib.io_add_watch(os.open(pipe, os.O_RDWR | os.O_NONBLOCK), GLib.PRIORITY_LOW, GLib.IO_IN, asked)
 
 
-def run_orca(log, pipe):
+def run_orca(log, pipe, flash=None):
     """Runs Orca in this process."""
     import gi
     gi.require_version("Atspi", "2.0")
@@ -138,6 +146,9 @@ def run_orca(log, pipe):
     def open_log(file, *arguments, **named):
         return stream if file == log else plain_open(file, *arguments, **named)
 
+    if flash:
+        from orca import settings
+        settings.brailleFlashTime = int(flash)
     builtins.open = open_log
     answer_marks(pipe, stream.write)
     sys.argv = [ORCA, "--debug-file=" + log, "--enable", "speech", "--enable", "braille"]
@@ -149,4 +160,4 @@ def run_orca(log, pipe):
 
 
 if __name__ == "__main__":
-    run_orca(*sys.argv[1:3])
+    run_orca(*sys.argv[1:])

@@ -5,8 +5,8 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (Atspi, buttons_of, children, expect, gone, has, role, run, same, text_of, wait,
-                   wait_same, walk)
+from pilot import (accepts, buttons_of, children, expect, gone, name_line, role, run, same,
+                   text_of, wait, wait_same, walk)
 from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
@@ -18,18 +18,6 @@ def write(path, text):
 
 def read(path):
     return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
-
-
-def name_line(p, dialog):
-    """The line for a name that has the focus in the file dialog, or None."""
-    f = p.focused(dialog)
-    return f if f is not None and role(f) == "text" else None
-
-
-def accepts(dialog):
-    """The dialog has read the folder: until then it lets an Enter go by."""
-    return any(n.get_name() in ("Open", "Save") and has(n, Atspi.StateType.SENSITIVE)
-               for n in walk(dialog) if role(n) == "push button")
 
 
 def name_file(p, path):

@@ -1,5 +1,6 @@
 """Takes a picture of each view of the real window, as it stands on a screen of 1024 by 768, at the usual
-size of texts and at twice that size. Run by scripts/take-pictures."""
+size of texts and at twice that size. Run by scripts/take-pictures; GTK_THEME="Adwaita:dark" in front of it
+shows another theme."""
 import pathlib
 import shutil
 import subprocess
@@ -101,9 +102,9 @@ def option_views(p, suffix):
 
 
 def menus(p, suffix):
-    """The File menu with the documents, and the Options."""
+    """The File menu with the documents, the Options, the menu Outils."""
     p.key("Ctrl+Début")
-    for name, menu in (("documents", "Fichier"), ("options", "Options")):
+    for name, menu in (("documents", "Fichier"), ("options", "Options"), ("tools", "Outils")):
         open_menu(p, menu)
         keep(name + suffix)
         p.key("Échap")

@@ -8,7 +8,7 @@ import sys
 
 from Xlib import X
 
-from pilot import (Atspi, expect, gone, role, run, same, showing, wait, wait_same,
+from pilot import (Atspi, children, expect, gone, has, role, run, same, showing, wait, wait_same,
                    walk)
 
 BINARY, PLACE = sys.argv[1:3]
@@ -49,16 +49,21 @@ def contrast(a, b):
     return (high + 0.05) / (low + 0.05)
 
 
-def pixels(p, node, around=0):
-    """The pixels of a control in a row, or of the screen's part that its box has with a border."""
-    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    left, top = max(box.x - around, 0), max(box.y - around, 0)
+def box_of(node):
+    return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+
+
+def pixels(p, node, around=0, part=1.0):
+    """The pixels of a control in a row, or of the screen's part that its box has with a border; `part`: of
+    its width, at the right."""
+    box = box_of(node)
+    left, top = max(box.x - around + int(box.width * (1 - part)), 0), max(box.y - around, 0)
     right, bottom = min(box.x + box.width + around, 1024), min(box.y + box.height + around, 768)
     image = p.screen.root.get_image(left, top, right - left, bottom - top, X.ZPixmap, 0xFFFFFFFF)
     return [(image.data[i + 2], image.data[i + 1], image.data[i]) for i in range(0, len(image.data), 4)]
 
 
-def colours_of(p, node):
+def colours_of(p, node, part=1.0):
     """The colours of a text and how often each is seen, once it is drawn: more than its background is
     there, and a second look shows the same."""
     last = None
@@ -66,15 +71,15 @@ def colours_of(p, node):
     def looked():
         nonlocal last
         before, last = last, {}
-        for colour in pixels(p, node):
+        for colour in pixels(p, node, part=part):
             last[colour] = last.get(colour, 0) + 1
         return last if last == before and sum(times >= 3 for times in last.values()) > 1 else None
     return wait(looked, "a text that is drawn")
 
 
-def contrast_of(p, node):
+def contrast_of(p, node, part=1.0):
     """How far a text stands out: its ink is the colour farthest from that of the background."""
-    seen = colours_of(p, node)
+    seen = colours_of(p, node, part)
     behind = max(seen, key=seen.get)
     return max(contrast(colour, behind) for colour, times in seen.items() if times >= 3)
 
@@ -109,9 +114,25 @@ def measured(p):
     line = wait(lambda: next((n for n in walk(p.find("table", "Couleurs")) if n.get_name() == "Bleu"), None),
                 "a line of the list")
     found["liste"] = contrast_of(p, line)
+    wait(lambda: chosen_in_sight(p), "the chosen line of the list, in sight")
+    p.key("Échap")
+    p.wait_text()
+    p.key("Alt+O")
+    wait(p.open_menu, "the menu Options")
+    item = next(n for n in children(p.menu_named("Options")) if n.get_name() == "Nombre flottant")
+    found["touche d'un menu"] = contrast_of(p, item, part=0.25)
+    p.key("Échap")
     p.key("Échap")
     p.wait_text()
     return found
+
+
+def chosen_in_sight(p):
+    """The line of the list that is chosen lies within the list, whole."""
+    table = p.find("table", "Couleurs")
+    line = next(n for n in walk(table) if has(n, Atspi.StateType.SELECTED))
+    around, box = box_of(table), box_of(line)
+    return box.height > 0 and around.y <= box.y and box.y + box.height <= around.y + around.height
 
 
 def contrasts(p):

@@ -35,6 +35,15 @@ AtkObject* objet(const wxWindow& controle) {
     return gtk_widget_get_accessible(widget_lu(controle));
 }
 
+// The chosen line of a list is in sight.
+gboolean montre_la_ligne(gpointer vue) {
+    GtkTreePath* chemin = nullptr;
+    gtk_tree_view_get_cursor(GTK_TREE_VIEW(vue), &chemin, nullptr);
+    if (chemin != nullptr) gtk_tree_view_scroll_to_cell(GTK_TREE_VIEW(vue), chemin, nullptr, FALSE, 0, 0);
+    gtk_tree_path_free(chemin);
+    return G_SOURCE_REMOVE;
+}
+
 // A widget is shown: if it is a box of the toolkit, it gets that name.
 gboolean nomme_la_boite(GSignalInvocationHint*, guint, const GValue* widget, gpointer mots) {
     gpointer montre = g_value_get_object(widget);
@@ -158,10 +167,13 @@ void apres_le_focus(void (*suite)()) {
     g_idle_add_full(G_PRIORITY_LOW, puis, reinterpret_cast<gpointer>(suite), nullptr);
 }
 
+// A list that has just been shown is moved while it has no size yet, and the line would be out of sight.
 void suit_la_ligne(wxListBox& liste, int rang) {
     GtkTreePath* chemin = gtk_tree_path_new_from_indices(rang, -1);
-    gtk_tree_view_set_cursor(GTK_TREE_VIEW(widget_lu(liste)), chemin, nullptr, FALSE);
+    GtkWidget* vue = widget_lu(liste);
+    gtk_tree_view_set_cursor(GTK_TREE_VIEW(vue), chemin, nullptr, FALSE);
     gtk_tree_path_free(chemin);
+    g_idle_add_full(G_PRIORITY_LOW, montre_la_ligne, g_object_ref(vue), g_object_unref);
 }
 
 // They leap over it.

@@ -1,15 +1,16 @@
-// The look of the window on Linux, where the theme gives it all but one thing: a focus and a cursor that
-// somebody who sees little can find. Changes the style of the whole program.
+// The look of the window on Linux, where the theme gives it all but what somebody who sees little needs: a
+// focus and a cursor to be found, keys to be read in the menus. Changes the style of the whole program.
 #include "shell/wx/look.hpp"
 
 #include <gtk/gtk.h>
 
 namespace {
 
-// Themes draw the focus as a thin line of dots, in a colour near to that of the background, and the
-// cursor one pixel wide.
+// Themes draw the focus as a thin line of dots, in a colour near to that of the background, the cursor one
+// pixel wide, and the keys of the menus in a pale grey.
 constexpr const char* kStyle =
     "* { outline-color: currentColor; outline-style: solid; outline-width: 2px; }"
+    "menuitem accelerator { color: inherit; }"
     "entry:focus { box-shadow: inset 0 0 0 2px currentColor; }"
     "textview, entry { -GtkWidget-cursor-aspect-ratio: 0.12; }";
 

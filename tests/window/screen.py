@@ -2,10 +2,12 @@
 colours that can be seen. A key is sent only to a window of the program, and `answered` tells when the
 program has dealt with all that was sent to it, so no test has to guess how long that takes."""
 import select
+import sys
+import threading
 import time
 
 from Xlib import X, XK, display, error
-from Xlib.ext import xtest
+from Xlib.ext import record, xtest
 from Xlib.protocol import event
 
 # Names of keys as the tests write them, and as the display knows them.
@@ -15,6 +17,7 @@ KEYS = {"Ctrl": "Control_L", "Maj": "Shift_L", "Alt": "Alt_L", "AltGr": "ISO_Lev
         "Suppr": "Delete", "Arrière": "BackSpace", "Tab": "Tab", "Espace": "space",
         "Inser": "Insert", "Menu": "F10"}
 FIRST_SPARE = 200        # key codes from here on have no key of a keyboard in front of them
+XKB_BELL = 3             # request of the keyboard's extension that rings
 LEVELS = {0: [], 1: ["Shift_L"], 4: ["ISO_Level3_Shift"], 5: ["ISO_Level3_Shift", "Shift_L"]}
 
 XK.load_keysym_group("xkb")
@@ -120,6 +123,16 @@ class Screen:
         self.down = []
         self.display.sync()
 
+    # --- The mouse ----------------------------------------------------------------------------------
+
+    def point(self, x, y):
+        xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
+        self.display.sync()
+
+    def button(self, number, down):
+        xtest.fake_input(self.display, X.ButtonPress if down else X.ButtonRelease, number)
+        self.display.sync()
+
     # --- Windows -----------------------------------------------------------------------------------
 
     def property(self, window, name):
@@ -183,3 +196,30 @@ class Screen:
             blue, green, red = image.data[i:i + 3]
             seen[(red, green, blue)] = seen.get((red, green, blue), 0) + 1
         return seen
+
+
+class Bells:
+    """Counts how often a program asks the display to ring its bell."""
+
+    def __init__(self):
+        self.rung = 0
+        self.ready = threading.Event()
+        control, listener = display.Display(), display.Display()
+        keyboard = control.query_extension("XKEYBOARD").major_opcode
+        nothing = {"core_requests": (0, 0), "core_replies": (0, 0), "ext_requests": (0, 0, 0, 0),
+                   "ext_replies": (0, 0, 0, 0), "delivered_events": (0, 0), "device_events": (0, 0),
+                   "errors": (0, 0), "client_started": False, "client_died": False}
+        rings = {**nothing, "ext_requests": (keyboard, keyboard, XKB_BELL, XKB_BELL)}
+        self.context = control.record_create_context(0, [record.AllClients], [rings])
+        control.sync()
+        threading.Thread(target=listener.record_enable_context, args=(self.context, self.heard),
+                         daemon=True).start()
+        self.ready.wait()
+
+    def heard(self, reply):
+        if reply.category == record.StartOfData:
+            self.ready.set()
+        data = reply.data if reply.category == record.FromClient else b""
+        while data:      # one request behind the other, each with its length in fours of bytes
+            self.rung += 1
+            data = data[4 * int.from_bytes(data[2:4], sys.byteorder):]

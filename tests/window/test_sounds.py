@@ -5,6 +5,7 @@ import pathlib
 import sys
 
 from pilot import expect, run, same, wait
+from screen import Bells
 
 BINARY, PLACE = sys.argv[1:3]
 SOUNDS = pathlib.Path(PLACE) / "sons"
@@ -41,7 +42,8 @@ def played(number):
 
 
 def beeps(p):
-    """A beep is a sound of the desktop's theme, and two beeps are two sounds."""
+    """A beep is a sound of the desktop's theme and not its bell, and two beeps are two sounds."""
+    bells = Bells()
     p.start()
     p.type("2+3")
     p.key("F3")
@@ -51,6 +53,31 @@ def beeps(p):
     p.key("Ctrl+Début")
     p.key("Alt+Gauche")
     same(played(2), once * 2, "two beeps")
+    same(bells.rung, 0, "bells")
+
+
+def without_a_sound(p):
+    """A desktop that has no sounds: the bell rings for each beep and for the end of a calculation."""
+    share = p.folder / "partage"
+    share.mkdir()
+    for entry in pathlib.Path("/usr/share").iterdir():
+        if entry.name != "sounds":
+            (share / entry.name).symlink_to(entry)
+    bells = Bells()
+    p.start(environment={"XDG_DATA_DIRS": str(share), "XDG_CACHE_HOME": str(p.folder / "cache")})
+    p.type("2+3")
+    p.key("F3")
+    p.entry("Recherche", "", "ABSENT")
+    p.wait_message("introuvable")
+    wait(lambda: bells.rung == 1, "the bell of a beep")
+    p.key("Ctrl+Début")
+    p.key("Alt+Gauche")
+    wait(lambda: bells.rung == 3, "the bells of two beeps")
+    p.key("Ctrl+F8")
+    p.wait_message("avec son")
+    p.key("Alt+C")
+    wait(lambda: bells.rung == 4, "the bell of a calculation's end")
+    same(list(SOUNDS.iterdir()), [], "sounds")
 
 
 def end_of_a_calculation(p):
@@ -81,4 +108,4 @@ def end_of_a_calculation(p):
 
 prepare()
 expect(pathlib.Path(BINARY).exists(), f"{BINARY} isn't built")
-run([beeps, end_of_a_calculation], BINARY, PLACE)
+run([beeps, without_a_sound, end_of_a_calculation], BINARY, PLACE)

@@ -217,6 +217,25 @@ def keypad_with_its_decimal_key(p):
     layout(p, "us")
 
 
+def dead_key_on_a_button(p):
+    """What is typed on a button goes to the sheet, the accent of a dead key with its letter."""
+    p.start()
+    layout(p, "fr")
+    write(p, "2")
+    p.key("Tab")
+    wait_same(p.focus_name, "Modif. texte", "focus")
+    strike(p, DEAD)
+    write(p, "1")
+    p.wait_sheet("2^1")
+    write(p, "!")
+    p.key("Tab")
+    wait_same(p.focus_name, "Modif. texte", "focus")
+    strike(p, DEAD)
+    write(p, "e")
+    p.wait_sheet("2^1!ê")
+    layout(p, "us")
+
+
 def fast_fingers(p):
     """AltGr goes down for the next sign before the last key is up: nothing is calculated."""
     p.start()
@@ -276,4 +295,4 @@ def pastes(p):
 
 
 run([french, french_oss, modifiers_in_both_orders, sticky_keys,
-     keypad_with_its_decimal_key, fast_fingers, pastes], BINARY, PLACE)
+     keypad_with_its_decimal_key, dead_key_on_a_button, fast_fingers, pastes], BINARY, PLACE)

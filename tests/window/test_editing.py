@@ -3,7 +3,7 @@ clipboard, and what a keyboard may type."""
 import subprocess
 import sys
 
-from pilot import expect, run, same, wait_same
+from pilot import Atspi, expect, run, same, wait, wait_same
 
 BINARY, PLACE = sys.argv[1:3]
 SHEET = "alpha=1¶beta alpha¶GAMMA¶alpha 4"
@@ -152,6 +152,47 @@ def select_all_and_clipboard(p):
     p.wait_sheet("A=3\nB=4A=3\nB=4")
 
 
+def point_at(p, offset, beside=0):
+    """Puts the pointer on a sign of the sheet, or so many pixels to its right."""
+    box = Atspi.Text.get_character_extents(p.text(), offset, Atspi.CoordType.SCREEN)
+    p.screen.point(box.x + box.width // 2 + beside, box.y + box.height // 2)
+
+
+def brought_by_the_mouse(p):
+    """The middle button and a drop say how much they have brought, as a paste does."""
+    p.start()
+    p.type("A=12¶B=3")
+    p.key("Ctrl+Début")
+    p.key("Droite", 2)
+    p.key("Maj+Droite", 2)
+    wait_same(p.selection, "12", "selection")
+    point_at(p, 7, beside=40)
+    p.screen.button(2, True)
+    p.screen.button(2, False)
+    p.wait_sheet("A=12\nB=312")
+    p.wait_message("2 caractères collés")
+    p.key("F5")
+    p.wait_message("B=312 = 312")
+    p.key("Ctrl+Début")
+    p.key("Droite", 2)
+    p.key("Maj+Droite", 2)
+    wait_same(p.selection, "12", "selection")
+    point_at(p, 2)
+    p.screen.button(1, True)
+    for beside in range(0, 100, 10):
+        point_at(p, 3, beside)
+        p.answered()
+    point_at(p, 0)
+    p.answered()
+    p.screen.button(1, False)
+    p.wait_message("2 caractères collés")
+    # The display tells the places under the pointer when it likes: the text may land at any of them.
+    before = "A=12 = 12\nB=312 = 312"
+    wait(lambda: p.sheet() != before and sorted(p.sheet()) == sorted(before), "the text at another place")
+    p.key("Ctrl+Z")
+    p.wait_sheet(before)
+
+
 def refused_characters(p):
     p.start()
     p.type("A=5−3¶2π")
@@ -202,5 +243,5 @@ def numbers_of_the_keypad(p):
 
 
 run([search, replace_on_the_line, replace_in_the_text, words, tab_stops, bookmark_and_lines,
-     select_all_and_clipboard, refused_characters, french_keyboard, numbers_of_the_keypad],
-    BINARY, PLACE)
+     select_all_and_clipboard, brought_by_the_mouse, refused_characters, french_keyboard,
+     numbers_of_the_keypad], BINARY, PLACE)

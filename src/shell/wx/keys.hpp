@@ -13,6 +13,9 @@ FrappeTouche frappe_de(const wxKeyEvent& evenement);
 // The character that a press types, 0 for none: a command's key, an arrow, Delete.
 int caractere_de(const wxKeyEvent& evenement);
 
+// The press is of a dead key: its accent comes with the next letter.
+bool est_touche_morte(const wxKeyEvent& evenement);
+
 // The press goes to that control, which has just got the focus. Valid while that event is handled.
 void rejoue_frappe(const wxKeyEvent& evenement, wxWindow& controle);
 

@@ -85,6 +85,12 @@ int caractere_de(const wxKeyEvent& evenement) {
     return signe == WXK_NONE || signe == WXK_DELETE ? 0 : static_cast<int>(signe);
 }
 
+bool est_touche_morte(const wxKeyEvent&) {
+    const std::unique_ptr<GdkEvent, LibereEvenement> e(gtk_get_current_event());
+    return e && e->type == GDK_KEY_PRESS && e->key.keyval >= GDK_KEY_dead_grave &&
+           e->key.keyval <= GDK_KEY_dead_greek;
+}
+
 void rejoue_frappe(const wxKeyEvent&, wxWindow& controle) {
     const std::unique_ptr<GdkEvent, LibereEvenement> e(gtk_get_current_event());
     GtkWidget* w = controle.GetHandle();

@@ -57,6 +57,9 @@ int caractere_de(const wxKeyEvent& evenement) {
     return signe == WXK_NONE || signe == WXK_DELETE ? 0 : static_cast<int>(signe);
 }
 
+// The system keeps the accent until the letter comes, whichever control gets it.
+bool est_touche_morte(const wxKeyEvent&) { return false; }
+
 void rejoue_frappe(const wxKeyEvent& evenement, wxWindow& controle) {
     PostMessageW(static_cast<HWND>(controle.GetHandle()), WM_KEYDOWN, evenement.GetRawKeyCode(),
                  static_cast<LPARAM>(evenement.GetRawKeyFlags()));

@@ -47,6 +47,8 @@ struct Saisie {
     bool au_travail = false;         // what goes in now has been through it
     int place_effacee = -1;          // where a selection was that gives way to what comes,
     std::string efface{};            // and its text
+    bool depot = false;              // what goes in has been dropped on the view
+    TexteSaisi depose{};             // how much of it, and the first sign that was refused
 };
 
 // What stands in the line in front of a place.
@@ -71,6 +73,13 @@ void remet_selection(Saisie& s, GtkTextBuffer* buffer, GtkTextIter* place) {
     gtk_text_buffer_select_range(buffer, place, &debut);
 }
 
+// One of the parts that a dropped text comes in.
+void note_depot(TexteSaisi& depose, const TexteSaisi& part) {
+    depose.caracteres += part.caracteres;
+    if (!depose.refuse) depose.refuse = part.refuse;
+    if (!depose.muet) depose.muet = part.muet;
+}
+
 // Before a text goes in: it passes, goes in as the sheet can have it, or not at all. The place that
 // GTK goes on with must stay valid whatever happened.
 void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int octets,
@@ -79,7 +88,8 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
     const std::string venu(texte, static_cast<std::size_t>(octets));
     if (s.au_travail || s.filtre.programme()) return;
     const TexteSaisi saisi = saisit(venu, ligne_devant(buffer, place));
-    const std::string mots = mots_saisie(saisi, venu);
+    const std::string mots = s.depot ? "" : mots_saisie(saisi, venu);
+    if (s.depot) note_depot(s.depose, saisi);
     if (!saisi.refuse && saisi.texte == venu && mots.empty()) return;
     g_signal_stop_emission_by_name(buffer, "insert-text");
     GtkTextMark* marque = gtk_text_buffer_create_mark(buffer, nullptr, place, FALSE);
@@ -88,7 +98,7 @@ void avant_insertion(GtkTextBuffer* buffer, GtkTextIter* place, char* texte, int
         insere(s, buffer, place, saisi.texte);
     else if (!joint)
         remet_selection(s, buffer, place);
-    if (!joint) s.filtre.dit(mots, saisi.refuse.has_value());
+    if (!joint && !s.depot) s.filtre.dit(mots, saisi.refuse.has_value());
     gtk_text_buffer_get_iter_at_mark(buffer, place, marque);
     gtk_text_buffer_delete_mark(buffer, marque);
 }
@@ -101,9 +111,9 @@ void avant_effacement(GtkTextBuffer* buffer, GtkTextIter* debut, GtkTextIter* fi
     s.efface = TexteGtk(gtk_text_buffer_get_text(buffer, debut, fin, TRUE)).get();
 }
 
-// --- Paste ---------------------------------------------------------------------------------------
+// --- Paste and drop ---------------------------------------------------------------------------------------
 
-// The clipboard's text has come, nullptr when it has none: it replaces the selection, or nothing happens.
+// A text has come, nullptr when there is none: it replaces the selection, or nothing happens.
 void colle(Saisie& s, GtkTextView* vue, const char* venu) {
     if (!gtk_text_view_get_editable(vue)) return;
     GtkTextBuffer* buffer = gtk_text_view_get_buffer(vue);
@@ -145,6 +155,46 @@ void avant_collage(GtkTextView* vue, gpointer donnees) {
     g_weak_ref_init(&collage->vue, vue);
     gtk_clipboard_request_text(gtk_widget_get_clipboard(GTK_WIDGET(vue), GDK_SELECTION_CLIPBOARD),
                                presse_papiers_lu, collage);
+}
+
+bool colle_au_milieu() {
+    gboolean oui = TRUE;
+    g_object_get(gtk_settings_get_default(), "gtk-enable-primary-paste", &oui, nullptr);
+    return oui != FALSE;
+}
+
+// The middle button brings what is selected somewhere to the place under it; the cursor goes there. The
+// text is asked for before the cursor moves: a selection of this view ends with that.
+gboolean avant_bouton(GtkTextView* vue, GdkEventButton* e, gpointer donnees) {
+    if (e->type != GDK_BUTTON_PRESS || e->button != GDK_BUTTON_MIDDLE || !colle_au_milieu() ||
+        !gtk_text_view_get_editable(vue))
+        return FALSE;
+    const TexteGtk venu(gtk_clipboard_wait_for_text(
+        gtk_widget_get_clipboard(GTK_WIDGET(vue), GDK_SELECTION_PRIMARY)));
+    int x = 0;
+    int y = 0;
+    gtk_text_view_window_to_buffer_coords(vue, GTK_TEXT_WINDOW_TEXT, static_cast<int>(e->x),
+                                          static_cast<int>(e->y), &x, &y);
+    GtkTextIter place;
+    gtk_text_view_get_iter_at_location(vue, &place, x, y);
+    gtk_widget_grab_focus(GTK_WIDGET(vue));
+    gtk_text_buffer_place_cursor(gtk_text_view_get_buffer(vue), &place);
+    colle(*static_cast<Saisie*>(donnees), vue, venu.get());
+    return TRUE;
+}
+
+// A text that is dropped comes in one part or in several.
+void avant_depot(GtkWidget*, GdkDragContext*, int, int, GtkSelectionData*, guint, guint, gpointer donnees) {
+    auto& s = *static_cast<Saisie*>(donnees);
+    s.depot = true;
+    s.depose = {};
+}
+
+void apres_depot(GtkWidget*, GdkDragContext*, int, int, GtkSelectionData*, guint, guint, gpointer donnees) {
+    auto& s = *static_cast<Saisie*>(donnees);
+    s.depot = false;
+    if (s.depose.caracteres > 0 || s.depose.refuse)
+        s.filtre.dit(mots_collage(s.depose), s.depose.refuse.has_value());
 }
 
 // True while a key press is handled: the window has told of it before.
@@ -226,4 +276,7 @@ void filtre_la_saisie(wxTextCtrl& controle, FiltreSaisie filtre) {
     g_signal_connect(tampon(controle), "begin-user-action", G_CALLBACK(avant_changement), donnees);
     g_signal_connect(tampon(controle), "changed", G_CALLBACK(apres_changement), donnees);
     g_signal_connect(vue, "paste-clipboard", G_CALLBACK(avant_collage), donnees);
+    g_signal_connect(vue, "button-press-event", G_CALLBACK(avant_bouton), donnees);
+    g_signal_connect(vue, "drag-data-received", G_CALLBACK(avant_depot), donnees);
+    g_signal_connect_after(vue, "drag-data-received", G_CALLBACK(apres_depot), donnees);
 }

@@ -131,6 +131,7 @@ void place_fichier(const std::string& nom, Ouverture&& o) {
     montre_feuille(std::move(o.lue.texte));
     if (o.lue.amenee) Tente(kLitNomCopie, [&] { ecrit_copie(o.rang); });
     AfficheStatus();
+    dit_si_hors_liste(nom);
 }
 
 // Opens that file. A sheet that is open already is shown instead. Where the file can't be brought in
@@ -232,6 +233,11 @@ void donne_identite(int rang) {
     ferme_changements(rang);
     documents.identite(rang) = ++documents.derniere_identite;
     documents.base(rang) = 0;
+}
+
+void dit_si_hors_liste(const std::string& nom) {
+    if (nom.size() > kTailleNom)
+        dit("chemin trop long : au prochain démarrage, la liste n'en aura que le début"_fr);
 }
 
 void InitNomRepertoire() {

@@ -33,6 +33,7 @@ void marque_modifie();                   // the current sheet differs from its f
 void donne_identite(int rang);           // another sheet than before is open there: the changes of the
                                          // one before are forgotten
 
+void dit_si_hors_liste(const std::string& nom);   // tells when the settings file has no room for that path
 void InitNomRepertoire();                // nom_repertoire, at start-up
 bool dejaOuvert(const std::string& nomfic);
 int rang_ouvert(const std::string& nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none

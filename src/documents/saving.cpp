@@ -200,6 +200,7 @@ bool enregistrersous() noexcept {
     renomme(dlg.nom_fichier);
     Tente(kEnregistrerSous, [] { documents.document_modifie(documents.document_courant) = 0; });
     Tente(kEnregistrerSous, AfficheStatus);
+    Tente(kEnregistrerSous, [] { dit_si_hors_liste(dlg.nom_fichier); });
     return true;
 }
 

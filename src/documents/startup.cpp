@@ -261,6 +261,7 @@ bool ouvre_feuille(Demarrage& pas) {
         montre_feuille(std::move(lue.texte));
     });
     if (lue.amenee) pas([] { Tente(kLitNomCopie, [] { ecrit_copie(1); }); });
+    pas([&] { dit_si_hors_liste(pas.nomfic); });
     return true;
 }
 

@@ -182,6 +182,33 @@ def recent_by_menu(p):
     wait_same(p.title, f"VOXTAB {p.folder}/un.VXT", "title")
 
 
+def long_path(p):
+    """A path that the settings file has no room for: the sheet is opened, saved and closed like others; it is told
+    that the next start lists no more than its beginning, and choosing that says that no such file is there."""
+    cut = "chemin trop long : au prochain démarrage, la liste n'en aura que le début"
+    folder = p.folder / "/".join(["un dossier au nom assez long pour qu'on s'y perde"] * 6)
+    folder.mkdir(parents=True)
+    write(folder / "loin.VXT", "A=5\n")
+    p.start(folder / "loin.VXT")
+    p.wait_sheet("A=5")
+    p.wait_message(cut)
+    p.type("B=1¶")
+    p.key("Ctrl+S")
+    p.wait_message("enregistrer")
+    same((read(folder / "loin.VXT"), read(folder / "loin.bak")), ("B=1\nA=5\n", "A=5\n"), "files")
+    p.key("Ctrl+F4")
+    p.wait_sheet("")
+    p.key("Alt+Q")
+    same(p.wait_end(), 0, "exit status")
+    p.start()
+    items = [n.get_name() for n in children(p.menu_named("Fichier"))]
+    caption = next((i for i in items if "un dossier au nom" in i), "")
+    same(caption, "2 " + str(folder / "loin.VXT")[:255], "item of the File menu")
+    p.menu("F", caption)
+    p.wait_message("fichier inexistant")
+    same((p.title(), p.sheet()), ("VOXTAB SANSTITRE.VXT", ""), "title and sheet")
+
+
 def quit_saves_a_known_sheet(p):
     """Yes writes a sheet that has a file into it, without another question."""
     write(p.folder / "un.VXT", "A=1")
@@ -288,5 +315,5 @@ def installed_for_everybody(p):
 
 run([save_as, extensions, replaces_only_when_told, open_and_recent, open_by_name, open_from_list,
      recent_by_menu, command_line, quit_asks, quit_saves, quit_saves_a_known_sheet, close_asks,
-     close_box, installed_for_everybody],
+     close_box, long_path, installed_for_everybody],
     BINARY, PLACE)

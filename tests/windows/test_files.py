@@ -325,6 +325,13 @@ def dots_in_folders(p):
     p.choose("F", 1)
     p.wait_sheet("B=1\nA=5")
     same(p.title(), "VOXTAB " + name, "title of the recent sheet")
+    p.wait_message(cut)
+    p.key("Alt+Q")
+    p.wait_end()
+    p.start()
+    p.choose("F", 1)
+    p.wait_message("fichier inexistant")
+    same((p.title(), p.sheet()), ("VOXTAB SANSTITRE.VXT", ""), "title and sheet")
     p.type("C=2¶")
     p.key("Alt+Q")
     p.wait_box("enregistrer sur devoir.VXT ?")
@@ -352,7 +359,9 @@ def reader_scripts(p):
 
 def long_path(p):
     """A sheet whose path is longer than 300 characters: calculated in a terminal, opened, saved, listed and
-    opened again. The settings file has room for 255 of them, so the next start doesn't list it."""
+    opened again. The settings file has room for 255 of them: it is told that the next start lists no more, and
+    choosing that says that no such file is there."""
+    cut = "chemin trop long : au prochain démarrage, la liste n'en aura que le début"
     folder = p.folder / "/".join(["un dossier au nom assez long pour qu'on s'y perde"] * 6)
     write(folder / "loin.VXT", "A=5\n")
     name = there(folder / "loin.VXT")
@@ -365,6 +374,7 @@ def long_path(p):
     p.start(name)
     p.wait_sheet("A=5 = 5")
     same(p.title(), "VOXTAB " + name, "title")
+    p.wait_message(cut)
     p.type("B=1¶")
     p.key("Ctrl+S")
     p.wait_message("enregistrer")

@@ -87,7 +87,7 @@ bool dialogue_note(std::string& nom, std::string_view filtre, std::string_view e
 // in no sheet that is still to be saved.
 void note_remplaces(Joueur& j) {
     if (j.remplaces.empty()) return;
-    Mots gardes = mots_en_memoire(Lesquelles::changees);
+    Mots gardes = mots_changes();
     gardes.merge(mots_sur_disque());
     for (const auto& [chemin, mots] : j.remplaces) {
         Mots restent;
@@ -100,18 +100,17 @@ void note_remplaces(Joueur& j) {
 // ---- A neighbour's work
 
 // A word that stood in the file alone is the neighbour's to answer for. One that the program still has in
-// a sheet must outlive every command, but a stop can take it; and a sheet that the program holds for saved
-// is no more than the file that the neighbour has put in its place.
+// the sheet of that file, or in one that is to be saved, must outlive every command, but a stop can take it;
+// and a sheet that the program holds for saved is no more than the file that the neighbour has put there.
 void note_voisin(Joueur& j, const Fichiers& avant, const Contenus& anciens) {
     const Mots disque = mots_sur_disque();
-    const Mots feuilles = mots_en_memoire(Lesquelles::toutes);
-    const Mots changees = mots_en_memoire(Lesquelles::changees);
+    const Mots changees = mots_changes();
     for (const auto& [chemin, contenu] : anciens)
         if (lit_memoire(chemin) != contenu) j.touches.insert(chemin);
     for (const auto& [chemin, mots] : avant) {
         if (lit_memoire(chemin) == anciens.at(chemin)) continue;
         const Mots pris = sans(mots, disque);
-        oublie(j, sans(pris, feuilles));
+        oublie(j, sans(sans(pris, changees), mots_ouverts(chemin)));
         j.voles[chemin].insert(pris.begin(), pris.end());
     }
     for (auto& [chemin, mots] : j.voles)
@@ -143,7 +142,7 @@ void note_arret(Joueur& j) {
     for (const auto& [chemin, mots] : j.voles) oublie(j, sans(mots, disque));
     j.voles.clear();
     if (memoire.reprises_ratees.empty()) return;
-    Mots perdus = sans(mots_en_memoire(Lesquelles::changees), disque);
+    Mots perdus = sans(mots_changes(), disque);
     std::erase_if(perdus, [&](const std::string& mot) { return !j.mots.contains(mot); });
     if (!perdus.empty() && !panne_dite(j)) j.faute = "no recovery file, and nobody was told: " + *perdus.begin();
     oublie(j, perdus);

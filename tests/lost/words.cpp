@@ -7,6 +7,7 @@
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery_file.hpp"
+#include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
 #include "tools/script.hpp"
 
@@ -28,6 +29,18 @@ bool garde(std::string_view chemin) {
     const std::string grand = capitales(chemin);
     return !grand.starts_with("C:\\VOXTAB\\TRAVAIL\\") && grand != "C:\\VOXTAB\\VOXTAB.INI" &&
            !grand.ends_with(".BAK");
+}
+
+// The words of the open sheets that are meant, as the program holds them.
+template <class Choix>
+Mots mots_des_feuilles(Choix&& choix) {
+    Mots mots;
+    for (int i = 1; programme_en_marche() && i <= documents.nombre_document; ++i) {
+        if (!choix(i)) continue;
+        const bool montree = i == documents.document_courant && feuille_montree();
+        ajoute_mots(mots, montree ? memoire.texte : documents.texte(i));
+    }
+    return mots;
 }
 
 // The text that a user finds in a file.
@@ -57,15 +70,14 @@ Mots mots_montres() {
     return mots;
 }
 
-Mots mots_en_memoire(Lesquelles lesquelles) {
-    Mots mots;
-    if (!programme_en_marche()) return mots;
-    for (int i = 1; i <= documents.nombre_document; ++i) {
-        if (lesquelles == Lesquelles::changees && documents.document_modifie(i) == 0) continue;
-        const bool montree = i == documents.document_courant && feuille_montree();
-        ajoute_mots(mots, montree ? memoire.texte : documents.texte(i));
-    }
-    return mots;
+Mots mots_changes() {
+    return mots_des_feuilles([](int i) { return documents.document_modifie(i) != 0; });
+}
+
+Mots mots_ouverts(std::string_view chemin) {
+    return mots_des_feuilles([&](int i) {
+        return capitales(chemin_memoire(reglages.table_ini(i).nom)) == capitales(chemin);
+    });
 }
 
 Fichiers mots_des_fichiers() {

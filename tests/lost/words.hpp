@@ -17,8 +17,8 @@ using Fichiers = std::map<std::string, Mots, OrdreChemin>;   // words of each fi
 void ajoute_mots(Mots& mots, std::string_view texte);
 
 Mots mots_montres();                       // of the sheet that is shown; none in another view
-enum class Lesquelles { toutes, changees };
-Mots mots_en_memoire(Lesquelles lesquelles);   // of the open sheets, or of those marked as changed
+Mots mots_changes();                       // of the open sheets that are marked as changed
+Mots mots_ouverts(std::string_view chemin);   // of the open sheet of that file
 
 // Of the files that keep a text for the user: sheets, recovery files that are whole, sheets set aside.
 // Working copies, backups and the settings keep nothing, nor does a recovery file that is about to go.

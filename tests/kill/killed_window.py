@@ -30,11 +30,11 @@ class Typist:
         self.lag = 0.0           # seconds that the slowest file was behind, as far as seen
 
     def line(self):
-        """One line with a mark of its own, at the end of the sheet."""
+        """One line with a mark of its own, at the end of the sheet, behind a line that a kill has cut short."""
         self.marks += 1
         mark = f"{self.marks}*10"
         self.p.key("Ctrl+Fin")
-        self.p.type(mark + "¶")
+        self.p.type("¶" + mark)
         wait(lambda: mark in lines_of(self.p.sheet()), f"{mark} in the sheet", SEEN)
         self.typed.append((time.monotonic(), mark))
 
@@ -91,8 +91,6 @@ def offered(p, sheet):
         lines |= lines_of(p.sheet())
         p.key("F6")
     same(len(shown), max(left, 1), "sheets that are open")
-    p.key("Ctrl+Fin")
-    p.key("Entrée")          # behind a line that the kill cut short
     return lines
 
 

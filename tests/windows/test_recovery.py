@@ -1,5 +1,6 @@
 """What was typed and not saved comes back on Windows: after TerminateProcess at random moments, and after the
-end of the session, which asks only where nothing could be written. KILLS says how often it is ended."""
+end of the session, which asks only where nothing could be written. KILLS says how often it is ended,
+SEED begins other chances."""
 import os
 import random
 import sys
@@ -7,7 +8,7 @@ import threading
 import time
 
 from pilot import TXT, Helper, expect, run, same, wait
-from recovery import question, recovered
+from recovery import checksum, question, recovered
 
 BUILD, PLACE = sys.argv[1:3]
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
@@ -100,7 +101,7 @@ class Typist:
     """Types into two sheets until the program is ended, and notes what was typed when."""
 
     def __init__(self, p):
-        self.p, self.chance = p, random.Random(20260101)
+        self.p, self.chance = p, random.Random(int(os.environ.get("SEED", "20260101")))
         self.sheet = p.folder / "feuille.VXT"
         self.sheet.write_bytes(b"1+1\r\n")
         self.killer = Helper(p.build / "probe.exe")
@@ -115,11 +116,11 @@ class Typist:
         return wait(lambda: not self.running() or condition(), what) and self.running()
 
     def line(self):
-        """One line with a mark of its own, at the end of the sheet."""
+        """One line with a mark of its own, at the end of the sheet, behind a line that an end has cut short."""
         self.marks += 1
         mark = f"{self.marks}*10"
         self.p.key("Ctrl+Fin")
-        self.p.type(mark + "¶")
+        self.p.type("¶" + mark)
         if self.see(lambda: mark in lines_of(self.p.sheet()), mark):
             self.typed.append((time.monotonic(), mark))
 
@@ -156,14 +157,26 @@ class Typist:
         same(ended[1:], [True], "the end of the process")
         return ended[0]
 
+    def answer(self, left):
+        """Takes back what is asked about. An end right behind a save leaves a file that the save has overtaken:
+        it goes, or is told when it has another text."""
+        own = self.sheet.read_bytes()
+        saved = own.decode("cp1252").removesuffix("\r\n")
+        other = [(head, text) for head, text in left if not head["nom"] or text.removesuffix("\r\n") != saved]
+        current = [text for head, text in other if not head["nom"] or head["fichier"] == checksum(own)]
+        if current:
+            self.p.wait_box(question(len(current)))
+            self.p.key("Alt+O")
+        if len(other) > len(current):
+            wait(lambda: "plus ancienne" in "".join(self.p.words_of_box() or []), "the word about the older file")
+            self.p.key("Entrée")
+
     def offered(self):
         """Starts the program and takes back what it offers: all lines that the user has then."""
         p = self.p
         p.launch(there(self.sheet))
         left = recovered(p.folder)
-        if left:
-            p.wait_box(question(len(left)))
-            p.key("Alt+O")
+        self.answer(left)
         p.ready()
         lines = lines_of(self.sheet.read_bytes().decode("cp1252")) | lines_of(p.sheet())
         if any(not head["nom"] for head, _ in left):
@@ -172,8 +185,6 @@ class Typist:
         else:
             p.key("Ctrl+N")
             wait(lambda: p.title() == "VOXTAB SANSTITRE.VXT", "the second sheet")
-        p.key("Ctrl+Fin")
-        p.key("Entrée")          # behind a line that the end cut short
         return lines
 
     def look(self, number, moment, lines):

@@ -89,6 +89,17 @@ def menu(p, h):
     help_menu(p, h, 1, "A propos", "VOXTAB Version 2.02")
 
 
+def left_menus(p, h):
+    """The menus that were opened and left without a choice: the text is read, and its messages are heard."""
+    p.key("Menu")
+    wait(p.open_menu, "the first menu")
+    h.hear_back("Échap", "C=B+1 = 7", row="F10")
+    h.hear("Ctrl+G", "colonne 10 ligne 3")
+    p.key("Alt+O")
+    h.hear_back("Échap", "C=B+1 = 7", row="Menu Options")
+    h.hear("Ctrl+G", "colonne 10 ligne 3")
+
+
 def help_menu(p, h, ups, caption, line):
     """A view of the last menu, so many items from its end."""
     p.key("Menu")
@@ -317,7 +328,7 @@ def main():
     try:
         program.start()
         reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (calculation, dialogs, views, menu, options, colours, fonts, buttons, one_sheet, key_help,
+        for part in (calculation, dialogs, views, menu, left_menus, options, colours, fonts, buttons, one_sheet, key_help,
                      movement, files, two_sheets, words_of_the_line, replacements, searches, tools, closing):
             part(program, h)
         same(program.errors(), [], "what the toolkit complains about")

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/listbox.h>
+#include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/stattext.h>
 #include <wx/window.h>
@@ -32,6 +33,9 @@ void apres_le_focus(void (*suite)());
 void suit_la_ligne(wxListBox& liste, int rang);
 // Whether the arrows reach an item of a menu that can't be chosen, and a reader reads it.
 bool menu_lit_ce_qui_est_grise();
+// F10 is the program's from now on: it opens the first menu. Where false, the system does so itself.
+bool prend_f10();
+void ouvre_premier_menu(wxMenuBar& barre);
 // Shows a box of the toolkit whose words are these; the result is the answer.
 int montre_boite_lue(wxMessageDialog& boite, const wxString& mots);
 

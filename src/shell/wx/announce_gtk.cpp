@@ -176,6 +176,19 @@ void suit_la_ligne(wxListBox& liste, int rang) {
     g_idle_add_full(G_PRIORITY_LOW, montre_la_ligne, g_object_ref(vue), g_object_unref);
 }
 
+// The toolkit's own F10 goes to the menu bar without opening a menu, and Escape doesn't lead back from
+// there: every key is lost without a word. An open menu is left with Escape, and the reader follows.
+bool prend_f10() {
+    g_object_set(gtk_settings_get_default(), "gtk-menu-bar-accel", "", nullptr);
+    return true;
+}
+
+void ouvre_premier_menu(wxMenuBar& barre) {
+    GList* menus = gtk_container_get_children(GTK_CONTAINER(barre.GetHandle()));
+    if (menus != nullptr) gtk_widget_mnemonic_activate(GTK_WIDGET(menus->data), FALSE);
+    g_list_free(menus);
+}
+
 // They leap over it.
 bool menu_lit_ce_qui_est_grise() { return false; }
 

@@ -233,6 +233,9 @@ void apres_le_focus(void (*suite)()) { suite(); }
 // The system tells of the line that is selected.
 void suit_la_ligne(wxListBox&, int) {}
 
+bool prend_f10() { return false; }
+void ouvre_premier_menu(wxMenuBar&) {}
+
 bool menu_lit_ce_qui_est_grise() { return true; }
 
 // A reader reads the words of the system's boxes.

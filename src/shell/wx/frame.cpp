@@ -22,6 +22,7 @@ Cadre::Cadre() : wxFrame(nullptr, wxID_ANY, vers_wx(fenetre.titre)) {
     habille(*this);
     SetMinSize(wxSize(kLargeurMini, kHauteurMini));
     SetMenuBar(menus_.barre());
+    f10_a_nous_ = prend_f10();
     cree_controles();
     zone_ = std::make_unique<ZoneTexte>(*txt_);
     relie_evenements();

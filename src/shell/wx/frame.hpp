@@ -98,6 +98,7 @@ private:
     bool attend_ = false;                            // they wait for the focus
     std::vector<std::string> lignes_vues_;           // of the list, as shown
     bool alt_pris_ = false;                          // Alt is down and has served a combination
+    bool f10_a_nous_ = false;                        // F10 opens the first menu, which the program does
     wxRect place_vue_;                               // place of the window as the data had it, twips
     int couleur_vue_ = -2, fond_vu_ = -2;            // colours of the text as shown
     bool sablier_vu_ = false;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shell/events.hpp"
+#include "shell/wx/announce.hpp"
 #include "shell/wx/keys.hpp"
 #include "shell/wx/text_view.hpp"
 
@@ -45,6 +46,10 @@ void Cadre::touche_avant(wxKeyEvent& e) {
     const FrappeTouche frappe = frappe_de(e);
     alt_pris_ = frappe.alt && frappe.touche != kToucheAlt;
     const std::string_view nom = nom_de(FindFocus());
+    if (f10_a_nous_ && frappe.touche == kToucheF10 && !frappe.maj && !frappe.ctrl && !frappe.alt) {
+        ouvre_premier_menu(*GetMenuBar());
+        return;
+    }
     if (evenement_pression(nom, frappe)) return;
     const bool echap = frappe.touche == kToucheEchap;
     const bool valide = echap || frappe.touche == kToucheEntree;

@@ -8,7 +8,7 @@ import threading
 import time
 
 from pilot import TXT, Helper, expect, run, same, wait
-from recovery import checksum, question, recovered
+from recovery import question, recovered
 
 BUILD, PLACE = sys.argv[1:3]
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
@@ -160,15 +160,15 @@ class Typist:
     def answer(self, left):
         """Takes back what is asked about. An end right behind a save leaves a file that the save has overtaken:
         it goes, or is told when it has another text."""
-        own = self.sheet.read_bytes()
-        saved = own.decode("cp1252").removesuffix("\r\n")
-        other = [(head, text) for head, text in left if not head["nom"] or text.removesuffix("\r\n") != saved]
-        current = [text for head, text in other if not head["nom"] or head["fichier"] == checksum(own)]
-        if current:
-            self.p.wait_box(question(len(current)))
+        saved = self.sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
+        if all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left):
+            return
+        words = wait(self.p.words_of_box, "the question")[0]
+        if words in [question(count) for count in range(1, len(left) + 1)]:
             self.p.key("Alt+O")
-        if len(other) > len(current):
-            wait(lambda: "plus ancienne" in "".join(self.p.words_of_box() or []), "the word about the older file")
+            wait(lambda: (self.p.words_of_box() or [""])[0] != words, "the end of the question")
+            words = (self.p.words_of_box() or [""])[0]
+        if "plus ancienne" in words:
             self.p.key("Entrée")
 
     def offered(self):

@@ -78,6 +78,14 @@ def wait_same(look, expected, what):
         raise Failed(f"{what}: {seen!r}, expected {expected!r}") from None
 
 
+def busy(pid, seconds=1.0):
+    """Waits until the process has calculated for that long."""
+    fields = lambda: pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()
+    used = lambda: int(fields()[11]) / os.sysconf("SC_CLK_TCK")
+    start = used()
+    wait(lambda: used() > start + seconds, "the calculation")
+
+
 looked_at = []    # the program whose parts are asked for
 
 

@@ -3,7 +3,7 @@ clipboard, and what a keyboard may type."""
 import subprocess
 import sys
 
-from pilot import Atspi, expect, run, same, wait, wait_same
+from pilot import Atspi, busy, expect, run, same, wait, wait_same
 
 BINARY, PLACE = sys.argv[1:3]
 SHEET = "alpha=1¶beta alpha¶GAMMA¶alpha 4"
@@ -242,6 +242,23 @@ def numbers_of_the_keypad(p):
     expect(p.dialog() is None, "a box is open")
 
 
-run([search, replace_on_the_line, replace_in_the_text, words, tab_stops, bookmark_and_lines,
+def given_up(p):
+    """A short press of Escape gives up a long calculation. It closes not the box that says so."""
+    p.start()
+    p.type("A=3¶AIRX(0,1,1E12)¶SIN(X)¶2+2")
+    p.screen.chord(["Alt", "C"])
+    busy(p.process.pid)
+    p.screen.chord(["Échap"])
+    box = p.wait_box("calcul interrompu")
+    p.key("F1")
+    same(p.wait_box("calcul interrompu"), box, "the box")
+    p.close_box("calcul interrompu")
+    p.wait_text()
+    p.type("5")
+    same(p.sheet().replace("5", "").split("\n")[0], "A=3 = 3", "first line")
+    expect("5" in p.sheet(), f"nothing was typed in {p.sheet()!r}")
+
+
+run([search, replace_on_the_line, given_up, replace_in_the_text, words, tab_stops, bookmark_and_lines,
      select_all_and_clipboard, brought_by_the_mouse, refused_characters, french_keyboard,
      numbers_of_the_keypad], BINARY, PLACE)

@@ -1,5 +1,6 @@
 """The window on Windows: what it shows, what its keys do, what a screen reader hears."""
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -450,7 +451,29 @@ def deep_formulas(p):
     same(p.sheet().split("\n")[0][-8:], ")))) = 1", "the end of the deep formula")
 
 
-run([start, calculation, repeated_message, messages_together, equal_messages, told_to_the_system, undo,
+def busy(pid, seconds=1.0):
+    """Waits until the process has calculated for that long."""
+    fields = lambda: pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+    used = lambda: int(fields()[11]) / os.sysconf("SC_CLK_TCK")
+    start = used()
+    wait(lambda: used() > start + seconds, "the calculation")
+
+
+def given_up(p):
+    """A short press of Escape gives up a long calculation, and closes not the box that says so."""
+    p.start(text="A=3¶AIRX(0,1,1E12)¶SIN(X)¶2+2")
+    p.key("Alt+C")
+    busy(p.process.pid)
+    p.key("Échap")
+    p.wait_box("calcul interrompu")
+    p.key("Entrée")
+    p.wait_no_box()
+    p.type("5")
+    wait(lambda: "5" in p.sheet(), "the typed digit")
+    same([line[:4] for line in p.sheet().replace("5", "").split("\n")], ["A=3 ", "AIRX", "SIN(", "2+2"], "lines")
+
+
+run([start, calculation, repeated_message, given_up, messages_together, equal_messages, told_to_the_system, undo,
      undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view,
      tab_order, colour_view, functions_and_guide, key_help, search_and_replace,
      bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,

@@ -11,12 +11,13 @@
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
+#include "shell/wx/escape.hpp"
 #include "shell/wx/program_folder.hpp"
 #include "shell/wx/surroundings.hpp"
 
 namespace {
 
-constexpr long kEntreDeuxRegards = 100;   // milliseconds between two looks at the Escape key
+constexpr long kEntreDeuxRegards = 200;   // milliseconds between two looks at the Escape key
 constexpr long kEntreDeuxCalculs = 1000;  // without a question: the one that comes is another calculation's
 constexpr long kEntreDeuxSignes = 2000;   // between two beeps of a long calculation
 
@@ -43,16 +44,25 @@ std::string en_page(const std::string& utf8) {
     return sortie;
 }
 
+// A calculation has begun: an Escape from before it isn't meant for it.
+bool commence() {
+    echap_tapee();
+    dernier_signe.Start();
+    dernier_regard.Start();
+    return false;
+}
+
 // Escape gives up a long calculation, which beeps now and then as a sign of life.
 bool interrompu() {
-    if (dernier_regard.Time() < kEntreDeuxRegards) return false;
-    if (dernier_regard.Time() > kEntreDeuxCalculs) dernier_signe.Start();
+    const long depuis = dernier_regard.Time();
+    if (depuis < kEntreDeuxRegards) return false;
+    if (depuis > kEntreDeuxCalculs) return commence();
     dernier_regard.Start();
     if (dernier_signe.Time() >= kEntreDeuxSignes) {
         port.boites.bip();
         dernier_signe.Start();
     }
-    return wxGetKeyState(WXK_ESCAPE);
+    return echap_tapee();
 }
 
 }  // namespace

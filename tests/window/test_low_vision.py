@@ -115,6 +115,7 @@ def measured(p):
                 "a line of the list")
     found["liste"] = contrast_of(p, line)
     wait(lambda: chosen_in_sight(p), "the chosen line of the list, in sight")
+    found["ligne choisie"] = contrast_of(p, chosen_line(p))
     p.key("Échap")
     p.wait_text()
     p.key("Alt+O")
@@ -127,11 +128,13 @@ def measured(p):
     return found
 
 
+def chosen_line(p):
+    return next(n for n in walk(p.find("table", "Couleurs")) if has(n, Atspi.StateType.SELECTED))
+
+
 def chosen_in_sight(p):
     """The line of the list that is chosen lies within the list, whole."""
-    table = p.find("table", "Couleurs")
-    line = next(n for n in walk(table) if has(n, Atspi.StateType.SELECTED))
-    around, box = box_of(table), box_of(line)
+    around, box = box_of(p.find("table", "Couleurs")), box_of(chosen_line(p))
     return box.height > 0 and around.y <= box.y and box.y + box.height <= around.y + around.height
 
 

@@ -15,6 +15,9 @@ def press(*words):
     subprocess.run(["wtype", "-d", "20", *words], check=True)
 
 
+windows = []    # of this test, to be ended with it
+
+
 class Window:
     """The program as the accessibility bus shows it."""
 
@@ -25,6 +28,7 @@ class Window:
         program = shutil.copy(BINARY, folder)
         self.log = open(PLACE / "log", "w+", encoding="utf-8")
         self.process = subprocess.Popen([program, *arguments], stdout=self.log, stderr=self.log)
+        windows.append(self)
         self.sheet = wait(lambda: self.find("text", "Feuille"), "the sheet")
         wait(lambda: has(self.sheet, Atspi.StateType.FOCUSED), "the focus in the sheet")
 
@@ -91,4 +95,6 @@ with subprocess.Popen(["wtype", "-s", "3600000", "-k", "Escape"]) as keyboard:
             print("ok     ", case.__name__, flush=True)
     finally:
         keyboard.kill()
+        for window in windows:
+            window.process.kill()
 

@@ -12,7 +12,7 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
 
-from pilot import Failed, Program, expect, has, role, same, wait  # noqa: E402
+from pilot import Failed, Program, expect, has, role, same, wait, words_of  # noqa: E402
 from recovery import question, recovered  # noqa: E402
 
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
@@ -76,13 +76,33 @@ def lines_of(text):
     return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
 
 
+def words_of_box(p):
+    box = p.dialog()
+    return words_of(box) if box is not None else []
+
+
+def answer(p, left, sheet):
+    """Takes back what is asked about; the count of sheets. An end right behind a save leaves a file that the
+    save has overtaken: it goes, or is told when it has another text."""
+    saved = sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
+    if all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left):
+        return 0
+    words = wait(lambda: words_of_box(p), "the question")
+    asked = next((n for n in range(1, len(left) + 1) if question(n) in words), 0)
+    if asked:
+        p.wait_box(question(asked))
+        p.key("Alt+O")
+        wait(lambda: words_of_box(p) != words, "the end of the question")
+        words = wait(lambda: words_of_box(p) or (p.window() and p.focus_name() == "Feuille" and ["sheet"]), "the sheet")
+    if any("plus ancienne" in part for part in words):
+        p.key("Entrée")
+    return asked
+
+
 def offered(p, sheet):
     """Starts the program and takes back what it offers: all lines that the user has then."""
     p.launch()
-    left = len(recovered(p.folder))
-    if left:
-        p.wait_box(question(left))
-        p.key("Alt+O")
+    asked = answer(p, recovered(p.folder), sheet)
     p.wait_text()
     lines = lines_of(sheet.read_bytes().decode("cp1252"))
     shown = set()
@@ -90,7 +110,7 @@ def offered(p, sheet):
         shown.add(p.title())
         lines |= lines_of(p.sheet())
         p.key("F6")
-    same(len(shown), max(left, 1), "sheets that are open")
+    same(len(shown), max(asked, 1), "sheets that are open")
     return lines
 
 

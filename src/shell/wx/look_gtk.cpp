@@ -12,8 +12,8 @@ constexpr const char* kStyle =
     "* { outline-color: currentColor; outline-style: solid; outline-width: 2px; }"
     "menuitem accelerator { color: inherit; }"
     "entry:focus { box-shadow: inset 0 0 0 2px currentColor; }"
-    "menuitem:hover, treeview:selected, text selection, entry selection, label selection"
-    " { background-color: #15539e; color: #ffffff; }"
+    "menuitem:hover, treeview:selected { background-color: #15539e; color: #ffffff; }"
+    "text selection, entry selection, label selection { background-color: #15539e; color: #ffffff; }"
     "textview, entry { -GtkWidget-cursor-aspect-ratio: 0.12; }";
 
 }  // namespace

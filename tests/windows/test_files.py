@@ -325,13 +325,6 @@ def dots_in_folders(p):
     p.choose("F", 1)
     p.wait_sheet("B=1\nA=5")
     same(p.title(), "VOXTAB " + name, "title of the recent sheet")
-    p.wait_message(cut)
-    p.key("Alt+Q")
-    p.wait_end()
-    p.start()
-    p.choose("F", 1)
-    p.wait_message("fichier inexistant")
-    same((p.title(), p.sheet()), ("VOXTAB SANSTITRE.VXT", ""), "title and sheet")
     p.type("C=2¶")
     p.key("Alt+Q")
     p.wait_box("enregistrer sur devoir.VXT ?")
@@ -386,6 +379,13 @@ def long_path(p):
     p.choose("F", 1)
     p.wait_sheet("B=1\nA=5 = 5")
     same(p.title(), "VOXTAB " + name, "title of the recent sheet")
+    p.wait_message(cut)
+    p.key("Alt+Q")
+    p.wait_end()
+    p.start()
+    p.choose("F", 1)
+    p.wait_message("fichier inexistant")
+    same((p.title(), p.sheet()), ("VOXTAB SANSTITRE.VXT", ""), "title and sheet")
 
 
 run([save_as, extensions, replaces_only_when_told, open_and_recent, quit_asks, quit_saves, close_box, command_line,

@@ -16,29 +16,33 @@ bool message_du_clavier(MSG& message, UINT garde) {
     return PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, garde | kTouches) != 0;
 }
 
-bool relache(const MSG& message) { return message.message == WM_KEYUP || message.message == WM_SYSKEYUP; }
+bool enfonce(const MSG& message) { return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN; }
 
-// Its messages are done with, unless something was typed before it: they would close the box that tells of
-// the end. The keys let go before it, as the one of the command, go back. Looking there also tells the system
-// that the program is alive.
-bool retire_de_la_file() {
+// The messages of Escape are done with: they would close the box that tells of the end. Those of other keys go
+// back in their order, up to the first key that was pressed meanwhile, or all of them (`tout`): a key that is
+// put back has lost the capitals it was pressed with. Looking there also tells the system that the program is
+// alive. True when Escape was pressed.
+bool retire_de_la_file(bool tout) {
     bool tapee = false;
-    std::vector<MSG> relachees;
+    std::vector<MSG> autres;
     MSG message;
-    while (message_du_clavier(message, PM_NOREMOVE) && (message.wParam == VK_ESCAPE || relache(message))) {
+    while (message_du_clavier(message, PM_NOREMOVE) &&
+           (tout || message.wParam == VK_ESCAPE || !enfonce(message))) {
         message_du_clavier(message, PM_REMOVE);
         if (message.wParam == VK_ESCAPE)
-            tapee = tapee || !relache(message);
+            tapee = tapee || enfonce(message);
         else
-            relachees.push_back(message);
+            autres.push_back(message);
     }
-    for (const MSG& m : relachees) PostMessageW(m.hwnd, m.message, m.wParam, m.lParam);
+    for (const MSG& m : autres) PostMessageW(m.hwnd, m.message, m.wParam, m.lParam);
     return tapee;
 }
 
 }  // namespace
 
 bool echap_tapee() {
-    const bool dans_la_file = retire_de_la_file();
-    return GetAsyncKeyState(VK_ESCAPE) != 0 || dans_la_file;   // down, or pressed since the last look
+    const bool en_tete = retire_de_la_file(false);
+    const bool tapee = GetAsyncKeyState(VK_ESCAPE) != 0 || en_tete;   // down, or pressed since the last look
+    if (tapee) retire_de_la_file(true);
+    return tapee;
 }

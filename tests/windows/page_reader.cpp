@@ -68,6 +68,8 @@ json content_of(HWND window) {
 void CALLBACK focus_comes(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
     const HWND top = GetAncestor(window, GA_ROOT);
     if (top == nullptr || class_of(top) != "#32770" || window == top) return;
+    // A box gets the focus before it is shown; on a busy machine its words are still unseen then.
+    for (int look = 0; look < 500 && IsWindowVisible(top) == 0; ++look) Sleep(10);
     json texts = json::array();
     EnumChildWindows(top, collect, reinterpret_cast<LPARAM>(&texts));
     json line = content_of(window);

@@ -7,7 +7,8 @@
 
 inline constexpr std::size_t kReserveMemoire = std::size_t{8} << 20;
 
-// Takes the reserve and has it given back when the memory is exhausted. Called first by every program.
+// Takes the reserve and has it given back when the memory is exhausted, on whichever thread that is. Called
+// first by a program that goes on then; voxtab-calc, which has nothing to keep, ends instead.
 void installe_reserve(std::size_t octets = kReserveMemoire);
 
 // Takes the reserve again when it was given back, if there is room for it by now.

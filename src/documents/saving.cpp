@@ -33,9 +33,9 @@ std::string nom_sauvegarde(const std::string& nom) {
     return nom.substr(0, point + 1) + "bak";
 }
 
-// True for a file of that folder beside the settings.
-bool est_dans(const std::string& nom, const char* dossier) {
-    return meme_document(cheminSeul(nom), ajoutbackslash(reglages.dossier_programme + dossier));
+// True for a file of that folder.
+bool est_dans(const std::string& nom, const std::string& dossier) {
+    return meme_document(cheminSeul(nom), dossier);
 }
 
 // The current name is cut, on purpose, unless that would make it the name of another file.
@@ -146,9 +146,9 @@ bool sauve_modifie() {
 }  // namespace
 
 bool reserve(const std::string& nom) {
-    for (const char* const dossier : {"travail", "secours", "reprise"})
+    for (const std::string& dossier : {reglages.dossier_travail, dossier_secours(), dossier_reprise()})
         if (est_dans(nom, dossier)) return true;
-    for (const char* const sien : {"VOXTAB.INI", "outils.txt", "verjaws.ini"})
+    for (const char* const sien : {kFichierReglages, kFichierOutils, kFichierInstallation})
         if (meme_document(nom, reglages.dossier_programme + sien)) return true;
     const std::size_t point = premier_point(nom);
     return point != std::string::npos && capitales(nom.substr(point)) == ".BAK";
@@ -160,7 +160,7 @@ bool marque_disparues() {
     for (int rang = 1; rang <= documents.nombre_document; ++rang) {
         const std::string& nom = reglages.table_ini(rang).nom;
         if (documents.a_son_fichier(rang) == 0 || documents.texte(rang).empty() ||
-            (FichierExistant(nom) && !est_dans(nom, "travail")))
+            (FichierExistant(nom) && !est_dans(nom, reglages.dossier_travail)))
             continue;
         documents.document_modifie(rang) = 1;
         une = true;

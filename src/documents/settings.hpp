@@ -29,6 +29,11 @@ inline constexpr int kLigneTaille = 20;      // nom size of the screen font
 inline constexpr int kLignePoliceImprimante = 21;
 inline constexpr int kLigneTailleImprimante = 22;
 
+// Files of the program, beside one another in its folder.
+inline constexpr const char* kFichierReglages = "VOXTAB.INI";
+inline constexpr const char* kFichierOutils = "outils.txt";          // the options of the menu Outils
+inline constexpr const char* kFichierInstallation = "verjaws.ini";   // mark of a new installation
+
 inline constexpr std::size_t kTailleNom = 255;             // bytes of `nom` in the file
 inline constexpr std::size_t kTailleEnregistrement = 267;  // bytes of a record
 

@@ -94,7 +94,7 @@ void place_fenetre() {
 // The reader's scripts are installed at the first start after an installation, and not again.
 void installe_scripts(Demarrage& pas) {
     std::string marque;
-    pas([&] { marque = reglages.dossier_programme + "verjaws.ini"; });
+    pas([&] { marque = reglages.dossier_programme + kFichierInstallation; });
     bool presente = false;
     pas([&] { presente = FichierExistant(marque); });
     if (!presente) return;
@@ -115,7 +115,7 @@ void prepare_dossiers(Demarrage& pas) {
 
 // The table takes the defaults first: what a short or unreadable file doesn't give keeps them.
 void lit_reglages(Demarrage& pas) {
-    pas([] { reglages.fichier_ini = reglages.dossier_programme + "VOXTAB.INI"; });
+    pas([] { reglages.fichier_ini = reglages.dossier_programme + kFichierReglages; });
     pas([] { reglages.article_vide = {"SANSTITRE.VXT", 0, 0, 1}; });
     pas([] { reglages_par_defaut(); });
     pas([] {

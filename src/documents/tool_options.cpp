@@ -18,7 +18,7 @@ constexpr std::string_view kFinLigne = "\r\n";
 constexpr std::size_t kLigneMaxi = 200;        // bytes of a line that isn't ours, to be kept
 constexpr std::size_t kInconnuesMaxi = 4096;   // bytes of all these lines
 
-std::string chemin_outils() { return reglages.dossier_programme + "outils.txt"; }
+std::string chemin_outils() { return reglages.dossier_programme + kFichierOutils; }
 
 // A line that this version doesn't know is kept when it has the form of an option: whatever else has
 // come into the file goes.

@@ -12,13 +12,17 @@ void cote_a_cote(int nombre, int ouvriers, std::atomic<bool>& arret, const std::
     std::vector<std::exception_ptr> sorties(static_cast<std::size_t>(nombre));
     std::atomic<int> prochaine = 0;
     const auto travaille = [&](int ouvrier) noexcept {
-        for (int piece; !arret && (piece = prochaine++) < nombre;) try {
+        while (!arret) {
+            const int piece = prochaine++;
+            if (piece >= nombre) return;
+            try {
                 fait(piece, ouvrier);
             } catch (const Arrete&) {
             } catch (...) {
                 sorties[static_cast<std::size_t>(piece)] = std::current_exception();
                 arret = true;
             }
+        }
     };
     std::vector<std::jthread> aides;
     try {

@@ -38,7 +38,7 @@ void prepare_documents(const json& tache) {
     reglages.article_vide = {reglages.nom_sanstitre, 0, 0, 1};
     reglages.dossier_programme = memoire.dossier_programme + "\\";
     reglages.dossier_travail = reglages.dossier_programme + "travail\\";
-    reglages.fichier_ini = reglages.dossier_programme + "VOXTAB.INI";
+    reglages.fichier_ini = reglages.dossier_programme + kFichierReglages;
     pose_dossier(reglages.dossier_travail);
     reglages_par_defaut();
     reglages.table_ini(1).champ3 = tache.value("repere", 1);

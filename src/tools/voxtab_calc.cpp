@@ -4,11 +4,8 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
 #include <iostream>
-#include <new>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,6 +24,7 @@
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
 #include "sheet/sheet.hpp"
+#include "tools/last_handler.hpp"
 #include "tools/options.hpp"
 #include "tools/sheet_file.hpp"
 
@@ -211,30 +209,10 @@ int calcule(const OptionsCalcul& options) {
     return moteur.erreur_formule || boite_vue ? kLigneEnErreur : kReussite;
 }
 
-// The end of a program whose memory is exhausted where nothing can go on: nothing has been written. The
-// words are ready, and nothing is asked of the memory.
-[[noreturn]] void plus_de_memoire() {
-    std::fputs("voxtab-calc : mémoire insuffisante\n", stderr);
-    std::_Exit(kImpossible);
-}
-
-// The last handler of an exception that nobody caught.
-[[noreturn]] void fin_sans_issue() {
-    try {
-        if (std::current_exception()) std::rethrow_exception(std::current_exception());
-    } catch (const std::bad_alloc&) {
-        plus_de_memoire();
-    } catch (const std::length_error&) {
-        plus_de_memoire();
-    } catch (...) {
-    }
-    std::abort();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::set_terminate(fin_sans_issue);
+    finit_sans_memoire(stderr, "voxtab-calc : mémoire insuffisante\n");   // nothing has been written then
     agrandit_pile(argv);
     std::ios::sync_with_stdio(false);
     const LectureOptions lecture = lis_options(prepare_console(argc, argv));

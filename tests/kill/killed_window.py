@@ -13,7 +13,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
 
 from pilot import Failed, Program, expect, has, role, same, wait, words_of  # noqa: E402
-from recovery import question, recovered  # noqa: E402
+from recovery import asked_about, overtaken, question, recovered  # noqa: E402
 
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
 LONGEST = 4.0    # seconds from a start to the kill
@@ -84,11 +84,10 @@ def words_of_box(p):
 def answer(p, left, sheet):
     """Takes back what is asked about; the count of sheets. An end right behind a save leaves a file that the
     save has overtaken: it goes, or is told when it has another text."""
-    saved = sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
-    if all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left):
+    if overtaken(left, sheet):
         return 0
     words = wait(lambda: words_of_box(p), "the question")
-    asked = next((n for n in range(1, len(left) + 1) if question(n) in words), 0)
+    asked = asked_about(words, len(left))
     if asked:
         p.wait_box(question(asked))
         p.key("Alt+O")

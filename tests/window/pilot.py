@@ -15,6 +15,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 from screen import Screen  # noqa: E402
+from shared import cpu_seconds  # noqa: E402
 
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 
@@ -80,10 +81,8 @@ def wait_same(look, expected, what):
 
 def busy(pid, seconds=1.0):
     """Waits until the process has calculated for that long."""
-    fields = lambda: pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()
-    used = lambda: int(fields()[11]) / os.sysconf("SC_CLK_TCK")
-    start = used()
-    wait(lambda: used() > start + seconds, "the calculation")
+    start = cpu_seconds(pid)
+    wait(lambda: cpu_seconds(pid) > start + seconds, "the calculation")
 
 
 looked_at = []    # the program whose parts are asked for

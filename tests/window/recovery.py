@@ -7,6 +7,17 @@ def question(count):
     return f"La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre {count} feuille(s) ?"
 
 
+def overtaken(left, sheet):
+    """Whether no question comes about these recovery files: the sheet's file has the text of each."""
+    saved = sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
+    return all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left)
+
+
+def asked_about(words, most):
+    """The count of sheets in the question among these words, up to `most`; 0 when it isn't there."""
+    return next((count for count in range(1, most + 1) if question(count) in words), 0)
+
+
 def checksum(data):
     """FNV-1a of 64 bits."""
     value = 0xCBF29CE484222325

@@ -13,6 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "guide")
 
 from pilot import Atspi, Program, has, role, same, text_of, wait, walk  # noqa: E402
 from reader import Reader  # noqa: E402
+from shared import check, failures  # noqa: E402
 from test_steps import heard as quoted_texts, sentences, steps_of  # noqa: E402
 from texts import ROOT, read  # noqa: E402
 
@@ -30,13 +31,6 @@ KEY_NAMES = ("alt gauche", "alt droite", "contrôle gauche", "maj gauche", "maj 
              "échap", "tabulation", "haut", "bas", "gauche", "droite", "espace", "virgule", 
              "point-virgule", "point", "plus", "égal à", "parenthèse ouvrante", "parenthèse fermante")
 record = []
-failures = []
-
-
-def check(condition, what):
-    if not condition:
-        failures.append(what)
-        print("FAILED ", what, flush=True)
 
 
 def is_echo(words):

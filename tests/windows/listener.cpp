@@ -17,6 +17,7 @@
 #include "names.hpp"
 #include "platform/console.hpp"
 #include "platform/utf16_windows.hpp"
+#include "system_name.hpp"
 
 namespace {
 
@@ -44,12 +45,7 @@ std::string name_of(HWND window, LONG object, LONG child) {
         what->Release();
         return depuis_utf16(*given);
     }
-    BSTR words = nullptr;
-    what->get_accName(part, &words);
-    const std::string name = words == nullptr ? "" : depuis_utf16(words);
-    SysFreeString(words);
-    what->Release();
-    return name;
+    return take_name(what, part);
 }
 
 void CALLBACK heard(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {

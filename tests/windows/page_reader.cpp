@@ -13,6 +13,7 @@
 
 #include "platform/console.hpp"
 #include "platform/utf16_windows.hpp"
+#include "system_name.hpp"
 
 using nlohmann::json;
 
@@ -25,11 +26,6 @@ std::string text_of(HWND window) {
     return depuis_utf16(text);
 }
 
-std::string class_of(HWND window) {
-    wchar_t name[64];
-    return depuis_utf16({name, static_cast<std::size_t>(GetClassNameW(window, name, 64))});
-}
-
 LONG style_of(HWND window, LONG mask) { return GetWindowLongW(window, GWL_STYLE) & mask; }
 
 // The visible texts of a window, from the first to the last.
@@ -38,22 +34,6 @@ BOOL CALLBACK collect(HWND window, LPARAM texts) {
     if (class_of(window) == "Static" && !icon && IsWindowVisible(window) && !text_of(window).empty())
         reinterpret_cast<json*>(texts)->push_back(text_of(window));
     return TRUE;
-}
-
-// The name that the system makes for readers.
-std::string name_of(HWND window) {
-    IAccessible* object = nullptr;
-    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                          reinterpret_cast<void**>(&object))))
-        return "";
-    VARIANT self{};
-    self.vt = VT_I4;
-    BSTR words = nullptr;
-    object->get_accName(self, &words);
-    const std::string name = words == nullptr ? "" : depuis_utf16(words);
-    SysFreeString(words);
-    object->Release();
-    return name;
 }
 
 // What kind of control it is, and what is in it.
@@ -73,7 +53,7 @@ void CALLBACK focus_comes(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, 
     json texts = json::array();
     EnumChildWindows(top, collect, reinterpret_cast<LPARAM>(&texts));
     json line = content_of(window);
-    line.update({{"window", text_of(top)}, {"texts", texts}, {"name", name_of(window)}});
+    line.update({{"window", text_of(top)}, {"texts", texts}, {"name", system_name(window)}});
     std::cout << line.dump(-1, ' ', false, json::error_handler_t::replace) << std::endl;
 }
 

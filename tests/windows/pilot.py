@@ -40,6 +40,20 @@ def wait(condition, what, limit=LIMIT):
         time.sleep(PAUSE)
 
 
+def wait_same(look, expected, what):
+    """Waits until `look` gives what is expected."""
+    seen = None
+
+    def found():
+        nonlocal seen
+        seen = look()
+        return seen == expected
+    try:
+        wait(found, what)
+    except Failed:
+        raise Failed(f"{what}: {seen!r}, expected {expected!r}") from None
+
+
 def expect(condition, what):
     if not condition:
         raise Failed(what)
@@ -179,16 +193,10 @@ class Program:
         self.key("Entrée")
 
     def wait_sheet(self, expected):
-        try:
-            wait(lambda: self.sheet() == expected, "the sheet")
-        except Failed:
-            raise Failed(f"the sheet is {self.sheet()!r}, expected {expected!r}") from None
+        wait_same(self.sheet, expected, "the sheet")
 
     def wait_message(self, expected):
-        try:
-            wait(lambda: self.message() == expected, "the message")
-        except Failed:
-            raise Failed(f"the message is {self.message()!r}, expected {expected!r}") from None
+        wait_same(self.message, expected, "the message")
 
     def wait_box(self, words):
         try:

@@ -19,6 +19,7 @@
 #include "names.hpp"
 #include "platform/console.hpp"
 #include "platform/utf16_windows.hpp"
+#include "system_name.hpp"
 
 using nlohmann::json;
 
@@ -36,11 +37,6 @@ std::string text_of(HWND window) {
                         SMTO_NORMAL, kLimit, &read);
     text.resize(read);
     return depuis_utf16(text);
-}
-
-std::string class_of(HWND window) {
-    wchar_t name[64];
-    return depuis_utf16({name, static_cast<std::size_t>(GetClassNameW(window, name, 64))});
 }
 
 // The windows that `next` goes through.
@@ -96,18 +92,7 @@ HWND focused() {
 
 std::string accessible_name(HWND window) {
     if (const auto given = noted_name(window)) return depuis_utf16(*given);
-    IAccessible* object = nullptr;
-    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                          reinterpret_cast<void**>(&object))))
-        return "";
-    VARIANT self{};
-    self.vt = VT_I4;
-    BSTR name = nullptr;
-    object->get_accName(self, &name);
-    const std::string text = name == nullptr ? "" : depuis_utf16(name);
-    SysFreeString(name);
-    object->Release();
-    return text;
+    return system_name(window);
 }
 
 json state_of(HWND w) {

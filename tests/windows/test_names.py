@@ -4,7 +4,7 @@ given through the system's store of names, which Wine doesn't hand on: test_read
 import re
 import sys
 
-from pilot import DEGREE, LIST, TXT, expect, run, same, wait
+from pilot import DEGREE, LIST, TXT, expect, run, same, wait, wait_same
 
 BUILD, PLACE = sys.argv[1:3]
 # Names that the toolkit and the system give when nobody else does, and English words of buttons.
@@ -29,16 +29,7 @@ def names(p):
 
 def reaches(p, expected, what):
     """Waits until exactly these names are there."""
-    last = []
-
-    def there():
-        last[:] = [names(p)]
-        return last[0] == expected
-    try:
-        wait(there, what)
-    except AssertionError:
-        same(last[0], expected, what)
-        raise
+    wait_same(lambda: names(p), expected, what)
 
 
 def views(p):

@@ -15,6 +15,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent / "guide"))
 
 from hearing import SILENCE, line_of_cursor, messages  # noqa: E402
 from pilot import Helper, Program, expect, release_keys, same, wait  # noqa: E402
+from shared import check, failures  # noqa: E402
 from test_steps import heard as quoted_texts, sentences, steps_of  # noqa: E402
 from texts import ROOT, read  # noqa: E402
 
@@ -30,13 +31,6 @@ vraie fenêtre, sous Wine 8. Écrit par tests/windows/test_newcomer.py.
 la ligne du curseur à la fin du pas, que le lecteur lit quand une flèche ou le retour dans la feuille y mène.
 """
 record = []
-failures = []
-
-
-def check(condition, what):
-    if not condition:
-        failures.append(what)
-        print("FAILED ", what, flush=True)
 
 
 class Newcomer:

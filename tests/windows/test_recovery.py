@@ -8,7 +8,7 @@ import threading
 import time
 
 from pilot import TXT, Helper, expect, run, same, wait
-from recovery import question, recovered
+from recovery import asked_about, overtaken, question, recovered
 
 BUILD, PLACE = sys.argv[1:3]
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
@@ -160,11 +160,10 @@ class Typist:
     def answer(self, left):
         """Takes back what is asked about. An end right behind a save leaves a file that the save has overtaken:
         it goes, or is told when it has another text."""
-        saved = self.sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
-        if all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left):
+        if overtaken(left, self.sheet):
             return
         words = wait(self.p.words_of_box, "the question")[0]
-        if words in [question(count) for count in range(1, len(left) + 1)]:
+        if asked_about([words], len(left)):
             self.p.key("Alt+O")
             wait(lambda: (self.p.words_of_box() or [""])[0] != words, "the end of the question")
             words = (self.p.words_of_box() or [""])[0]

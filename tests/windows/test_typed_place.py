@@ -5,7 +5,7 @@ import pathlib
 import subprocess
 import sys
 
-from pilot import run, same, wait
+from pilot import run, same, wait, wait_same
 from places import COMMANDS, LETTER, NO_LINE, SAYS_ITS_LINE, TEXTS, Probe, line_at, place
 
 BUILD, PLACE = sys.argv[1:3]
@@ -27,20 +27,6 @@ def now(p):
     return text, len(control[:p.selection()[0]].replace("\r\n", "\n"))
 
 
-def reaches(seen, expected, what):
-    """Waits until that is seen."""
-    last = []
-
-    def there():
-        last[:] = [seen()]
-        return last[0] == expected
-    try:
-        wait(there, what)
-    except AssertionError:
-        same(last[0], expected, what)
-        raise
-
-
 def entry(p, prompt, proposed, answer):
     """Answers an entry box, which proposes a text that typing replaces."""
     p.wait_box(prompt)
@@ -60,7 +46,7 @@ def behind_each_command(p, text):
     p.launch("A.VXT")
     p.ready()
     probe = Probe(ask, text)
-    reaches(lambda: now(p), place(probe.after([])), "the sheet")
+    wait_same(lambda: now(p), place(probe.after([])), "the sheet")
     for key, *prepared in COMMANDS:
         answers, answer = probe.command(key, *prepared)
         p.key(key)
@@ -69,13 +55,13 @@ def behind_each_command(p, text):
         p.wait_no_box()
         where = f"behind {key} {answers}"
         message = answer["messages"][-1].strip()
-        reaches(lambda: p.message().strip(), message, f"message {where}")
-        reaches(lambda: now(p), place(answer), f"text and cursor {where}")
+        wait_same(lambda: p.message().strip(), message, f"message {where}")
+        wait_same(lambda: now(p), place(answer), f"text and cursor {where}")
         if key in SAYS_ITS_LINE and message not in NO_LINE:
             same(line_at(*place(answer)).strip(), message, f"line of the cursor {where}")
         after = probe.letter()
         p.type(LETTER)
-        reaches(lambda: now(p), place(after), f"text and cursor of the letter {where}")
+        wait_same(lambda: now(p), place(after), f"text and cursor of the letter {where}")
 
 
 def case(name):

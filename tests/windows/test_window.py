@@ -1,6 +1,5 @@
 """The window on Windows: what it shows, what its keys do, what a screen reader hears."""
 import json
-import os
 import pathlib
 import re
 import subprocess
@@ -8,6 +7,7 @@ import sys
 
 from pilot import (ANGLE, CALCULATOR, DEGREE, GRADE, LIST, MESSAGE, QUIT, RADIAN, READ_ONLY, REPLACE,
                    SELECTED, TXT, expect, run, same, wait)
+from shared import cpu_seconds
 
 BUILD, PLACE = sys.argv[1:3]
 
@@ -451,19 +451,12 @@ def deep_formulas(p):
     same(p.sheet().split("\n")[0][-8:], ")))) = 1", "the end of the deep formula")
 
 
-def busy(pid, seconds=1.0):
-    """Waits until the process has calculated for that long."""
-    fields = lambda: pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    used = lambda: int(fields()[11]) / os.sysconf("SC_CLK_TCK")
-    start = used()
-    wait(lambda: used() > start + seconds, "the calculation")
-
-
 def given_up(p):
     """A short press of Escape gives up a long calculation, and closes not the box that says so."""
     p.start(text="A=3¶AIRX(0,1,1E12)¶SIN(X)¶2+2")
     p.key("Alt+C")
-    busy(p.process.pid)
+    start = cpu_seconds(p.process.pid)
+    wait(lambda: cpu_seconds(p.process.pid) > start + 1, "the calculation")
     p.key("Échap")
     p.wait_box("calcul interrompu")
     p.key("Entrée")

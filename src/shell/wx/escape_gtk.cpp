@@ -48,6 +48,9 @@ void lit_l_ecran() {
 
 }  // namespace
 
+// What was pressed before the command has been dealt with before it.
+void oublie_echap() {}
+
 bool echap_tapee() {
     std::vector<GdkEvent*> autres;
     lit_l_ecran();

@@ -40,6 +40,8 @@ bool retire_de_la_file(bool tout) {
 
 }  // namespace
 
+void oublie_echap() { GetAsyncKeyState(VK_ESCAPE); }
+
 bool echap_tapee() {
     const bool en_tete = retire_de_la_file(false);
     const bool tapee = GetAsyncKeyState(VK_ESCAPE) != 0 || en_tete;   // down, or pressed since the last look

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "base/codepage.hpp"
+#include "documents/settings.hpp"
 #include "platform/files.hpp"
 #include "platform/system_path.hpp"
 #include "shell/wx/positions.hpp"
@@ -39,7 +40,7 @@ bool est_dossier(const fs::path& chemin) {
 
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / "VOXTAB.INI")) == 0;
+    return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / kFichierReglages)) == 0;
 }
 
 // The copy comes from this source, or is newer: the user has changed it since.

@@ -7,10 +7,12 @@
 #include <wx/utils.h>
 
 #include <chrono>
+#include <cstdint>
 
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
+#include "sheet/sheet.hpp"
 #include "shell/wx/escape.hpp"
 #include "shell/wx/program_folder.hpp"
 #include "shell/wx/surroundings.hpp"
@@ -18,11 +20,11 @@
 namespace {
 
 constexpr long kEntreDeuxRegards = 200;   // milliseconds between two looks at the Escape key
-constexpr long kEntreDeuxCalculs = 1000;  // without a question: the one that comes is another calculation's
 constexpr long kEntreDeuxSignes = 2000;   // between two beeps of a long calculation
 
 std::string dossier_des_fichiers;         // Windows-1252, set once by installe_systeme
 std::string commande;                     // ... the command line too
+std::uint32_t passe_interrogee = 0;       // number of the pass that asked last
 wxStopWatch dernier_regard;               // time since the last look at the Escape key
 wxStopWatch dernier_signe;                // time since the last beep, or the start of the calculation
 
@@ -44,9 +46,10 @@ std::string en_page(const std::string& utf8) {
     return sortie;
 }
 
-// A calculation has begun: an Escape from before it isn't meant for it.
+// A pass asks for the first time: an Escape from before it isn't meant for it.
 bool commence() {
-    echap_tapee();
+    passe_interrogee = feuille.passes;
+    oublie_echap();
     dernier_signe.Start();
     dernier_regard.Start();
     return false;
@@ -54,9 +57,8 @@ bool commence() {
 
 // Escape gives up a long calculation, which beeps now and then as a sign of life.
 bool interrompu() {
-    const long depuis = dernier_regard.Time();
-    if (depuis < kEntreDeuxRegards) return false;
-    if (depuis > kEntreDeuxCalculs) return commence();
+    if (passe_interrogee != feuille.passes) return commence();
+    if (dernier_regard.Time() < kEntreDeuxRegards) return false;
     dernier_regard.Start();
     if (dernier_signe.Time() >= kEntreDeuxSignes) {
         port.boites.bip();

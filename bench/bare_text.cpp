@@ -19,7 +19,7 @@
 #include "mixed_sheet.hpp"
 #include "platform/memory.hpp"
 #include "program.hpp"
-#include "shell/wx/positions.hpp"
+#include "wx/positions.hpp"
 
 namespace {
 

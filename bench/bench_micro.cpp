@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/codepage.hpp"
-#include "engine/context.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
 #include "mixed_sheet.hpp"
@@ -12,7 +11,8 @@
 #include "sheet/line.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/rendering.hpp"
-#include "sheet/sheet.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

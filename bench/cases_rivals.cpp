@@ -13,7 +13,7 @@
 #include "program.hpp"
 #include "report.hpp"
 #include "rivals.hpp"
-#include "sheet/sheet.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

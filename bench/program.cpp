@@ -6,13 +6,13 @@
 #include <stdexcept>
 
 #include "base/codepage.hpp"
-#include "engine/context.hpp"
 #include "measure.hpp"
 #include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "sheet/recalculation.hpp"
-#include "sheet/sheet.hpp"
 #include "shell/reset.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 
 void prepare_programme(const std::string& texte, std::int16_t unite_angle) {
     installe_port_memoire();

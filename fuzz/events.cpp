@@ -12,8 +12,8 @@
 #include "shell/menu_table.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
-#include "tools/script.hpp"
-#include "tools/script_words.hpp"
+#include "support/script.hpp"
+#include "support/script_words.hpp"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "base/codepage.hpp"
 #include "bytes.hpp"
-#include "engine/context.hpp"
 #include "property/checks.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 
 namespace {

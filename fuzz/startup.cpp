@@ -5,8 +5,8 @@
 
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
-#include "documents/settings.hpp"
 #include "platform/memory.hpp"
+#include "settings/settings.hpp"
 #include "shell/events.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/window.hpp"

@@ -8,7 +8,7 @@
 #include "base/codepage.hpp"
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
-#include "editing/undo.hpp"
+#include "documents/undo.hpp"
 #include "platform/memory.hpp"
 #include "shell/events.hpp"
 #include "shell/menu_table.hpp"

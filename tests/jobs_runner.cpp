@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/stack.hpp"
-#include "tools/job.hpp"
+#include "support/job.hpp"
 
 namespace {
 

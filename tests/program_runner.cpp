@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/stack.hpp"
-#include "tools/script.hpp"
+#include "support/script.hpp"
 
 namespace {
 

@@ -17,7 +17,7 @@
 #include "platform/stack.hpp"
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
-#include "tools/options.hpp"
+#include "terminal/options.hpp"
 
 namespace {
 

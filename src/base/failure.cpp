@@ -5,11 +5,11 @@
 #include <string>
 #include <utility>
 
-#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/memory_reserve.hpp"
-#include "engine/context.hpp"
+#include "platform/boxes.hpp"
 #include "platform/patience.hpp"
+#include "state/context.hpp"
 
 void echoue(int numero) { throw Defaillance{numero}; }
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "base/table.hpp"
-#include "documents/settings.hpp"
+#include "settings/settings.hpp"
 
 struct Documents {
     std::int16_t document_courant = 1;   // number of the sheet in `txt`, 1 to nombre_document

@@ -3,9 +3,9 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/failures.hpp"
-#include "documents/settings.hpp"
+#include "platform/file_failures.hpp"
 #include "platform/platform.hpp"
+#include "settings/settings.hpp"
 #include "shell/help_mode.hpp"
 
 namespace {

@@ -8,10 +8,10 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
-#include "documents/paths.hpp"
 #include "documents/working_copies.hpp"
+#include "platform/message.hpp"
+#include "platform/paths.hpp"
 #include "platform/platform.hpp"
-#include "shell/message.hpp"
 
 Reprise reprise;
 

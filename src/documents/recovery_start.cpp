@@ -13,15 +13,15 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/opened_file.hpp"
-#include "documents/paths.hpp"
 #include "documents/recovery.hpp"
 #include "documents/saving.hpp"
-#include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
+#include "platform/file_failures.hpp"
+#include "platform/paths.hpp"
 #include "platform/platform.hpp"
+#include "settings/settings.hpp"
 
 namespace {
 

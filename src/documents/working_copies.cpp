@@ -10,11 +10,11 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "documents/failures.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/opened_file.hpp"
-#include "documents/paths.hpp"
 #include "documents/recovery_file.hpp"
+#include "platform/file_failures.hpp"
+#include "platform/paths.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
 

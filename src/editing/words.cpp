@@ -11,9 +11,9 @@
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/message.hpp"
 
 Caracteres caracteres;
 

@@ -12,14 +12,14 @@
 #include "base/failure.hpp"
 #include "base/maths.hpp"
 #include "base/number.hpp"
-#include "engine/context.hpp"
-#include "engine/functions.hpp"
 #include "engine/identifiers.hpp"
 #include "engine/reader.hpp"
-#include "matrix/arithmetic.hpp"
-#include "matrix/store.hpp"
+#include "functions/functions.hpp"
+#include "functions/matrix_arithmetic.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
+#include "state/context.hpp"
+#include "state/matrices.hpp"
 
 namespace {
 

@@ -10,10 +10,10 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "engine/context.hpp"
 #include "engine/reader.hpp"
-#include "matrix/store.hpp"
-#include "sheet/sheet.hpp"
+#include "state/context.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

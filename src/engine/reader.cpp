@@ -12,10 +12,10 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "engine/context.hpp"
 #include "engine/identifiers.hpp"
+#include "platform/message.hpp"
 #include "sheet/rendering.hpp"
-#include "shell/message.hpp"
+#include "state/context.hpp"
 
 namespace {
 

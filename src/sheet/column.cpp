@@ -9,13 +9,13 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/message.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/rendering.hpp"
-#include "sheet/sheet.hpp"
+#include "shell/help_mode.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -6,22 +6,22 @@
 #include <cstddef>
 #include <string_view>
 
-#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "engine/context.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "matrix/definition.hpp"
-#include "matrix/store.hpp"
+#include "functions/user_function.hpp"
+#include "platform/boxes.hpp"
+#include "sheet/data_definition.hpp"
 #include "sheet/marks.hpp"
+#include "sheet/matrix_definition.hpp"
 #include "sheet/rendering.hpp"
-#include "sheet/sheet.hpp"
+#include "sheet/statistics_results.hpp"
 #include "sheet/tabulation.hpp"
-#include "stats/definition.hpp"
-#include "stats/results.hpp"
-#include "userfunc/call.hpp"
+#include "state/context.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -8,9 +8,9 @@
 
 #include "base/codepage.hpp"
 #include "editing/lines.hpp"
-#include "matrix/text.hpp"
-#include "stats/results.hpp"
-#include "stats/sorted.hpp"
+#include "functions/sorted_data.hpp"
+#include "sheet/matrix_text.hpp"
+#include "sheet/statistics_results.hpp"
 
 namespace {
 

@@ -5,12 +5,12 @@
 #include <string_view>
 
 #include "base/failure.hpp"
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
-#include "matrix/store.hpp"
+#include "settings/settings.hpp"
+#include "sheet/data_definition.hpp"
 #include "sheet/pass.hpp"
-#include "sheet/sheet.hpp"
-#include "stats/definition.hpp"
+#include "state/context.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

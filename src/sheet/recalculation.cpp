@@ -10,26 +10,26 @@
 #include <string_view>
 #include <utility>
 
-#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
-#include "engine/context.hpp"
 #include "engine/identifiers.hpp"
-#include "matrix/definition.hpp"
+#include "platform/boxes.hpp"
+#include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/message.hpp"
+#include "sheet/data_definition.hpp"
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
+#include "sheet/matrix_definition.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/rendering.hpp"
-#include "sheet/sheet.hpp"
-#include "stats/data.hpp"
-#include "stats/definition.hpp"
+#include "shell/help_mode.hpp"
+#include "state/context.hpp"
+#include "state/data_set.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -10,15 +10,15 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
-#include "engine/functions.hpp"
-#include "engine/progressions.hpp"
-#include "matrix/store.hpp"
-#include "matrix/text.hpp"
+#include "functions/functions.hpp"
+#include "functions/progressions.hpp"
+#include "settings/settings.hpp"
 #include "sheet/marks.hpp"
-#include "sheet/sheet.hpp"
-#include "stats/data.hpp"
+#include "sheet/matrix_text.hpp"
+#include "state/context.hpp"
+#include "state/data_set.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "sheet/line.hpp"
-#include "sheet/sheet.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -5,19 +5,19 @@
 #include <cmath>
 #include <string>
 
-#include "base/boxes.hpp"
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "engine/context.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "engine/repetition.hpp"
+#include "functions/repetition.hpp"
+#include "platform/boxes.hpp"
+#include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
-#include "shell/message.hpp"
 #include "sheet/line.hpp"
 #include "sheet/rendering.hpp"
-#include "sheet/sheet.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -8,9 +8,9 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "documents/settings.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
-#include "shell/message.hpp"
+#include "settings/settings.hpp"
 #include "shell/window.hpp"
 
 Couleurs couleurs;

@@ -1,8 +1,8 @@
 // Key-help mode: the instance of its flags and the announcement of a command.
 #include "shell/help_mode.hpp"
 
+#include "platform/message.hpp"
 #include "shell/menu_table.hpp"
-#include "shell/message.hpp"
 
 Aide aide;
 

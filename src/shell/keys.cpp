@@ -7,15 +7,15 @@
 
 #include "documents/open_documents.hpp"
 #include "documents/saving.hpp"
+#include "documents/undo.hpp"
 #include "editing/search.hpp"
-#include "editing/undo.hpp"
 #include "editing/words.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
-#include "shell/message.hpp"
-#include "shell/views.hpp"
+#include "platform/message.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
+#include "shell/help_mode.hpp"
+#include "shell/menu_table.hpp"
+#include "shell/views.hpp"
 
 Clavier clavier;
 

@@ -10,16 +10,16 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "documents/dialog.hpp"
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "settings/settings.hpp"
+#include "sheet/recalculation.hpp"
 #include "shell/commands.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
-#include "shell/message.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "sheet/recalculation.hpp"
+#include "state/context.hpp"
 
 namespace {
 

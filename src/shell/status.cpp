@@ -7,9 +7,9 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
-#include "engine/context.hpp"
 #include "engine/identifiers.hpp"
 #include "shell/window.hpp"
+#include "state/context.hpp"
 
 namespace {
 

@@ -2,13 +2,13 @@
 #include "shell/tools.hpp"
 
 #include "base/codepage.hpp"
-#include "documents/tool_options.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "settings/tool_options.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
-#include "shell/message.hpp"
-#include "sheet/sheet.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 
 // The choice counts at once, and is heard; a file that can't be written is told behind it.
 void mnuSonItem() {

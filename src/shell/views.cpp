@@ -9,19 +9,19 @@
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
-#include "documents/settings.hpp"
-#include "documents/startup.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/lines.hpp"
 #include "editing/search.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "settings/settings.hpp"
+#include "sheet/recalculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/message.hpp"
+#include "shell/startup.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "sheet/recalculation.hpp"
+#include "state/context.hpp"
 
 namespace {
 

@@ -23,7 +23,7 @@ def literals() -> dict[str, str]:
     found: dict[str, str] = {}
     for path in sorted((ROOT / "src").rglob("*.[ch]pp")):
         name = str(path.relative_to(ROOT / "src"))
-        if name.startswith(("tools/", "platform/")) or name == "shell/menu_table.cpp":
+        if name.startswith(("terminal/", "platform/")) or name == "shell/menu_table.cpp":
             continue                       # the menu table has a test of its own
         text = re.sub(r"//[^\n]*|#include[^\n]*", "", path.read_text(encoding="utf-8"))
         text = re.sub(r"'(?:[^'\\\n]|\\.)'", "' '", text)      # a quote as a character opens nothing

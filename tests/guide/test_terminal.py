@@ -74,7 +74,7 @@ def source_faults(page: str) -> list[str]:
 
 def window_options() -> set[str]:
     """The options that the desktop program compares its arguments with or tells in its help."""
-    text = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "src/shell/wx").glob("*.cpp"))
+    text = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "src/wx").glob("*.cpp"))
     return {option for literal in re.findall(r'" *(--[a-z]+)(?:"| +montre)', text) for option in options(literal)}
 
 

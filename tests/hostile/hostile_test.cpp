@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "engine/context.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 

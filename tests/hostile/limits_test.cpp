@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/context.hpp"
-#include "matrix/definition.hpp"
+#include "sheet/matrix_definition.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 

@@ -10,12 +10,12 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
 #include "injection/sheets.hpp"
 #include "platform/stack.hpp"
+#include "settings/settings.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 
 namespace {

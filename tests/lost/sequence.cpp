@@ -9,7 +9,7 @@
 #include "platform/memory.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/window.hpp"
-#include "tools/script.hpp"
+#include "support/script.hpp"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery_file.hpp"
-#include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
-#include "tools/script.hpp"
+#include "settings/settings.hpp"
+#include "support/script.hpp"
 
 namespace {
 

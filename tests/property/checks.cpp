@@ -8,10 +8,10 @@
 #include <utility>
 
 #include "base/codepage.hpp"
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "property/kept.hpp"
-#include "shell/message.hpp"
+#include "settings/settings.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 
 namespace {

@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "base/codepage.hpp"
-#include "engine/context.hpp"
+#include "platform/message.hpp"
 #include "property/checks.hpp"
 #include "property/kept.hpp"
-#include "shell/message.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 
 namespace {

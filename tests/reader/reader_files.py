@@ -96,7 +96,7 @@ class Settings(unittest.TestCase):
 
 class Scripts(unittest.TestCase):
     def test_they_watch_the_message_line_of_the_window(self):
-        ids = (ROOT / "src/shell/wx/ids.hpp").read_text(encoding="utf-8")
+        ids = (ROOT / "src/wx/ids.hpp").read_text(encoding="utf-8")
         label = re.search(r"kLblMessage = (\d+);", ids).group(1)
         watched = re.search(r"ID_LIGNE_MESSAGE = (\d+)", plain("voxtab.jss")).group(1)
         self.assertEqual(watched, label)

@@ -13,8 +13,8 @@
 #include <string_view>
 #include <vector>
 
-#include "documents/startup.hpp"
 #include "reader/tree.hpp"
+#include "shell/startup.hpp"
 #include "support/program.hpp"
 
 namespace {

@@ -4,15 +4,15 @@
 #include <bit>
 #include <utility>
 
-#include "engine/context.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "engine/repetition.hpp"
-#include "matrix/store.hpp"
+#include "functions/repetition.hpp"
 #include "platform/memory.hpp"
 #include "platform/patience.hpp"
-#include "sheet/sheet.hpp"
-#include "stats/data.hpp"
+#include "state/context.hpp"
+#include "state/data_set.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -6,15 +6,15 @@
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
-#include "documents/settings.hpp"
 #include "editing/search.hpp"
-#include "engine/context.hpp"
 #include "platform/memory.hpp"
+#include "platform/message.hpp"
+#include "settings/settings.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menu_table.hpp"
-#include "shell/message.hpp"
 #include "shell/window.hpp"
+#include "state/context.hpp"
 
 namespace {
 

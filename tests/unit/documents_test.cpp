@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "documents/open_documents.hpp"
-#include "documents/paths.hpp"
-#include "documents/settings.hpp"
 #include "documents/working_copies.hpp"
-#include "reader/scripts.hpp"
+#include "platform/paths.hpp"
+#include "settings/settings.hpp"
 #include "shell/events.hpp"
+#include "shell/reader_files.hpp"
 #include "support/program.hpp"
 
 namespace {

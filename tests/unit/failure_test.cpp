@@ -8,7 +8,7 @@
 #include <string>
 
 #include "base/number.hpp"
-#include "engine/context.hpp"
+#include "state/context.hpp"
 #include "unit/helpers.hpp"
 
 namespace {

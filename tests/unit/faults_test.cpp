@@ -13,12 +13,12 @@
 
 #include "documents/open_documents.hpp"
 #include "documents/recovery_file.hpp"
-#include "documents/settings.hpp"
 #include "helpers.hpp"
+#include "settings/settings.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
+#include "support/script.hpp"
 #include "support/snapshot.hpp"
-#include "tools/script.hpp"
 #include "unit/faults_scenarios.hpp"
 
 namespace {

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "documents/open_documents.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "shell/events.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/message.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
 

@@ -8,9 +8,9 @@
 #include <thread>
 
 #include "base/failure.hpp"
-#include "matrix/inverse.hpp"
-#include "matrix/store.hpp"
+#include "functions/inverse.hpp"
 #include "platform/side_by_side.hpp"
+#include "state/matrices.hpp"
 
 namespace {
 

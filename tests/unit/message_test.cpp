@@ -1,5 +1,5 @@
 // The message line: every call changes the label.
-#include "shell/message.hpp"
+#include "platform/message.hpp"
 
 #include <doctest/doctest.h>
 

@@ -17,7 +17,7 @@
 #include "platform/files.hpp"
 #include "shell/events.hpp"
 #include "support/program.hpp"
-#include "tools/sheet_file.hpp"
+#include "terminal/sheet_file.hpp"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The command line of voxtab-calc: what each option sets, and the French words of every refusal.
-#include "tools/options.hpp"
+#include "terminal/options.hpp"
 
 #include <doctest/doctest.h>
 
@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "documents/settings.hpp"
-#include "engine/context.hpp"
+#include "settings/settings.hpp"
+#include "state/context.hpp"
 
 namespace {
 

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "engine/context.hpp"
 #include "sheet/recalculation.hpp"
-#include "sheet/sheet.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/context.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 

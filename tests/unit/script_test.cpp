@@ -1,6 +1,6 @@
 // The interpreter of scripts: what makes a step fail, and what the failure says. That correct steps
 // pass is shown by the scripts of tests/program.
-#include "tools/script.hpp"
+#include "support/script.hpp"
 
 #include <doctest/doctest.h>
 

@@ -12,13 +12,13 @@
 #include <vector>
 
 #include "documents/open_documents.hpp"
-#include "documents/settings.hpp"
 #include "editing/search.hpp"
-#include "engine/context.hpp"
 #include "helpers.hpp"
+#include "settings/settings.hpp"
 #include "shell/events.hpp"
 #include "shell/menu_table.hpp"
 #include "shell/window.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 #include "support/snapshot.hpp"
 

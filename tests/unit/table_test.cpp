@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "matrix/store.hpp"
+#include "state/matrices.hpp"
 #include "unit/helpers.hpp"
 
 TEST_CASE("table: indexes run from 1 and every other one fails") {

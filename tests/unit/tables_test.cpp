@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "documents/open_documents.hpp"
-#include "documents/settings.hpp"
 #include "helpers.hpp"
 #include "one_sheet.hpp"
+#include "settings/settings.hpp"
 #include "shell/commands.hpp"
 #include "shell/events.hpp"
 #include "shell/help_mode.hpp"

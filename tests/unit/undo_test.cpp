@@ -1,7 +1,7 @@
 // Undo and redo: what is kept stays within its bound, the last change is kept whatever its size,
 // random changes go back and forth to the byte, and the two keys are taken with exactly their
 // modifiers.
-#include "editing/undo.hpp"
+#include "documents/undo.hpp"
 
 #include <doctest/doctest.h>
 
@@ -13,9 +13,9 @@
 #include "documents/open_documents.hpp"
 #include "helpers.hpp"
 #include "one_sheet.hpp"
-#include "sheet/sheet.hpp"
 #include "shell/events.hpp"
 #include "shell/menu_table.hpp"
+#include "state/sheet.hpp"
 
 namespace {
 

@@ -9,9 +9,9 @@
 
 #include "base/codepage.hpp"
 #include "base/typed_text.hpp"
-#include "shell/wx/contrast.hpp"
-#include "shell/wx/pages.hpp"
-#include "shell/wx/positions.hpp"
+#include "wx/contrast.hpp"
+#include "wx/pages.hpp"
+#include "wx/positions.hpp"
 
 namespace {
 

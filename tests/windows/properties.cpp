@@ -19,7 +19,7 @@
 
 #include "platform/utf16_windows.hpp"
 #include "property_store.hpp"
-#include "shell/wx/announce.hpp"
+#include "wx/announce.hpp"
 
 namespace {
 

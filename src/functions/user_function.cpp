@@ -1,0 +1,134 @@
+// The one user function of a sheet: a text with one variable. A call binds the variable, which keeps
+// its value, and evaluates the text again. Changes `moteur`.
+#include "functions/user_function.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "engine/grammar.hpp"
+#include "engine/identifiers.hpp"
+#include "engine/reader.hpp"
+#include "platform/platform.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
+
+namespace {
+
+// How deep calls may come: always the same, so that a sheet gives the same on every system. The stack
+// that the program gives itself holds as many, with fifty kilobytes for each.
+constexpr int kAppelsMaxi = 10000;
+
+// Room for one more call, where the system gave less stack or a call needs more, so that a function
+// without end is stopped here and not in a bracket of it.
+constexpr std::size_t kReserveAppel = 1u << 20;
+
+// The flag stays as it was: only the box tells of a failure here.
+constexpr Procedure kMotsFon{"sur fon"_fr, false};
+
+// What a call keeps of the formula around it. The error flag and text are not kept: the inner
+// evaluation starts by clearing them.
+struct Appelant {
+    std::string p_formule = std::move(moteur.p_formule);
+    std::string l_symbole = std::move(moteur.l_symbole);
+    double l_valeur = moteur.l_valeur;
+    double l_valeur_expression = moteur.l_valeur_expression;
+    double l_sauve_expression = moteur.l_sauve_expression;
+    double l_valeur_facteur = moteur.l_valeur_facteur;
+    double l_valeur_not = moteur.l_valeur_not;
+    double l_valeur_exposant = moteur.l_valeur_exposant;
+    double l_valeur_terme = moteur.l_valeur_terme;
+    double l_valeur_egalite = moteur.l_valeur_egalite;
+    double l_argument1 = moteur.l_argument1;
+    double l_argument2 = moteur.l_argument2;
+    double l_argument3 = moteur.l_argument3;
+    std::int16_t p_position = moteur.p_position;
+    std::int16_t l_var = moteur.l_var;
+    std::int16_t type_f = moteur.type_f;
+    char l_matrice = moteur.l_matrice;
+    bool lecture_finie = moteur.lecture_finie;
+
+    void remet() noexcept {
+        moteur.p_formule = std::move(p_formule);
+        moteur.l_symbole = std::move(l_symbole);
+        moteur.l_valeur = l_valeur;
+        moteur.l_valeur_expression = l_valeur_expression;
+        moteur.l_sauve_expression = l_sauve_expression;
+        moteur.l_valeur_facteur = l_valeur_facteur;
+        moteur.l_valeur_not = l_valeur_not;
+        moteur.l_valeur_exposant = l_valeur_exposant;
+        moteur.l_valeur_terme = l_valeur_terme;
+        moteur.l_valeur_egalite = l_valeur_egalite;
+        moteur.l_argument1 = l_argument1;
+        moteur.l_argument2 = l_argument2;
+        moteur.l_argument3 = l_argument3;
+        moteur.p_position = p_position;
+        moteur.l_var = l_var;
+        moteur.type_f = type_f;
+        moteur.l_matrice = l_matrice;
+        moteur.lecture_finie = lecture_finie;
+    }
+};
+
+// Writes a refusal of the definition behind the line in calculation.
+void refuse_definition(std::string_view texte) {
+    Tente(kCalculChaine, [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
+    moteur.erreur_formule = true;
+}
+
+// A function that calls itself goes on until it comes too deep: that call shows the box and gives 0,
+// and so do without a word the calls that those around it have still to make, which would be countless.
+bool appels_finis() noexcept {
+    if (moteur.appels_epuises) return true;
+    moteur.appels_epuises = !Tente(kMotsFon, [] {
+        if (moteur.appels_fon >= kAppelsMaxi || !reste_pile(kReserveAppel)) echoue(kPile);
+    });
+    return moteur.appels_epuises;
+}
+
+}  // namespace
+
+void DefFon() noexcept {
+    const std::size_t egal = moteur.p_formule.find('=');
+    if (egal == std::string::npos) {
+        refuse_definition(" = manque le ="_fr);
+        return;
+    }
+    moteur.fonction_active = 0;   // a new definition replaces the old one
+    moteur.definition_fonction_active = true;
+    Tente(kCalculChaine, [&] {
+        moteur.p_formule = sans_blancs(std::string(moteur.p_formule, egal + 1));
+        moteur.nom_fonction = moteur.p_formule;
+    });
+    // The scan only looks for the variable: its value is thrown away, and errors are silent.
+    evalue_formule();
+    moteur.definition_fonction_active = false;
+    if (moteur.fonction_active == 0) {
+        refuse_definition(" = variable inconnue"_fr);
+        moteur.nom_fonction.clear();
+    }
+}
+
+void fon(double valeur, double& resultat) noexcept {
+    resultat = 0;
+    if (moteur.nom_fonction.empty()) {
+        affiche_erreur_formule("Fonction inconnue"_fr);
+        return;
+    }
+    const auto rang = static_cast<std::size_t>(moteur.fonction_active);
+    moteur.valeur_variable[rang] = valeur;
+    moteur.variable_definie[rang] = true;
+    if (appels_finis()) return;
+    Appelant appelant;
+    ++moteur.appels_fon;
+    Tente(kMotsFon, [] {
+        moteur.p_formule = moteur.nom_fonction;
+        TestVariable();
+    });
+    resultat = evalue_formule();
+    appelant.remet();
+    if (--moteur.appels_fon == 0) moteur.appels_epuises = false;
+}

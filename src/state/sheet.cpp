@@ -1,0 +1,25 @@
+// The instance of the sheet's tables, and the insertion into the rebuilt text.
+#include "state/sheet.hpp"
+
+#include <algorithm>
+
+Feuille feuille;
+
+std::size_t lignes_closes(std::string_view texte) {
+    std::size_t compte = 0;
+    for (std::size_t i = texte.find("\r\n"); i != std::string_view::npos; i = texte.find("\r\n", i + 2))
+        ++compte;
+    return compte;
+}
+
+void insere_texte_reconstruit(std::size_t position, const std::string& texte) {
+    std::string& cible = feuille.texte_reconstruit;
+    position = std::min(position, cible.size());
+    const std::size_t dessous = lignes_closes(std::string_view(cible).substr(position));
+    const std::size_t avant = position == 0 ? std::string::npos : cible.rfind("\r\n", position - 1);
+    cible.insert(position, texte);
+    std::vector<std::int32_t>& colonnes = feuille.colonne_resultat;
+    if (dessous >= colonnes.size()) return;
+    const std::size_t debut = avant == std::string::npos ? 0 : avant + 2;
+    colonnes[colonnes.size() - 1 - dessous] = static_cast<std::int32_t>(position - debut);
+}

@@ -1,0 +1,69 @@
+// Texts and positions between the sheet and the text control. Changes no state.
+#include "wx/positions.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "base/codepage.hpp"
+
+namespace {
+
+constexpr std::string_view kSymboleZero = "\xE2\x90\x80";   // U+2400
+
+// Bytes of the line end at `i`, 0 when there is none.
+std::size_t fin_de_ligne(std::string_view texte, std::size_t i) {
+    if (texte[i] == '\n') return 1;
+    if (texte[i] != '\r') return 0;
+    return i + 1 < texte.size() && texte[i + 1] == '\n' ? 2 : 1;
+}
+
+// Bytes of the one character, or line end, of the sheet at `i`.
+std::size_t largeur(std::string_view texte, std::size_t i) {
+    const std::size_t fin = fin_de_ligne(texte, i);
+    return fin == 0 ? 1 : fin;
+}
+
+// Every line end as LF, code 0 as its symbol: texts without either, nearly all, are only copied.
+std::string remplace_zeros(std::string&& utf8) {
+    for (std::size_t i = 0; (i = utf8.find('\0', i)) != std::string::npos; i += kSymboleZero.size())
+        utf8.replace(i, 1, kSymboleZero);
+    return std::move(utf8);
+}
+
+}  // namespace
+
+std::string texte_du_controle(std::string_view feuille) {
+    std::string sortie;
+    sortie.reserve(feuille.size());
+    for (std::size_t i = 0; i < feuille.size(); i += largeur(feuille, i))
+        sortie += fin_de_ligne(feuille, i) != 0 ? '\n' : feuille[i];
+    return remplace_zeros(vers_utf8(sortie));
+}
+
+std::string texte_de_la_feuille(std::string_view controle) {
+    std::string sortie;
+    sortie.reserve(controle.size() + controle.size() / 16);
+    while (!controle.empty()) {
+        const CaractereLu lu = lit_utf8(controle.substr(0, 4));
+        const int code = lu.caractere == 0x2400 ? 0 : code_de(lu.caractere);
+        if (code == '\n')
+            sortie += "\r\n";
+        else if (lu.octets != 0 && code >= 0)
+            sortie += static_cast<char>(code);
+        controle.remove_prefix(lu.octets == 0 ? 1 : lu.octets);
+    }
+    return sortie;
+}
+
+std::size_t position_du_controle(std::string_view feuille, std::size_t octet) {
+    std::size_t caracteres = 0;
+    const std::size_t fin = std::min(octet, feuille.size());
+    for (std::size_t i = 0; i < fin; i += largeur(feuille, i)) ++caracteres;
+    return caracteres;
+}
+
+std::size_t position_de_la_feuille(std::string_view feuille, std::size_t caractere) {
+    std::size_t i = 0;
+    while (i < feuille.size() && caractere-- > 0) i += largeur(feuille, i);
+    return i;
+}

@@ -1,6 +1,6 @@
 // A failure of the arithmetic or of the run-time environment, and the one way to survive it:
 // Tente runs one statement; a failure raised in it shows one box and the procedure goes on.
-// Holds no state; signale_defaillance sets erreur_formule of the engine for the procedures that say so.
+// Holds no state but the way to the user, `signalement`, which the floors above fill in.
 #pragma once
 
 #include <new>
@@ -39,6 +39,14 @@ inline constexpr Procedure kCommande{"", false};
 
 // Raises failure `numero`. Never returns.
 [[noreturn]] void echoue(int numero);
+
+// How a failure reaches the user and the formula. Nothing happens until it is filled in, at the start.
+struct Signalement {
+    void (*boite)(std::string_view texte) = [](std::string_view) {};   // shows a box, Windows-1252
+    void (*abandon)() = [] {};         // tells that the user gave up, the first time that it is called
+    void (*marque_formule)() = [] {};  // sets erreur_formule
+};
+extern Signalement signalement;
 
 // Shows the box "N N<words>" and sets erreur_formule when the procedure does so. A calculation that the
 // user gave up is told once, "calcul interrompu", and marks the formula in any procedure.

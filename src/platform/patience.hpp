@@ -19,6 +19,9 @@ bool abandonne();
 
 [[gnu::cold]] void demande();   // asks; raises kAbandon when the answer is no
 
+// Tells that the user gave up: "calcul interrompu", by the first procedure that meets it.
+void dit_abandon();
+
 // Notes so many steps of work, and asks when it is time. Raises failure kAbandon when the user gives up,
 // and at every call from then on.
 inline void demande_suite(std::size_t pas) {

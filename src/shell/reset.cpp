@@ -8,6 +8,7 @@
 #include "editing/search.hpp"
 #include "editing/words.hpp"
 #include "platform/boxes.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "settings/settings.hpp"
@@ -19,6 +20,8 @@
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/menu_table.hpp"
+#include "shell/status.hpp"
+#include "shell/views.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
@@ -26,6 +29,7 @@
 #include "state/sheet.hpp"
 
 void reinitialise_tout() {
+    crochets = {marque_modifie, AfficheStatus, quitte_vues, [] { return !aide.aide_touche; }};
     reinitialise_moteur();
     boites_de_passe = BoitesDePasse{};
     feuille = Feuille{};

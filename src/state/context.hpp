@@ -66,5 +66,6 @@ inline double& variable(char lettre) {
     return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
 }
 
-// Puts the context and the modes back to their initial values and seeds the random generator.
+// Puts the context and the modes back to their initial values, seeds the random generator, and has failures
+// told by boxes and marked in the formula.
 void reinitialise_moteur();

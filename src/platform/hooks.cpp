@@ -1,0 +1,4 @@
+// The instance of the hooks.
+#include "platform/hooks.hpp"
+
+Crochets crochets;

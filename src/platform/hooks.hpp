@@ -1,0 +1,11 @@
+// What a lower floor has to tell the floors above it, as procedures that the program fills in once. Each
+// does nothing until then. One instance, `crochets`.
+#pragma once
+
+struct Crochets {
+    void (*document_modifie)() = [] {};              // the sheet shown has become unlike its file
+    void (*statut)() = [] {};                        // another sheet is shown, or under another name
+    void (*quitte_vues)() = [] {};                   // the sheet is wanted again, whatever is shown
+    bool (*feuille_montree)() = [] { return true; }; // the text control shows a sheet, not the key help
+};
+extern Crochets crochets;

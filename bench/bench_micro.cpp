@@ -6,11 +6,11 @@
 #include "base/codepage.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/number_text.hpp"
 #include "mixed_sheet.hpp"
 #include "program.hpp"
 #include "sheet/line.hpp"
 #include "sheet/recalculation.hpp"
-#include "sheet/rendering.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 

@@ -13,8 +13,8 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/number_text.hpp"
 #include "platform/message.hpp"
-#include "sheet/rendering.hpp"
 #include "state/context.hpp"
 
 namespace {

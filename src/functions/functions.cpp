@@ -9,6 +9,7 @@
 #include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
+#include "engine/number_text.hpp"
 #include "engine/reader.hpp"
 #include "functions/formulas.hpp"
 #include "functions/inverse.hpp"
@@ -16,7 +17,6 @@
 #include "functions/sorted_data.hpp"
 #include "functions/statistics.hpp"
 #include "functions/user_function.hpp"
-#include "sheet/rendering.hpp"
 #include "state/context.hpp"
 
 namespace {

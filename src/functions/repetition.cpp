@@ -18,9 +18,9 @@
 #include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
+#include "engine/number_text.hpp"
 #include "engine/reader.hpp"
 #include "functions/formulas.hpp"
-#include "sheet/rendering.hpp"
 #include "state/context.hpp"
 
 namespace {

@@ -12,7 +12,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "sheet/rendering.hpp"
+#include "engine/number_text.hpp"
 #include "state/data_set.hpp"
 #include "state/sheet.hpp"
 

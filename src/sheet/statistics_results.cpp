@@ -8,8 +8,8 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
+#include "engine/number_text.hpp"
 #include "settings/settings.hpp"
-#include "sheet/rendering.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 

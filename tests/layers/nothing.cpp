@@ -1,0 +1,2 @@
+// A program with nothing of its own: see src/CMakeLists.txt.
+int main() {}

@@ -124,7 +124,7 @@ void mesure_operation(const Operation& operation, int n, int repetitions) {
 
 // ---- Data sets
 
-// `nombre` values of one digit, so that as many as possible fit in a formula, behind each other.
+// `nombre` values of one digit, so that as many as possible fit in a formula, after each other.
 std::string chiffres_au_hasard(int nombre, const std::string& separateur, unsigned graine) {
     std::mt19937 hasard(graine);
     std::string texte;

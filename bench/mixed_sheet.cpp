@@ -149,7 +149,7 @@ std::string_view commentaire(Hasard& hasard) {
     return kCommentaires[hasard() % kCommentaires.size()];
 }
 
-// One line behind the opening ones.
+// One line after the opening ones.
 void ajoute_ligne(FeuilleMixte& f, Hasard& hasard, std::int16_t numero, Melange melange) {
     if (tombe(hasard, 12)) {
         if (tombe(hasard, 65)) f.texte += commentaire(hasard);

@@ -1,4 +1,4 @@
-// The program under measurement: a fresh one over the memory filler for each repetition, so that a
+// The program under measurement: a fresh one over the in-memory port for each repetition, so that a
 // pass pays for all its tables. Changes every subsystem of the core.
 #pragma once
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-// The bytes of a run; behind their end all numbers are 0 and all texts empty.
+// The bytes of a run; after their end all numbers are 0 and all texts empty.
 class Octets {
 public:
     Octets(const std::uint8_t* debut, std::size_t taille)
@@ -33,7 +33,7 @@ std::string avec_lignes(std::string_view texte);
 // Stops the run with what is wrong when it doesn't hold; `vu` shows what was there.
 void verifie(bool tient, std::string_view faute, std::string_view vu = {});
 
-// A fresh program on the memory filler with a stack of one megabyte below here, so that deep
+// A fresh program on the in-memory port with a stack of one megabyte below here, so that deep
 // recursions end at once: the formulas that need more are tested elsewhere.
 void programme_de_fuzz();
 

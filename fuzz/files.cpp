@@ -35,7 +35,7 @@ void verifie_texte(const std::string& texte) {
     }
 }
 
-// The file holds the sheet with one line end behind it, in Unicode when its bytes would be taken for that,
+// The file holds the sheet with one line end after it, in Unicode when its bytes would be taken for that,
 // and is read back as that sheet.
 void verifie_fichier(const char* nom, const std::string& texte) {
     const std::optional<std::string> ecrit = lit_memoire(nom);

@@ -1,5 +1,5 @@
 // Any text as a formula of X, evaluated again and again by the repeated evaluation and by its text:
-// the same bits, errors and boxes, and the same context behind it.
+// the same bits, errors and boxes, and the same context after it.
 #include <bit>
 #include <cstdint>
 #include <string>

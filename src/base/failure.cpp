@@ -1,5 +1,5 @@
 // Raising a failure and showing its box. Changes `signalement` at the start alone, and takes the
-// reserve of memory again behind a failure for want of it.
+// reserve of memory again after a failure for want of it.
 #include "base/failure.hpp"
 
 #include <string>

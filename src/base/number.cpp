@@ -15,7 +15,7 @@ bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 // The parts of a numeric beginning, as positions in its text.
 struct Prefixe {
     std::size_t debut = 0;        // first digit or point
-    std::size_t fin = 0;          // behind the last character used; equal to debut when nothing reads
+    std::size_t fin = 0;          // after the last character used; equal to debut when nothing reads
     std::size_t exposant = 0;     // position of "E" or "D", or 0 when there is none
     bool negatif = false;
 };
@@ -132,7 +132,7 @@ void arrondit_chiffres(QuinzeChiffres& q, int place) {
     }
 }
 
-// Adds an unsigned integer's figures, with `decimales` zeros behind a point when there are any.
+// Adds an unsigned integer's figures, with `decimales` zeros after a point when there are any.
 void ajoute_entier(std::string& sortie, std::uint64_t n, int decimales) {
     std::array<char, 24> texte;
     const auto fin = std::to_chars(texte.data(), texte.data() + texte.size(), n).ptr;
@@ -212,7 +212,7 @@ void ajoute_texte_fixe(std::string& sortie, double x, int decimales) {
     if (ajoute_fixe_rapide(sortie, absolu, decimales)) return;
     QuinzeChiffres q = quinze_chiffres(x);
     arrondit_chiffres(q, q.exposant + 1 + decimales);
-    const auto chiffre = [&](int rang) {   // digit of rank 10^-rang behind the first
+    const auto chiffre = [&](int rang) {   // digit of rank 10^-rang after the first
         return rang < 0 || rang > 14 ? '0' : q.chiffre[static_cast<std::size_t>(rang)];
     };
     for (int i = 0; i <= std::max(q.exposant, 0); ++i)

@@ -18,7 +18,7 @@ double prefixe_numerique(std::string_view texte);
 std::string texte_general(double x);
 
 // Fixed text with exactly `decimales` decimals (negative counts as 0), rounded half away from zero
-// on the decimal form of 15 significant digits; digits behind the fifteenth are zeros. A negative
+// on the decimal form of 15 significant digits; digits after the fifteenth are zeros. A negative
 // value that rounds to nothing keeps its "-"; minus zero is "0".
 void ajoute_texte_fixe(std::string& sortie, double x, int decimales);
 inline std::string texte_fixe(double x, int decimales) {

@@ -55,7 +55,7 @@ constexpr std::array kRemplacementsCalcul = {
     Remplacement{U"\u2013\u2014", "-"},
 };
 
-// Signs that are exponents by themselves, and what they are behind "^".
+// Signs that are exponents by themselves, and what they are after "^".
 constexpr std::u32string_view kExposants =
     U"\u2070\u00B9\u00B2\u00B3\u2074\u2075\u2076\u2077\u2078\u2079\u207A\u207B\u207C\u207D\u207E\u207F";
 constexpr std::string_view kSignesExposants = "0123456789+-=()n";
@@ -118,7 +118,7 @@ bool ajoute_puissance(std::string& sortie, char32_t c, std::string_view& reste) 
     return true;
 }
 
-// Adds one character in the code page, with the accent that stands behind it. False when the sheet
+// Adds one character in the code page, with the accent that stands after it. False when the sheet
 // can't have it.
 bool ajoute_caractere(std::string& sortie, char32_t c, std::string_view& reste) {
     const CaractereLu suite = suivant(reste);
@@ -127,7 +127,7 @@ bool ajoute_caractere(std::string& sortie, char32_t c, std::string_view& reste) 
         reste.remove_prefix(suite.octets);
         ajoute(sortie, lettre);
     } else if (c == '\r' && suite.caractere == '\n') {
-        // The LF behind it is the line end.
+        // The LF after it is the line end.
     } else if (const Remplacement* r = remplacement(kRemplacements, c)) {
         sortie += r->texte;
     } else if (c != 0 && code_de(c) >= 0) {
@@ -143,7 +143,7 @@ bool simple(char32_t c, std::string_view reste) {
     return c < 0x80 && c != '\r' && (reste.empty() || static_cast<unsigned char>(reste[0]) < 0x80);
 }
 
-// The sheet's line while a text goes in behind what stands there.
+// The sheet's line while a text goes in after what stands there.
 struct LigneEnCours {
     std::string sortie;              // in the code page, from the start of the first line
     std::size_t vus = 0;             // bytes of it that `calcule` knows
@@ -172,7 +172,7 @@ bool ferme(char c) { return c == ')' || c == ']' || c == '}'; }
 bool finit_nombre(char c) { return est_chiffre(static_cast<unsigned char>(c)) || ferme(c); }
 
 // The letter that a circumflex has taken and that is a power here, or 0. A letter of the code page is
-// one behind a number or a bracket alone: elsewhere it may be a word's.
+// one after a number or a bracket alone: elsewhere it may be a word's.
 char lettre_de_puissance(const LigneEnCours& ligne, char32_t c) {
     const std::size_t rang = kCirconflexes.find(c);
     const char avant = ligne.dernier();
@@ -199,7 +199,7 @@ bool ajoute_calcul(LigneEnCours& ligne, char32_t c, std::string_view& reste) {
 }
 
 // True when the calculation ends its number at the byte that came last, and says nothing of the rest:
-// a sign that it doesn't know, or a blank with a digit behind it.
+// a sign that it doesn't know, or a blank with a digit after it.
 bool passe_sous_silence(const LigneEnCours& ligne, std::size_t avant, std::string_view reste) {
     if (!ligne.calcule || ligne.sortie.size() != avant + 1) return false;
     const char c = ligne.sortie[avant];
@@ -210,7 +210,7 @@ bool passe_sous_silence(const LigneEnCours& ligne, std::size_t avant, std::strin
     return static_cast<unsigned char>(c) >= 0x80 && c != static_cast<char>(kCarre);
 }
 
-// Takes one character in, with the accent or the exponents that stand behind it. False when the sheet
+// Takes one character in, with the accent or the exponents that stand after it. False when the sheet
 // can't have it.
 bool avance(LigneEnCours& ligne, char32_t c, std::string_view& reste) {
     const std::size_t avant = ligne.sortie.size();
@@ -226,7 +226,7 @@ bool avance(LigneEnCours& ligne, char32_t c, std::string_view& reste) {
     return true;
 }
 
-// The place behind the characters that have been taken; CR LF is one line end.
+// The place after the characters that have been taken; CR LF is one line end.
 void passe(SigneVenu& ici, std::string_view pris, std::string_view reste) {
     if (pris == "\n" || (pris == "\r" && !reste.starts_with('\n'))) {
         ici.colonne = 1;

@@ -23,7 +23,7 @@ struct TexteSaisi {
                                      // blank: one within a number
 };
 
-// What is typed or pasted, in UTF-8, behind what its line has already. In front of a "!", where the line
+// What is typed or pasted, in UTF-8, after what its line has already. In front of a "!", where the line
 // is calculated, signs of arithmetic that keyboards and documents write become those that calculate.
 TexteSaisi saisit(std::string_view utf8, std::string_view devant);
 

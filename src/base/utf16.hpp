@@ -10,7 +10,7 @@ inline constexpr std::string_view kMarqueGrand = "\xFE\xFF";  // the high byte f
 // True when the bytes begin with one of the marks.
 bool est_utf16(std::string_view octets);
 
-// The text behind the mark, in UTF-8; half a unit or half a pair of units is U+FFFD there.
+// The text after the mark, in UTF-8; half a unit or half a pair of units is U+FFFD there.
 std::string utf8_depuis_utf16(std::string_view octets);
 
 // The text with the mark in front, low bytes first or high bytes first. `utf8` is a

@@ -1,5 +1,5 @@
 // The boxes of a calculation. A sheet can fail in thousands of places of one line, and each box waits for
-// a key: behind the third nobody could get out.
+// a key: after the third nobody could get out.
 #include "platform/boxes.hpp"
 
 #include <string>

@@ -1,6 +1,6 @@
 // Real files, read and replaced whole. The procedures take paths in the system's own bytes, UTF-8 on
-// Windows; the port's filler takes them in Windows-1252, as the core writes them. One file per system
-// stands behind this header.
+// Windows; the port's slots take them in Windows-1252, as the core writes them. One file per system
+// implements this header.
 #pragma once
 
 #include <cstddef>

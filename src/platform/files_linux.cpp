@@ -72,9 +72,9 @@ void fixe_nom(const std::string& chemin) {
     if (parent.fd >= 0) fsync(parent.fd);
 }
 
-constexpr int kLiensMaxi = 40;   // links behind links, as the system itself allows
+constexpr int kLiensMaxi = 40;   // links after links, as the system itself allows
 
-// Path behind the links, so that the file itself is replaced and not the link; a link whose file is
+// Target of the links, so that the file itself is replaced and not the link; a link whose file is
 // not there yet leads to the place of that file.
 std::string chemin_reel(std::string chemin) {
     for (int i = 0; i < kLiensMaxi; ++i) {

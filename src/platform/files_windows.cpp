@@ -78,7 +78,7 @@ std::wstring chemin_large(const std::string& utf8) {
     return L"\\\\?\\" + entier;
 }
 
-// Folder part of a path, with its separator; "" for the folder of the moment.
+// Folder part of a path, with its separator; "" for the current folder.
 std::wstring dossier(const std::wstring& chemin) {
     const std::size_t barre = chemin.find_last_of(L"\\/:");
     return barre == std::wstring::npos ? L"" : chemin.substr(0, barre + 1);
@@ -88,7 +88,7 @@ bool est_dossier(DWORD attributs) {
     return attributs != INVALID_FILE_ATTRIBUTES && (attributs & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// Path behind a link, so that the file itself is replaced and not the link.
+// Target of a link, so that the file itself is replaced and not the link.
 std::wstring chemin_reel(const std::wstring& chemin) {
     const DWORD attributs = GetFileAttributesW(chemin.c_str());
     if (attributs == INVALID_FILE_ATTRIBUTES || (attributs & FILE_ATTRIBUTE_REPARSE_POINT) == 0)

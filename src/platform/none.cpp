@@ -1,4 +1,5 @@
-// The filler none: every slot is harmless. It is what the port holds before another is installed.
+// The empty implementation of the port: every slot is harmless. It is what the port holds before
+// another one is installed.
 #include "base/failure.hpp"
 #include "platform/platform.hpp"
 

@@ -1,4 +1,4 @@
-// Names of files and folders: their parts, their final separator, the cut behind the first dot.
+// Names of files and folders: their parts, their final separator, the cut after the first dot.
 #include "platform/paths.hpp"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kExtension = 3;  // characters kept behind the first dot
+constexpr std::size_t kExtension = 3;  // characters kept after the first dot
 
 // Characters that end the folder part: scans stop at the last of them.
 std::string_view fins_dossier() { return port.systeme.separateur == '/' ? "\\/:" : "\\:"; }

@@ -8,7 +8,7 @@
 
 bool est_separateur(char c);                          // "\\", or the system's own
 std::string cheminSeul(std::string_view chemin);      // folder part, with its final separator
-std::string NomFichSeul(std::string_view chemin);     // what stands behind the last separator
+std::string NomFichSeul(std::string_view chemin);     // what stands after the last separator
 std::string ajoutbackslash(std::string_view chemin);  // with a final separator
 std::string Sansbackslash(std::string_view chemin);   // without it; "" below two characters
 bool FichierExistant(const std::string& chemin);      // its length can be had
@@ -22,6 +22,6 @@ bool meme_document(const std::string& a, const std::string& b);
 // Place of the first dot of the file's name; dots of its folders don't count. npos: none.
 std::size_t premier_point(std::string_view nom);
 
-// The name cut behind the third character that follows its FIRST dot, as saving and opening do on
+// The name cut after the third character that follows its FIRST dot, as saving and opening do on
 // purpose: "a.b.VXT" is cut to "a.b.V".
 std::string coupe_premier_point(std::string_view nom);

@@ -1,6 +1,6 @@
 // The port: what the core asks of the surroundings, as plain structs of function pointers. Three
-// fillers: none (every slot harmless, installed from the first instruction), memory (tests and
-// batch), real (files here, the window's in its own folder).
+// implementations: none (every slot harmless, installed from the first instruction), in memory (tests
+// and batch), real (files here, the window's in its own folder).
 // Texts are Windows-1252 with CR LF; positions count bytes from 0, CR LF as two.
 #pragma once
 
@@ -32,7 +32,7 @@ struct PortBoites {
     bool (*saisie)(std::string_view invite, std::string_view propose, std::string& reponse);
     void (*bip)();
     void (*son)(Son genre);
-    void (*boite_comptee)(std::string_view texte);              // a box that is not shown, see base/boxes.hpp
+    void (*boite_comptee)(std::string_view texte);              // a box that is not shown, see platform/boxes.hpp
     void (*boite_du_compte)(std::string_view texte);            // one OK button: how many there were
 };
 
@@ -121,7 +121,7 @@ struct Port {
 
 extern Port port;
 
-// Installs the filler whose every slot does nothing and answers nothing.
+// Installs the implementation whose every slot does nothing and answers nothing.
 void installe_port_vide();
 
 // So many beeps.

@@ -1,5 +1,5 @@
 // The stack of the main thread: makes it large enough for the deepest formula, and tells where it
-// ends. One file per system stands behind this header.
+// ends. One file per system implements this header.
 #pragma once
 
 // Room that the deepest formula needs: 32,767 brackets.

@@ -36,7 +36,7 @@ bool est_dans(const Table<article>& lignes, int nombre, const std::string& nom) 
     return false;
 }
 
-// The name that the file keeps of a document behind those kept already. A dot early in the path cuts it
+// The name that the file keeps of a document after those kept already. A dot early in the path cuts it
 // short, on purpose, unless the list would then have that name twice. The file has room for so much of it.
 std::string nom_garde(const std::string& nom, const Table<article>& gardees, int nombre) {
     constexpr std::size_t kLongueurCoupee = 16;
@@ -112,7 +112,7 @@ void range_ini(std::string_view nomfic) {
         reglages.article_courant = reglages.table_ini(rang);
         efface_nomdoc(rang);
     }
-    // The row that the sheet had goes behind the open ones: each of these keeps its own.
+    // The row that the sheet had goes after the open ones: each of these keeps its own.
     std::swap(reglages.table_ini(courant), reglages.article_courant);
     if (documents.nombre_document < kDocumentsMaxi) insert_nomdoc(documents.nombre_document + 1);
 }

@@ -7,7 +7,7 @@
 
 struct OptionsOutils {
     bool son = false;                // a sound tells how a calculation has ended
-    std::string inconnues;           // lines of a later version, kept as they stand, CR LF behind each
+    std::string inconnues;           // lines of a later version, kept as they stand, CR LF after each
 };
 extern OptionsOutils outils;
 

@@ -14,7 +14,7 @@ const TableRepetee::Plage& TableRepetee::plage(std::ptrdiff_t indice) const {
                                  [indice](const Plage& p) { return p.fin < indice; });
 }
 
-// Fills with `x` from behind the last index to `fin`. A value that continues the last range, to the
+// Fills with `x` from after the last index to `fin`. A value that continues the last range, to the
 // bit, takes no memory.
 void TableRepetee::allonge(double x, std::int32_t fin) {
     const auto bits = [](double v) { return std::bit_cast<std::uint64_t>(v); };

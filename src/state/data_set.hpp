@@ -16,7 +16,7 @@ class TableRepetee {
 public:
     struct Plage {
         double valeur;     // the value at every index of the range
-        std::int32_t fin;  // last index of the range; it begins behind the range before it
+        std::int32_t fin;  // last index of the range; it begins after the range before it
     };
 
     // Upper bound; 0 for a table that holds nothing.
@@ -29,7 +29,7 @@ public:
     void ajoute(double x, std::int32_t fois);
     // Value at `indice`, from 1.
     double operator()(std::ptrdiff_t indice) const { return plage(indice).valeur; }
-    // Last index behind `indice` up to which the value is known to be the same.
+    // Last index after `indice` up to which the value is known to be the same.
     std::int32_t fin_plage(std::ptrdiff_t indice) const { return plage(indice).fin; }
     // The ranges, in order of index.
     const std::vector<Plage>& plages() const { return plages_; }
@@ -49,7 +49,7 @@ struct Statistiques {
     bool definition_statx = false;               // a STATX block is open; set by TestStatX
     bool statx_trie = false;                     // the data set came from a block; set by TestStatX
     std::int16_t ligne_definition_statx = 0;     // line of the STATX heading, from 1
-    std::int32_t position_definition_statx = 0;  // length of the rebuilt text behind it, bytes
+    std::int32_t position_definition_statx = 0;  // length of the rebuilt text after it, bytes
     std::string texte_definition_statx;          // data lines of the block, each closed by one CR
     Table<std::int16_t> table_statx;             // values on each data line of the block, from 1
     TableRepetee table_x;                        // each x as often as its frequency says, from 1

@@ -33,7 +33,7 @@ public:
     const double& operator()(int ligne, int colonne) const {
         return elements_[place(ligne, colonne)];
     }
-    // All elements, row behind row, for loops that know their bounds.
+    // All elements, row after row, for loops that know their bounds.
     double* elements() { return elements_.data(); }
     const double* elements() const { return elements_.data(); }
 

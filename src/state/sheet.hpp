@@ -15,7 +15,7 @@ struct Feuille {
     std::int16_t nombre_ligne = 0;       // lines of the sheet: carriage returns plus one
     Table<double> valeur_ligne;          // result of each line, 1 to nombre_ligne; 0 for none
     Table<std::string> formule_ligne;    // what is evaluated: no old result, no comment
-    Table<std::string> resultat_ligne;   // what is written behind the line; begins with " =" or "=="
+    Table<std::string> resultat_ligne;   // what is written after the line; begins with " =" or "=="
     std::string resultat_bloc;           // lines to write below the current line
     std::int16_t ligne_courante = 0;     // line in calculation, set on entry to calcul_chaine
     bool statx_present = false;          // a STATX result exists in this pass
@@ -26,7 +26,7 @@ struct Feuille {
     // The new text of the sheet, as it grows during a pass. It answers for `txt`: its size is the
     // length of the text rebuilt so far, and a closing definition inserts at a noted position.
     std::string texte_reconstruit;
-    // What the last pass wrote, for who asks later what stands behind a line: the text, and for each of its
+    // What the last pass wrote, for who asks later what stands after a line: the text, and for each of its
     // lines, from 0, the column in front of the result. 0: no result; a number below 0: the result of that
     // line of the tables, which stands in the block below.
     std::string texte_ecrit;

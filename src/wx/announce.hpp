@@ -1,4 +1,4 @@
-// How a message reaches the screen reader. One file per system stands behind this header.
+// How a message reaches the screen reader. One file per system implements this header.
 #pragma once
 
 #include <wx/listbox.h>
@@ -41,7 +41,7 @@ int montre_boite_lue(wxMessageDialog& boite, const wxString& mots);
 
 // What the reader calls a control; `controle` may be any control, a text or a panel.
 void nomme(wxWindow& controle, const std::string& utf8);
-// The toolkit makes a text the label of the control behind it; this one labels nothing.
+// The toolkit makes a text the label of the control after it; this one labels nothing.
 void n_etiquette_rien(wxWindow& texte);
 // Makes the reader see that window as a dialog.
 void declare_dialogue(wxWindow& dialogue);

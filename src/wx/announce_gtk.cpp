@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kPoli = 1;   // of "notification": spoken behind what is being said
+constexpr int kPoli = 1;   // of "notification": spoken after what is being said
 constexpr int kAttenteLecteur = 3000;   // milliseconds, at most, for the bus of the readers
 
 struct LibereObjet {

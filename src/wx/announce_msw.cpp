@@ -30,7 +30,7 @@ namespace {
 constexpr DWORD kRegionChangee = 0x8019;   // EVENT_OBJECT_LIVEREGIONCHANGED
 constexpr GUID kReglageRegion = {
     0xC12BCD8E, 0x2A8E, 0x4950, {0x8A, 0xE7, 0x36, 0x25, 0x11, 0x1D, 0x58, 0xEB}};   // LiveSetting
-constexpr LONG kPoli = 1;   // said behind what is being said
+constexpr LONG kPoli = 1;   // said after what is being said
 constexpr LONG kRacineUia = -25;   // UiaRootObjectId
 
 // The libraries of JAWS and of Dolphin's readers (docs/readers.md).
@@ -259,7 +259,7 @@ void nomme(wxWindow& controle, const std::string& utf8) {
     if (w != porteur) Proprietes().nomme(w, utf8);
 }
 
-// A text labels the control behind it only where that one has no name of its own.
+// A text labels the control after it only where that one has no name of its own.
 void n_etiquette_rien(wxWindow&) {}
 
 // A dialog is one already.

@@ -1,4 +1,4 @@
-// The Escape key while the program calculates and takes no event. One file per system stands behind this
+// The Escape key while the program calculates and takes no event. One file per system implements this
 // header.
 #pragma once
 

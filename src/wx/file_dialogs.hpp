@@ -1,4 +1,4 @@
-// What the toolkit doesn't offer of the system's file and font dialogs. One file per system stands behind this
+// What the toolkit doesn't offer of the system's file and font dialogs. One file per system implements this
 // header.
 #pragma once
 

@@ -1,5 +1,5 @@
 // The file dialog of GTK. To open, it begins in the list of files, where typing starts a search in
-// all folders below, and Enter behind a name opens nothing. It hides a line for a name: we show it
+// all folders below, and Enter after a name opens nothing. It hides a line for a name: we show it
 // and make a plain line of it, where what was typed is what stands there, and where Tab and Escape
 // do what they do everywhere. And the font dialog, whose parts have no names. Changes nothing of the
 // core.
@@ -46,7 +46,7 @@ gboolean entre_dans_la_liste(GtkWidget* liste, GdkEvent*, gpointer) {
     return FALSE;
 }
 
-// No file's name is written behind what is typed: with a second file it would be half a name.
+// No file's name is written after what is typed: with a second file it would be half a name.
 void sans_suite(GtkEntryCompletion* suite, GParamSpec*, gpointer) {
     if (gtk_entry_completion_get_inline_completion(suite))
         gtk_entry_completion_set_inline_completion(suite, FALSE);

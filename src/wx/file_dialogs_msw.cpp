@@ -2,7 +2,7 @@
 // its parts. Changes no state.
 #include "wx/file_dialogs.hpp"
 
-// The system looks at no capitals. Behind a plain extension the toolkit would have the dialog add it to
+// The system looks at no capitals. After a plain extension the toolkit would have the dialog add it to
 // names that have another one; the star lists nothing more to speak of and keeps it from that.
 wxString motif_du_systeme(const wxString& motif) { return motif + "*"; }
 

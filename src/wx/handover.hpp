@@ -1,5 +1,5 @@
 // A second start on the same folder gives its sheet to the program that runs there, which comes to the
-// front. One file per system stands behind this header. Texts are UTF-8.
+// front. One file per system implements this header. Texts are UTF-8.
 #pragma once
 
 #include <functional>

@@ -33,7 +33,7 @@ GSocketService* service = nullptr;
 std::string socket_ouvert;             // its place on the disk
 std::function<void(const std::string&)> remise;
 
-// What a start gives: how the desktop knows it, then its sheet, each with a zero behind it.
+// What a start gives: how the desktop knows it, then its sheet, each with a zero after it.
 void lettre_lue(GObject* flux, GAsyncResult* resultat, gpointer connexion) {
     const auto ici = tenu(G_IO_STREAM(connexion));
     gsize lus = 0;

@@ -1,4 +1,4 @@
-// The keys of the toolkit as the core knows them. One file per system stands behind this header.
+// The keys of the toolkit as the core knows them. One file per system implements this header.
 #pragma once
 
 #include <wx/event.h>

@@ -1,5 +1,5 @@
 // What the window gets on its system beside its contents: icon, background. One file per system
-// stands behind this header.
+// implements this header.
 #pragma once
 
 #include <wx/frame.h>

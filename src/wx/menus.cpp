@@ -10,7 +10,7 @@
 
 namespace {
 
-// A shortcut as the toolkit reads it behind a caption: "\tCtrl+F5".
+// A shortcut as the toolkit reads it after a caption: "\tCtrl+F5".
 std::string mots_raccourci(const Raccourci& r) {
     if (r.touche == kToucheAucune) return "";
     std::string mots = "\t";

@@ -76,7 +76,7 @@ void Cadre::montre_couleurs() {
     const wxColour fond = couleur_wx(fond_vu_);
     txt_->SetForegroundColour(caracteres);
     txt_->SetBackgroundColour(fond);
-    // The toolkit gives each piece of text the colours of the moment when it came, to keep.
+    // The toolkit gives each piece of text the colours that are set when it comes, to keep.
     txt_->SetDefaultStyle(wxTextAttr(caracteres, fond));
     txt_->SetStyle(0, txt_->GetLastPosition(), wxTextAttr(caracteres, fond));
 }

@@ -1,4 +1,5 @@
-// Before and after a box or dialog. Changes nothing of the core.
+// What a box or dialog does before it opens, and with the text that the user has entered in it.
+// Changes nothing of the core.
 #include "wx/modal.hpp"
 
 #include "base/typed_text.hpp"
@@ -6,7 +7,7 @@
 #include "wx/frame.hpp"
 #include "wx/positions.hpp"
 
-// Before the first sight of the window there is nothing to bring up to date.
+// As long as the window has not been shown there is nothing to bring up to date.
 void ouvre_modal() {
     if (cadre != nullptr && cadre->IsShown()) cadre->montre_avant_boite();
 }

@@ -1,13 +1,14 @@
-// What every box and dialog shares: the window is shown as it has become before it opens, and a text
-// that the user has entered comes back in the code page.
+// What every box and dialog shares: before it opens the window is brought up to date, and a text that
+// the user has entered is brought to the code page.
 #pragma once
 
 #include <wx/string.h>
 
 #include <string>
 
+// Brings the window up to date: to be called before a box or dialog opens.
 void ouvre_modal();
 
-// The text in Windows-1252, the common characters that it lacks replaced. False, when one can't be:
-// the user has been told which.
+// `sortie` becomes the text in Windows-1252; common characters that the code page lacks are replaced.
+// False when one can't be: a box has told which, and `sortie` is as it was.
 bool en_page(const wxString& texte, std::string& sortie);

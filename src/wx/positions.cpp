@@ -17,13 +17,13 @@ std::size_t fin_de_ligne(std::string_view texte, std::size_t i) {
     return i + 1 < texte.size() && texte[i + 1] == '\n' ? 2 : 1;
 }
 
-// Bytes of the one character, or line end, of the sheet at `i`.
+// Bytes that the character, or the line end, at `i` of the sheet takes.
 std::size_t largeur(std::string_view texte, std::size_t i) {
     const std::size_t fin = fin_de_ligne(texte, i);
     return fin == 0 ? 1 : fin;
 }
 
-// Every line end as LF, code 0 as its symbol: texts without either, nearly all, are only copied.
+// Each code 0 becomes its symbol; a text without any, as nearly all are, comes back as it was.
 std::string remplace_zeros(std::string&& utf8) {
     for (std::size_t i = 0; (i = utf8.find('\0', i)) != std::string::npos; i += kSymboleZero.size())
         utf8.replace(i, 1, kSymboleZero);

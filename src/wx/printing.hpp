@@ -1,5 +1,5 @@
 // Printing: the text that the core sends, in its font, on the system's printer. One file per system
-// stands behind this header.
+// implements this header.
 #pragma once
 
 #include <wx/window.h>

@@ -29,7 +29,7 @@ gboolean finit_de_force(gpointer) {
 }
 
 gboolean signal_recu(gpointer contexte) {
-    g_idle_add(finit, nullptr);   // behind the keys that have arrived
+    g_idle_add(finit, nullptr);   // after the keys that have arrived
     GSource* delai = g_timeout_source_new(kDelai);
     g_source_set_callback(delai, finit_de_force, nullptr, nullptr);
     g_source_attach(delai, static_cast<GMainContext*>(contexte));

@@ -77,7 +77,7 @@ bool commence(const char* nom) {
     return part;
 }
 
-// Plays what waits, one behind the other.
+// Plays what waits, one after the other.
 void joue_attente() {
     while (sons.libre && !sons.attente.empty()) {
         const char* nom = sons.attente.front();

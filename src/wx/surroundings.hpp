@@ -1,5 +1,5 @@
 // What a desktop gives a program before it has a window: its language, its arguments, the user's
-// folder. One file per system stands behind this header. Texts are UTF-8.
+// folder. One file per system implements this header. Texts are UTF-8.
 #pragma once
 
 #include <string>

@@ -9,7 +9,7 @@
 
 namespace {
 
-// A sheet given from the folder of the moment keeps its name for the next start, elsewhere.
+// A sheet given from the current folder keeps its name for the next start, elsewhere.
 std::string chemin_entier(const std::string& utf8) {
     wxFileName chemin(wxString::FromUTF8(utf8));
     if (chemin.FileExists()) chemin.MakeAbsolute();

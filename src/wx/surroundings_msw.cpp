@@ -23,7 +23,7 @@ std::wstring_view sans_premier_mot(std::wstring_view ligne) {
     return suite == std::wstring_view::npos ? std::wstring_view() : ligne.substr(suite);
 }
 
-// "C:x" leads into the folder of the moment of that disk for Windows, and to its root for the
+// "C:x" leads into the current folder of that disk for Windows, and to its root for the
 // program.
 bool sans_dossier(const std::string& nom) {
     return nom.size() > 2 && nom[1] == ':' && nom[2] != '\\' && nom[2] != '/';

@@ -32,7 +32,7 @@ private:
     wxTextCtrl& controle_;
     std::string texte_;                          // the text, valid when lu_
     std::string ecrit_en_utf8_;                  // what the control holds, valid when lu_
-    bool lu_ = true;                             // texte_ is the text of the moment
+    bool lu_ = true;                             // texte_ is the current text
     bool texte_a_ecrire_ = false;                // texte_ isn't in the control yet
     bool selection_a_ecrire_ = false;            // debut_ and longueur_ aren't there yet
     bool ecriture_ = false;                      // ecrit() is at work

@@ -1,4 +1,4 @@
-// What the toolkit doesn't offer of the system's text control. One file per system stands behind this
+// What the toolkit doesn't offer of the system's text control. One file per system implements this
 // header. Positions count characters, a line end as one.
 #pragma once
 

@@ -2,7 +2,7 @@
 
 Guide: the blocks of texts.py, calculated twice: as typed, and as they stand, since a calculated sheet
 doesn't change. List of functions: "Exemple : COS(60) = 0.5", with the lines that must stand around it
-behind ", après ", ", avant " or ", si MA a les lignes ". README: the sheet at its top, before and after
+after ", après ", ", avant " or ", si MA a les lignes ". README: the sheet at its top, before and after
 side by side."""
 import re
 import sys

@@ -1,7 +1,7 @@
 """Words of the guide and of the list of functions that the French voice of espeak-ng doesn't read as
 French words: it spells them letter by letter, or takes them for English.
 
-A word is spelled when its sounds are those of its letters one behind the other. docs/read-aloud.md lists
+A word is spelled when its sounds are those of its letters one after the other. docs/read-aloud.md lists
 the words that may be so, with the reason; any other is a fault, and so is a word listed for nothing."""
 import re
 import subprocess

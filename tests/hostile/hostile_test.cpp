@@ -68,7 +68,7 @@ TEST_CASE("hostile: formulas of forty million characters fail with one box") {
         CHECK(boites() == Textes{"6 6 sur p_lis_symbole"});
         CHECK(moteur.erreur_formule);
         // The user's text is whole: the first line calculated, the long one as it was with its
-        // error behind it (which may quote a symbol), the last one only copied.
+        // error after it (which may quote a symbol), the last one only copied.
         const std::string tete = "A=1 = 1\r\n" + formule + " = ";
         CHECK(difference(memoire.texte.substr(0, tete.size()), tete) == -1);
         CHECK(memoire.texte.ends_with("\r\nB=2"));

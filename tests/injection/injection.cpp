@@ -42,7 +42,7 @@ struct Course {
     std::string texte;
     long compte = 0;
     bool erreur = false;
-    std::string reste;  // what stands behind the cursor
+    std::string reste;  // what stands after the cursor
 };
 
 // A fresh program calculates the sheet; statement `echec_a` fails (0: none does).
@@ -71,7 +71,7 @@ const char* procedure_de(const std::string& boite) {
     return boite == std::string(" 6") + kSansReprise ? kSansReprise : nullptr;
 }
 
-// The lines from `de` to `a` stand in the text, one behind the other, from `ici` on.
+// The lines from `de` to `a` stand in the text, one after the other, from `ici` on.
 bool gardees(const FeuilleEssai& feuille, std::size_t de, std::size_t a, const std::string& texte,
              std::size_t& ici) {
     for (std::size_t i = de; i < a; ++i) {
@@ -94,7 +94,7 @@ bool lignes_gardees(const FeuilleEssai& feuille, const Course& course, std::stri
            gardees(feuille, feuille.retenues_a, n, course.texte, ici);
 }
 
-// A box that the program may show behind the one that is due: another failure in a procedure's
+// A box that the program may show after the one that is due: another failure in a procedure's
 // words, or a text of its own, which begins with a letter.
 bool boite_connue(const std::string& boite) {
     if (boite.starts_with(" 6")) return boite == std::string(" 6") + kSansReprise;

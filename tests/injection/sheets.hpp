@@ -17,7 +17,7 @@ struct FeuilleEssai {
 };
 std::vector<FeuilleEssai> feuilles_essai();
 
-// The procedures that go on behind a failure, in the words of their boxes.
+// The procedures that go on after a failure, in the words of their boxes.
 inline constexpr const char* kProcedures[] = {" sur p_lis_symbole",
                                               " sur lis_symbole",
                                               " sur lis_identificateur",
@@ -72,5 +72,5 @@ inline constexpr const char* kProcedures[] = {" sur p_lis_symbole",
                                               " sur triTable_x",
                                               "sur fon"};
 
-// The one procedure that ends behind a failure; its box has the number once.
+// The one procedure that ends after a failure; its box has the number once.
 inline constexpr const char* kSansReprise = " sur evalue_formule";

@@ -108,7 +108,7 @@ bool tue(pid_t enfant) {
     return WIFSIGNALED(etat) && WTERMSIG(etat) == SIGKILL;
 }
 
-// One child from its start to its death, `attente` behind its first step of saving. False when it
+// One child from its start to its death, `attente` after its first step of saving. False when it
 // failed.
 bool une_vie(const fs::path& dossier, int premiere, std::chrono::microseconds attente) {
     int tuyau[2];

@@ -30,7 +30,7 @@ class Typist:
         self.lag = 0.0           # seconds that the slowest file was behind, as far as seen
 
     def line(self):
-        """One line with a mark of its own, at the end of the sheet, behind a line that a kill has cut short."""
+        """One line with a mark of its own, at the end of the sheet, after a line that a kill has cut short."""
         self.marks += 1
         mark = f"{self.marks}*10"
         self.p.key("Ctrl+Fin")
@@ -82,7 +82,7 @@ def words_of_box(p):
 
 
 def answer(p, left, sheet):
-    """Takes back what is asked about; the count of sheets. An end right behind a save leaves a file that the
+    """Takes back what is asked about; the count of sheets. An end right after a save leaves a file that the
     save has overtaken: it goes, or is told when it has another text."""
     if overtaken(left, sheet):
         return 0

@@ -1,5 +1,5 @@
 // Plays a sequence on a fresh program and knows which words the user has typed and nobody has discarded:
-// not the user, by deleting them, bringing them behind a result or giving a file up to another one; not a
+// not the user, by deleting them, bringing them after a result or giving a file up to another one; not a
 // neighbour, who deletes or replaces the file that has them; not a disk that refuses every recovery file,
 // once the user has been told. Whatever is missing then the program has lost. Changes every subsystem.
 #pragma once

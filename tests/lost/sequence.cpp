@@ -70,7 +70,7 @@ void ajoute_reponses(Tirage& t, Etapes& etapes, int maximum) {
 
 // A line of its own, which no calculation changes, at any place of the text.
 void ajoute_frappe(Tirage& t, Etapes& etapes, int& mot) {
-    // At a line's start: what stands behind a result is the result's.
+    // At a line's start: what stands after a result is the result's.
     etapes.push_back(t.une_fois_sur(2) ? "touche Début" : "curseur 0");
     if (t.une_fois_sur(6))
         etapes.push_back("tape \"2+" + std::to_string(t.entre(1, 9)) + "¶\"");

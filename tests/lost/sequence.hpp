@@ -1,4 +1,4 @@
-// What a user does, as steps of the language of the scripts, drawn one behind the other while the
+// What a user does, as steps of the language of the scripts, drawn one after the other while the
 // program runs: typing, commands, answers, failing files, files that go, the end and the next start.
 // Holds the state of one sequence alone.
 #pragma once

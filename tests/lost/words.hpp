@@ -12,7 +12,7 @@
 using Mots = std::set<std::string>;
 using Fichiers = std::map<std::string, Mots, OrdreChemin>;   // words of each file, by its full path
 
-// The words "k12k" of a text. What stands behind " = " is a result, which the program writes and
+// The words "k12k" of a text. What stands after " = " is a result, which the program writes and
 // replaces: a word there isn't the user's any more.
 void ajoute_mots(Mots& mots, std::string_view texte);
 

@@ -16,7 +16,7 @@ namespace {
 
 using Lignes = std::vector<std::string>;
 
-// Results that somebody types, or that stand behind another line since.
+// Results that somebody types, or that stand after another line since.
 constexpr std::string_view kResultats[] = {" = 5"_fr,
                                            "=5"_fr,
                                            " =statx non présent"_fr,
@@ -103,10 +103,10 @@ Defaut verifie_changee(std::uint64_t graine) {
     return {};
 }
 
-// A line that fails since a name in it stands for nothing, and what mends it.
+// A line that fails since a name in it stands for nothing, and what fixes it.
 struct Erreur {
     std::string ligne;
-    std::string mots;    // that the pass writes behind it
+    std::string mots;    // that the pass writes after it
     Lignes definition;   // the lines above it that define the name
     std::string juste;   // the line without the name
 };
@@ -138,7 +138,7 @@ Vue neuf(const Reglage& reglage, const Lignes& lignes) {
     return calcule(joint(lignes));
 }
 
-// An error stands at each pass as it did at the first one; what mends it counts at once, whether the name is
+// An error stands at each pass as it did at the first one; what fixes it counts at once, whether the name is
 // defined above the line or the line itself is changed.
 Defaut verifie_correction(std::uint64_t graine) {
     Tirage t(graine + 9'000'000);

@@ -100,7 +100,7 @@ Defaut verifie_ligne_du_curseur(const FeuilleTiree& feuille, const Vue& vue) {
     return "the cursor is on \"" + ici + "\", not on \"" + lignes[la] + "\"";
 }
 
-// The last message is the cursor's line as the message line shows it behind what it showed before.
+// The last message is the cursor's line as the message line shows it after what it showed before.
 // An empty text is not calculated: nothing is said.
 Defaut verifie_message(const std::string& texte_avant, const Vue& vue,
                        const std::string& dernier_avant) {
@@ -127,7 +127,7 @@ double nombre_de(std::string_view texte, int base) {
     return valeur;
 }
 
-// The result behind a line is the value that the line must have, as near as the display is.
+// The result after a line is the value that the line must have, as near as the display is.
 Defaut verifie_resultat(const Reglage& r, const LigneGardee& gardee, const std::string& ligne) {
     const std::string_view texte = std::string_view(ligne).substr(gardee.texte.size() + 3);
     const double v = gardee.valeur, precision = std::fabs(v) * 1e-14;
@@ -198,7 +198,7 @@ bool memes_valeurs(const Vue& a, const Vue& b) {
 
 namespace {
 
-// The passes behind the first one change nothing: neither the text, nor the values, nor the boxes.
+// The passes after the first one change nothing: neither the text, nor the values, nor the boxes.
 Defaut verifie_repetition(const Vue& premiere, const Vue& suivante, const char* laquelle) {
     const std::string ou = std::string(" (") + laquelle + ")";
     if (suivante.texte != premiere.texte)

@@ -10,7 +10,7 @@
 
 #include "property/sheets.hpp"
 
-// What the user has after a pass, and the values behind it.
+// What the user has after a pass, and the values after it.
 struct Vue {
     std::string texte;
     std::size_t sel_start = 0, sel_length = 0;
@@ -23,9 +23,9 @@ struct Vue {
 // A fresh program with the modes of the sheet. The port is installed once, in main.
 void prepare(const Reglage& reglage);
 
-// One command on the text of the moment, in the program of the moment.
+// One command on the current text, in the current program.
 Vue passe(const char* commande = "recalcul");
-// The sheet in the program of the moment, calculated.
+// The sheet in the current program, calculated.
 Vue calcule(const std::string& texte, std::size_t curseur = 0);
 
 // A digest of all that was seen, of every pass so far.

@@ -23,7 +23,7 @@ std::string tete(const std::string& ligne) {
     const bool fonction = !matrice && majuscule.find("DEFFON") != npos;
     std::size_t egal = ligne.find('=', matrice ? 4 : fonction ? 8 : 2);
     if (egal == npos) return ligne;
-    if (fonction) --egal;  // the result of a function's line stands behind a blank, which goes with it
+    if (fonction) --egal;  // the result of a function's line stands after a blank, which goes with it
     return std::string(sans_blancs(std::string_view(ligne).substr(0, egal)));
 }
 
@@ -83,7 +83,7 @@ const Bloc kBlocs[] = {
      [](const std::string& ligne) { return ligne.starts_with("f(") && ligne.find(") =") != npos; },
      [](const std::string& ligne) { return ligne.starts_with("f(") && ligne.find(") =") != npos; },
      nullptr},
-    {"the results of a data set are made anew, in the layout of the moment",
+    {"the results of a data set are made anew, in the current layout",
      [](const Lignes&, std::size_t i) { return i >= 1; },
      [](const std::string& ligne) {
          return ligne.starts_with("P=nombre de") ||

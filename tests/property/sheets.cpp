@@ -12,7 +12,7 @@ constexpr std::string_view kAnciens[] = {
     " = 99",   " = 1.5E+20", " =1,2;3,4 =2,2",  " = division par 0",
     " = -0.5", " = 3Pi/4",   " = manque ) = 7", " = "};
 
-// Texts for comments. None holds a word that the pass looks for behind a calculated line.
+// Texts for comments. None holds a word that the pass looks for after a calculated line.
 constexpr std::string_view kRemarques[] = {
     "somme"_fr,      "prix HT (euros)"_fr, "voir page 3"_fr, "l'été, à revoir"_fr,
     "INC et AIR"_fr, "2*3, 4;5"_fr,        "\"x\" % œ ²"_fr};

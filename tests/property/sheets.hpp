@@ -26,7 +26,7 @@ Reglage tire_reglage(Tirage& t);
 struct LigneGardee {
     std::string texte;
     bool entiere = false;  // a comment or a line that is never calculated
-    bool connue = false;   // the result behind it shows `valeur`
+    bool connue = false;   // the result after it shows `valeur`
     double valeur = 0;
 };
 
@@ -56,7 +56,7 @@ public:
     FeuilleTiree acheve();
 
 private:
-    // A line of the user's: blanks around it, perhaps an old result behind it.
+    // A line of the user's: blanks around it, perhaps an old result after it.
     void ligne(const std::string& texte, std::string_view ancien = {}, bool entiere = false);
     void ligne_a_resultat(const std::string& texte);
     void ligne_de_formule(const std::string& texte, const Formule& f);
@@ -95,7 +95,7 @@ private:
 
     struct Matrice {
         int lignes = 0, colonnes = 0;  // 0: not defined in this sheet
-        int produits = 0;              // products behind it: few, so that nothing overflows
+        int produits = 0;              // products after it: few, so that nothing overflows
     };
     std::string operation_matrice(int cible, Matrice& resultat);
     int matrice_comme(const Matrice& modele, int sauf);

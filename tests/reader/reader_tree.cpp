@@ -25,7 +25,7 @@ using Noms = std::vector<std::string>;
 constexpr const char* kJdf = "dictionnaire neuf";
 constexpr const char* kJcf = "réglages neufs";
 
-// One disk and one answer. Paths are UTF-8 behind "C:\", with "\".
+// One disk and one answer. Paths are UTF-8 after "C:\", with "\".
 struct Cas {
     const char* nom;
     Noms dossiers;  // folders of the disk

@@ -1,4 +1,4 @@
-// One job of the development probe. Resets every subsystem, installs the memory filler and runs the
+// One job of the development probe. Resets every subsystem, installs the in-memory port and runs the
 // operations of the job on it, or the whole program.
 #include "support/job.hpp"
 

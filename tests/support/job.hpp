@@ -1,4 +1,4 @@
-// One job of the development probe: a fresh program on the memory filler, some operations, and all
+// One job of the development probe: a fresh program on the in-memory port, some operations, and all
 // that the user would have seen and heard. Changes every subsystem.
 #pragma once
 

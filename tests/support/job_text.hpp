@@ -1,4 +1,4 @@
-// Texts and answers of a job, in the sheet's code page. Changes the answers of the memory filler.
+// Texts and answers of a job, in the sheet's code page. Changes the answers of the in-memory port.
 #pragma once
 
 #include <nlohmann/json.hpp>

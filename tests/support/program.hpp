@@ -1,4 +1,4 @@
-// A fresh program on the memory filler, for the tests that drive the core directly, and short ways
+// A fresh program on the in-memory port, for the tests that drive the core directly, and short ways
 // to put a sheet in it and to look at what the user has. Changes every subsystem.
 #pragma once
 

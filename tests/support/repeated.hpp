@@ -1,12 +1,12 @@
-// One formula evaluated at several points, by the repeated evaluation and by its text: what each leaves
-// behind, to be compared. Changes the engine's context, the stores and the memory filler.
+// One formula evaluated at several points, by the repeated evaluation and by its text: what each leaves,
+// to be compared. Changes the engine's context, the stores and the in-memory port.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-// What is left behind by a series of evaluations.
+// What a series of evaluations leaves.
 struct Trace {
     std::vector<std::uint64_t> valeurs;
     std::vector<bool> erreurs;
@@ -17,6 +17,6 @@ struct Trace {
 };
 
 // Evaluates the formula for each value of X, in a context where A, B and X are defined; the port is
-// the memory filler's. `unite` is the angle unit.
+// the in-memory port's. `unite` is the angle unit.
 Trace par_le_texte(const std::string& formule, int unite, const std::vector<double>& points);
 Trace par_repetition(const std::string& formule, int unite, const std::vector<double>& points);

@@ -149,7 +149,7 @@ void verifie_tout_raconte() {
     exige(depuis == memoire.journal.size(), "entend rien", decrit_reste(depuis));
 }
 
-// Compares the next thing heard. After a difference the story goes on behind the thing that was
+// Compares the next thing heard. After a difference the story goes on after the thing that was
 // wanted, if it was heard later on.
 void entend(Etape& etape) {
     const std::string mot = prend_mot(etape);

@@ -1,16 +1,16 @@
-// Runs scripts: what a user does with the whole program, and what he sees and hears, one step a
-// line, on the memory filler. A fresh program for every script. One instance of state, `script`.
+// Runs scripts: what a user does with the whole program, and what he sees and hears, one step a line,
+// over the in-memory port. A fresh program for every script. One instance of state, `script`.
 //
-//   fichier "C:\A.VXT" "A=3¶B=A*2"        a file of these bytes exists; also dossier, supprime
-//   répond "12"   répond oui   annule     prepares the answer to the next question
-//   démarre "C:\A.VXT"                    the program starts; redémarre: once more, on the same
-//   files choisit mnuEntierItem   clique CmdQuitter   touche Ctrl+Maj+S   tape "2+3¶"   curseur 4 2
-//   ferme entend message "B=A*2 = 6"            the next thing heard; ignore: all that was heard is
-//   forgotten voit texte "A=3¶B=A*2"                how the window, the files and the settings
-//   stand
+//   fichier "C:\A.VXT" "A=3¶B=A*2"    a file of these bytes exists; also dossier, supprime
+//   répond "12"                       prepares the answer to the next question; also répond oui, annule
+//   démarre "C:\A.VXT"                the program starts; redémarre: once more, on the same files
+//   choisit mnuEntierItem             chooses a menu item; also clique CmdQuitter, ferme
+//   touche Ctrl+Maj+S                 presses and releases a key; also tape "2+3¶", curseur 4 2
+//   entend message "B=A*2 = 6"        the next thing heard; ignore: all that was heard is forgotten
+//   voit texte "A=3¶B=A*2"            what the window shows, and what files and settings hold
 //
 // Texts stand in double quotes: ¶ is a line end, {N} the character of decimal code N, "" one quote.
-// "#" starts a line of comment.
+// "#" at the start of a line makes it a comment. docs/script-language.md has every step.
 #pragma once
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 
 #include "support/script_words.hpp"
 
-void panne_secours(Etape& etape);   // recovery files can't be written, by that failure; 0 mends it
+void panne_secours(Etape& etape);   // recovery files can't be written, by that failure; 0 repairs it
 void jours(Etape& etape);           // so many days go by
 void termine_session(Etape& etape); // the system's session ends, and the program with it
 void voit_secours(Etape& etape);    // the recovery file of a sheet, by its path, has this text

@@ -18,7 +18,7 @@
 
 namespace {
 
-// The selection of the moment by its two ends. Keys know which one moves; any other selection moves
+// The current selection by its two ends. Keys know which one moves; any other selection moves
 // at its end.
 BoutsSelection bouts_selection() {
     const std::size_t debut = curseur(), fin = fin_selection();
@@ -91,7 +91,7 @@ void deplace_curseur(const FrappeTouche& f) {
     pose_bouts(bouts);
 }
 
-// Puts `nouveau` in place of the bytes from `debut` to `fin`, with the cursor behind it.
+// Puts `nouveau` in place of the bytes from `debut` to `fin`, with the cursor after it.
 void remplace_texte(std::size_t debut, std::size_t fin, std::string_view nouveau) {
     std::string texte = port.texte.texte();
     texte.replace(debut, fin - debut, nouveau);
@@ -99,7 +99,7 @@ void remplace_texte(std::size_t debut, std::size_t fin, std::string_view nouveau
     pose_bouts({debut + nouveau.size(), debut + nouveau.size()});
 }
 
-// Deletes the selection, or else one character in front of the cursor or behind it.
+// Deletes the selection, or else one character in front of the cursor or after it.
 void efface_caractere(bool devant) {
     const std::string& texte = port.texte.texte();
     std::size_t debut = curseur(), fin = fin_selection();

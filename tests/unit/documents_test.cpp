@@ -54,7 +54,7 @@ TEST_CASE("documents: every open sheet has a number of its own, which is never g
     CHECK(identites() == Identites{2, 3, 5});
     evenement_menu("mnuFermerItem");
     CHECK(identites() == Identites{2, 3});
-    // The sheet closed last is still greyed in the menu; the one behind it can be chosen.
+    // The sheet closed last is still greyed in the menu; the one after it can be chosen.
     evenement_menu("mnuOuvrirSousMenuItem", 4);
     CHECK(identites() == Identites{2, 3, 6});
     while (documents.nombre_document > 1) evenement_menu("mnuFermerItem");

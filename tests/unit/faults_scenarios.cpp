@@ -28,7 +28,7 @@ const std::string kOuvre = "touche Ctrl+O";
 // One sheet is open.
 const Etapes kUn{kFichierA, "démarre \"C:\\A.VXT\""};
 
-// Steps one behind the other.
+// Steps one after the other.
 Etapes puis(Etapes etapes, const Etapes& suite) {
     etapes.insert(etapes.end(), suite.begin(), suite.end());
     return etapes;

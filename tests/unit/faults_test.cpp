@@ -30,7 +30,7 @@ const std::string kIni = "C:\\VOXTAB\\VOXTAB.INI";
 const std::string kTravail = "C:\\VOXTAB\\TRAVAIL\\";
 const std::string kSecours = "C:\\VOXTAB\\SECOURS\\";
 
-// Runs steps one behind the other.
+// Runs steps one after the other.
 void joue(const Textes& etapes) {
     for (const std::string& etape : etapes) execute_etape(1, etape);
 }
@@ -41,7 +41,7 @@ void verifie_etapes() {
         FAIL_CHECK(e.etape << " | " << e.attendu << " | " << e.obtenu);
 }
 
-// Adds the files of the moment to what each path may hold.
+// Adds the current files to what each path may hold.
 void note_contenus(Contenus& contenus) {
     for (const auto& [chemin, fichier] : memoire.fichiers)
         if (!fichier.dossier) contenus[capitales(chemin)].insert(fichier.contenu);
@@ -59,7 +59,7 @@ int note_apres(int numero) {
     return numero;
 }
 
-// From now on the contents of all files are noted behind each operation that writes one.
+// From now on the contents of all files are noted after each operation that writes one.
 void surveille(Contenus& contenus) {
     surveillance = {port.fichiers, &contenus};
     using Chemin = const std::string&;

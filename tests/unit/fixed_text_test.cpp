@@ -1,5 +1,5 @@
 // The fixed text of a value against a plain reading of its rule: fifteen significant digits, rounded
-// half away from zero, zeros behind them.
+// half away from zero, zeros after them.
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -18,7 +18,7 @@ std::string par_les_chiffres(double x, int decimales) {
     std::snprintf(texte, sizeof texte, "%.14e", std::fabs(x));
     std::string chiffre = std::string(1, texte[0]) + std::string(texte + 2, 14);
     int exposant = std::atoi(texte + 17);
-    // All digits with the point behind the integer part, long enough to be cut anywhere.
+    // All digits with the point after the integer part, long enough to be cut anywhere.
     std::string entiers = exposant >= 0 ? "" : "0", tous = chiffre;
     if (exposant < 0) tous = std::string(static_cast<std::size_t>(-exposant), '0') + tous;
     const std::size_t point = exposant >= 0 ? static_cast<std::size_t>(exposant) + 1 : 1;

@@ -1,4 +1,4 @@
-// The filler memory, on which every headless run stands: text, selection, messages, boxes, answers.
+// The in-memory port, on which every headless run stands: text, selection, messages, boxes, answers.
 #include <doctest/doctest.h>
 
 #include <string>

@@ -11,7 +11,7 @@
 
 inline const std::string kUneFeuille = "A=3\r\nB=A*2+A\r\nC=7\r\n";
 
-// The cursor is behind "B=A*", in a line that can be calculated and searched.
+// The cursor is after "B=A*", in a line that can be calculated and searched.
 inline void demarre_avec_feuille() {
     programme_neuf();
     pose_fichier("C:\\A.VXT", kUneFeuille);

@@ -31,7 +31,7 @@ TEST_CASE("pass: a sheet calculated behind another one gives what it gives alone
     }
 }
 
-TEST_CASE("pass: the results of a pass are written anew in the mode of the moment") {
+TEST_CASE("pass: the results of a pass are written anew in the current mode") {
     calcule_neuf("A=1500\r\nDEFMA\r\n1,2\r\nFIN\r\nMB=MA+MA\r\nA/1000");
     modes.mode_affichage = 3;
     re_valeur();

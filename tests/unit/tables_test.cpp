@@ -74,7 +74,7 @@ std::string item_attendu(const FrappeTouche& f) {
     return "";
 }
 
-// Letter behind "&", in capitals, or 0.
+// Letter after "&", in capitals, or 0.
 char lettre_acces(std::string_view libelle) {
     const std::size_t et = libelle.find('&');
     return et == std::string_view::npos || et + 1 == libelle.size() ? '\0'

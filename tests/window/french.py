@@ -13,7 +13,7 @@ SHIFTED = {**{digit: 10 + i for i, digit in enumerate("1234567890°+")}, "£": 3
 WITH_ALTGR = {"#": 12, "{": 13, "[": 14, "|": 15, "\\": 17, "^": 18, "@": 19, "]": 20, "}": 21}
 KEYPAD = {"7": 79, "8": 80, "9": 81, "-": 82, "4": 83, "5": 84, "6": 85, "+": 86, "1": 87, "2": 88, "3": 89,
           "0": 90, ".": 91, "*": 63, "/": 106}
-# Signs that the layout "oss" has behind AltGr.
+# Signs that the layout "oss" has on AltGr.
 OSS = {"×": (ALTGR, 59), "÷": (ALTGR, 60)}
 
 

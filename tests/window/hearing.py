@@ -92,7 +92,7 @@ class Hearing:
                    f"{row}: expected {list(words)}, heard {said}")
 
     def hear_beside(self, key, *words, row=""):
-        """Presses a key at which the reader has words of its own too: it reads the sign at the cursor behind
+        """Presses a key at which the reader has words of its own too: it reads the sign at the cursor after
         an arrow, what is selected or comes into the text, a title that changes."""
         row = self.press(key, row)
         heard = self.reader.wait_for(lambda h: all(h.count(w) for w in words), f"{row}: {words}")

@@ -1,4 +1,4 @@
-"""Where a letter lands that is typed behind each editing command: the texts, the commands in turn, and the
+"""Where a letter lands that is typed after each editing command: the texts, the commands in turn, and the
 program without a window, which the real ones are compared with."""
 import json
 
@@ -23,7 +23,7 @@ def quoted(text):
 
 
 class Probe:
-    """The program without a window: what it is like behind a row of steps. `ask` gives a job's line to the
+    """The program without a window: what it is like after a row of steps. `ask` gives a job's line to the
     probe and returns its answer's."""
 
     def __init__(self, ask, text):

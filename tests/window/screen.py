@@ -164,7 +164,7 @@ class Screen:
 
     def answered(self, window, alive, limit):
         """Waits until the program has dealt with everything sent to it until now: it answers a question
-        that stands behind all that in its queue. True when it did, False when the window has gone."""
+        that stands after all that in its queue. True when it did, False when the window has gone."""
         self.pings += 1
         mark = self.pings
         question = event.ClientMessage(window=window, client_type=self.atom("WM_PROTOCOLS"),
@@ -220,6 +220,6 @@ class Bells:
         if reply.category == record.StartOfData:
             self.ready.set()
         data = reply.data if reply.category == record.FromClient else b""
-        while data:      # one request behind the other, each with its length in fours of bytes
+        while data:      # one request after the other, each with its length in fours of bytes
             self.rung += 1
             data = data[4 * int.from_bytes(data[2:4], sys.byteorder):]

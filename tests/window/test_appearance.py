@@ -7,7 +7,7 @@ from pilot import (Atspi, Failed, children, expect, gone, has, role, run, same, 
                    wait_same, walk, words_of)
 
 BINARY, PLACE = sys.argv[1:3]
-# The lines of the list behind its first one, and what each looks like.
+# The lines of the list after its first one, and what each looks like.
 PALETTE = {"Noir": (0, 0, 0), "Gris": (128, 128, 128), "Bleu": (0, 0, 128), "Bleu clair": (0, 0, 255),
            "Vert": (0, 128, 0), "Vert clair": (0, 255, 0), "Cyan": (0, 128, 128),
            "Cyan clair": (0, 255, 255), "Rouge": (128, 0, 0), "Rouge clair": (255, 0, 0),

@@ -25,7 +25,7 @@ def strike(p, code, *modifiers, first_up=False):
 
 
 def write(p, text, first_up=False):
-    """Types a text by the keys of the layout; the modifiers come up before the sign's key or behind it."""
+    """Types a text by the keys of the layout; the modifiers come up before the sign's key or after it."""
     wait(p.active_window, f"the keyboard, before {text!r}")
     for sign in text:
         code, modifiers = place_of(sign)
@@ -282,7 +282,7 @@ def pastes(p):
         p.key("Ctrl+A")
         p.type("≤")
         p.wait_message("caractère refusé U+2264")
-        same(p.selection(), "3+1\n2½", "selection behind a refused key")
+        same(p.selection(), "3+1\n2½", "selection after a refused key")
         hears(p, reader, "1 caractère collé", lambda: paste("7"))
         p.wait_sheet("7")
         p.key("Ctrl+Z")

@@ -212,7 +212,7 @@ def french_keyboard(p):
     p.start()
     keyboard(p, "fr")
     try:
-        # The keys 2 to 0, and the two behind them, as a French keyboard names them without AltGr.
+        # The keys 2 to 0, and the two after them, as a French keyboard names them without AltGr.
         for key, sign in (("eacute", "~"), ("quotedbl", "#"), ("apostrophe", "{"), ("parenleft", "["),
                           ("minus", "|"), ("egrave", "`"), ("underscore", "\\"), ("ccedilla", "^"),
                           ("agrave", "@"), ("parenright", "]"), ("equal", "}"), ("e", "€")):

@@ -108,7 +108,7 @@ def open_and_recent(p):
 
 
 def documents(p):
-    """An empty folder of the user's, where the dialogs begin. It has no dot: a path is cut behind one."""
+    """An empty folder of the user's, where the dialogs begin. It has no dot: a path is cut after one."""
     folder = p.folder / "documents"
     folder.mkdir()
     return folder

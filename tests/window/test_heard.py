@@ -1,7 +1,7 @@
 """What a blind user hears: the program with a real screen reader. Each message is spoken once and
 stands on the braille line, equal messages in a row are both heard, nothing is said twice, and the
 braille line comes back to the cursor's line. Every command of the menus, dialog, alert and view is a row of
-one run: the key, the words expected, how often they were heard, the braille line behind.
+one run: the key, the words expected, how often they were heard, the braille line after.
 VOXTAB_HEARD=FILE writes the rows into that file."""
 import subprocess
 import sys

@@ -248,7 +248,7 @@ def system_sizes(p):
 
 def line_from_its_beginning(p):
     """After a calculation the beginning of a line that fits is in view, though a longer one was read
-    before; the cursor stays behind the result."""
+    before; the cursor stays after the result."""
     begin(p, "Adwaita", "2")
     p.type("! " + "x" * 80 + "¶" + "+".join("1" * 15))
     p.key("Haut")

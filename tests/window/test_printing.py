@@ -47,7 +47,7 @@ def a_sheet(p):
 
 
 def the_margin(p):
-    """Every line begins behind five blanks: five blanks of the sheet's own begin as far again."""
+    """Every line begins after five blanks: five blanks of the sheet's own begin as far again."""
     pdf = p.folder / "marge.pdf"
     sheet = p.folder / "marge.VXT"
     sheet.write_bytes(b"premier\r\n     second\r\n")
@@ -59,7 +59,7 @@ def the_margin(p):
 
 
 def form_feeds(p):
-    """A form feed ends its page, and the one behind the sheet makes no page more."""
+    """A form feed ends its page, and the one after the sheet makes no page more."""
     pdf = p.folder / "pages.pdf"
     sheet = p.folder / "pages.VXT"
     sheet.write_bytes(b"un\x0cdeux\r\ntrois\r\n")

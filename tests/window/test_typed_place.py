@@ -1,4 +1,4 @@
-"""Where a letter lands that is typed behind each command: in the real window as in the program without one,
+"""Where a letter lands that is typed after each command: in the real window as in the program without one,
 and on the line that the command has said."""
 import subprocess
 import sys
@@ -25,7 +25,7 @@ def behind_each_command(p, text):
             prompt, proposed = answer["saisies"][number - len(answers)]
             p.entry(prompt, proposed, given)
         p.wait_text()
-        where = f"behind {key} {answers}"
+        where = f"after {key} {answers}"
         message = answer["messages"][-1].strip()
         wait_same(lambda: p.message().strip(), message, f"message {where}")
         wait_same(lambda: (p.sheet(), p.caret()), place(answer), f"text and cursor {where}")

@@ -113,7 +113,7 @@ def calculation(p):
 
 
 def an_error_in_a_line(p):
-    """The error's words stand behind the line and in the message line; the rest is left as it is."""
+    """The error's words stand after the line and in the message line; the rest is left as it is."""
     p.start()
     p.type("A=3¶B=A/0¶C=4")
     p.key("Alt+C")

@@ -29,7 +29,7 @@ HWND focused() {
 }
 
 // Which keys the program has taken from the display as down: the modifiers, and how many others. What is
-// typed from here on stands behind these presses in its queue.
+// typed from here on stands after these presses in its queue.
 json held() {
     const auto down = [](int key) { return GetAsyncKeyState(key) < 0; };
     int others = 0;
@@ -54,7 +54,7 @@ json types(const std::wstring& text) {
     return SendInput(count, presses.data(), sizeof(INPUT)) == count;
 }
 
-// The characters of a key that has gone down, as the system puts them behind the press.
+// The characters of a key that has gone down, as the system puts them after the press.
 json characters(const std::wstring& text, UINT message) {
     const HWND window = focused();
     bool sent = window != nullptr;

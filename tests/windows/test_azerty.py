@@ -3,9 +3,9 @@
 Real: the keys come from the display as a keyboard's do (XTEST, layouts "fr" and "fr oss"), go through Wine's
 keyboard, and dead keys are composed before the program sees them. Stood in for: AltGr is Ctrl and Alt on
 Windows and neither under Wine, so what it types there is tried with Ctrl and Alt really held and the key
-really pressed, while the character behind the press is sent by hand.exe; the character messages of Windows's
+really pressed, while the character after the press is sent by hand.exe; the character messages of Windows's
 own dead keys, and the touch keyboard's signs, come from hand.exe too. Sticky Keys of Windows lets a modifier
-come up before or behind its key, which both orders of release try; the accessibility setting itself isn't
+come up before or after its key, which both orders of release try; the accessibility setting itself isn't
 there under Wine."""
 import json
 import pathlib
@@ -52,7 +52,7 @@ def strike(code, *modifiers, first_up=False, pressed=lambda: None):
 
 
 def types(p, sign, *keys, first_up=False):
-    """Keys that end in one sign, or in these signs, behind what the sheet has."""
+    """Keys that end in one sign, or in these signs, after what the sheet has."""
     before = p.sheet()
 
     def there():
@@ -67,7 +67,7 @@ def types(p, sign, *keys, first_up=False):
 
 
 def write(p, text, first_up=False):
-    """Types a text sign by sign; the modifiers come up before the sign's key or behind it."""
+    """Types a text sign by sign; the modifiers come up before the sign's key or after it."""
     for sign in text:
         code, modifiers = place_of(sign)
         types(p, sign, (code, *modifiers), first_up=first_up)
@@ -162,7 +162,7 @@ def dead_trema(p):
 
 
 def dead_keys_as_windows_sends_them(p):
-    """Windows composes a vowel, and gives both signs behind a press that nothing can be composed of."""
+    """Windows composes a vowel, and gives both signs after a press that nothing can be composed of."""
     layout("fr")
     p.start()
     for number, vowel, written in (("2", "ê", "^e"), ("7", "Î", "^I"), ("3", "^1", "^1"), ("4", "^^", "^^"),

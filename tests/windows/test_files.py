@@ -173,7 +173,7 @@ def opened_with(p, sheet, *arguments):
 
 
 def command_line(p):
-    """A bare name, a path with blanks with quotes and without, words behind it, a disk alone."""
+    """A bare name, a path with blanks with quotes and without, words after it, a disk alone."""
     write(p.folder / "donnée.VXT", "A=5\n")
     write(p.folder / "mes feuilles" / "une feuille.VXT", "A=5\n")
     write(DRIVE_C / "X.VXT", "A=5\n")

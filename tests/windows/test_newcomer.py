@@ -105,7 +105,7 @@ class Newcomer:
         return p.title(), p.sheet(), p.selection(), p.message()
 
     def moved(self, before, name):
-        """A key that changes nothing that can be seen is over with the silence behind it."""
+        """A key that changes nothing that can be seen is over with the silence after it."""
         end = time.monotonic() + SILENCE
         while time.monotonic() < end and self.state() == before:
             time.sleep(0.02)

@@ -116,7 +116,7 @@ class Typist:
         return wait(lambda: not self.running() or condition(), what) and self.running()
 
     def line(self):
-        """One line with a mark of its own, at the end of the sheet, behind a line that an end has cut short."""
+        """One line with a mark of its own, at the end of the sheet, after a line that an end has cut short."""
         self.marks += 1
         mark = f"{self.marks}*10"
         self.p.key("Ctrl+Fin")
@@ -158,7 +158,7 @@ class Typist:
         return ended[0]
 
     def answer(self, left):
-        """Takes back what is asked about. An end right behind a save leaves a file that the save has overtaken:
+        """Takes back what is asked about. An end right after a save leaves a file that the save has overtaken:
         it goes, or is told when it has another text."""
         if overtaken(left, self.sheet):
             return

@@ -1,4 +1,4 @@
-"""Where a letter lands that is typed behind each editing command: in the window on Windows as in the program
+"""Where a letter lands that is typed after each editing command: in the window on Windows as in the program
 without one, and on the line that the command has said."""
 import os
 import pathlib
@@ -53,7 +53,7 @@ def behind_each_command(p, text):
         for number, given in enumerate(answers):
             entry(p, *answer["saisies"][number - len(answers)], given)
         p.wait_no_box()
-        where = f"behind {key} {answers}"
+        where = f"after {key} {answers}"
         message = answer["messages"][-1].strip()
         wait_same(lambda: p.message().strip(), message, f"message {where}")
         wait_same(lambda: now(p), place(answer), f"text and cursor {where}")

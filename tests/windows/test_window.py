@@ -70,7 +70,7 @@ def messages_together(p):
 
 
 def equal_messages(p):
-    """The same words, one key behind the other, are two events, the second one padded."""
+    """The same words, one key after the other, are two events, the second one padded."""
     p.start(text="A=3")
     p.clip("\u2264")
     p.key("Ctrl+V")
@@ -83,7 +83,7 @@ def equal_messages(p):
 
 
 def told_to_the_system(p):
-    """The message line is a live region, said behind what is being said; names and roles are told."""
+    """The message line is a live region, said after what is being said; names and roles are told."""
     done = subprocess.run(["wine", str(pathlib.Path(BUILD) / "properties.exe")], check=True,
                           capture_output=True, text=True)
     live_setting = "{C12BCD8E-2A8E-4950-8AE7-3625111D58EB}"

@@ -8,7 +8,7 @@
 #include "platform/memory.hpp"
 #include "settings/settings.hpp"
 #include "shell/events.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
 

@@ -11,7 +11,6 @@
 #include "documents/undo.hpp"
 #include "platform/memory.hpp"
 #include "shell/events.hpp"
-#include "shell/menu_table.hpp"
 #include "support/program.hpp"
 
 namespace {

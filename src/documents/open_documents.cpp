@@ -1,5 +1,4 @@
-// The open documents: New, Open, Open recent, Previous, Next, Close, and the items of the open and
-// recent files on top of the File menu.
+// The open documents: New, Open, Previous, Next, Close.
 #include "documents/open_documents.hpp"
 
 #include <utility>
@@ -11,13 +10,10 @@
 #include "documents/undo.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/file_failures.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/paths.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
-#include "shell/status.hpp"
-#include "shell/views.hpp"
 
 Documents documents;
 Dlg dlg;
@@ -130,7 +126,7 @@ void place_fichier(const std::string& nom, Ouverture&& o) {
     documents.base(o.rang) = o.lue.base;
     montre_feuille(std::move(o.lue.texte));
     if (o.lue.amenee) Tente(kLitNomCopie, [&] { ecrit_copie(o.rang); });
-    AfficheStatus();
+    crochets.statut();
     dit_si_hors_liste(nom);
 }
 
@@ -149,25 +145,6 @@ void ouvre_fichier() {
     const std::string nom = demande_fichier();
     if (dejaOuvert(nom)) return;
     ouvre_nom(nom);
-}
-
-// Opens that file, which is not changed then, or says why it can't be opened.
-void ouvre_ou_dit(const std::string& nom) {
-    const bool ouvert = rang_ouvert(nom) != 0;
-    if (!ouvert && !FichierExistant(nom)) {
-        dit("fichier inexistant"_fr);
-        return;
-    }
-    if (!ouvert && complet()) return;
-    Essaie(
-        [&] {
-            ouvre_nom(nom);
-            if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
-        },
-        [](int numero) {
-            if (numero != kDejaDit) signale_defaillance(kCommande, numero);
-            Tente(kCommande, [] { dit("ouverture impossible"); });
-        });
 }
 
 // Previous and Next: leaves the sheet, moves, shows the other one.
@@ -213,14 +190,6 @@ bool ferme_milieu() {
     montre_feuille(std::move(texte));
     efface_nomdoc(rang);
     return true;
-}
-
-// An item of the File menu reads its number and the path.
-void remplit_item(int k, const std::string& nom, bool actif) {
-    EtatItem& item = menus.recents[static_cast<std::size_t>(k)];
-    item.libelle = chiffres(k) + " " + nom;
-    item.visible = true;
-    item.actif = actif;
 }
 
 }  // namespace
@@ -272,7 +241,7 @@ void DocPrecedent() {
 
 bool TestRepertoire() {
     if (!LitNomCopie()) return false;
-    AfficheStatus();
+    crochets.statut();
     dit_nom();
     return true;
 }
@@ -297,8 +266,6 @@ bool montre_document(int rang) {
 }
 
 void mnuNouveauItem() {
-    if (annonce_item("mnuNouveauItem")) return;
-    quitte_vues();
     if (complet()) return;
     if (sans_titre_ouvert()) {
         port.boites.boite("un seul fichier SANSTITRE autorisé"_fr);
@@ -312,52 +279,41 @@ void mnuNouveauItem() {
     documents.document_modifie(documents.document_courant) = 0;
     ligne_courante_ini() = std::move(ligne);
     vide_document();
-    AfficheStatus();
+    crochets.statut();
     // The variable itself goes to the message line, which may pad it, on purpose: the tests for the
     // untitled sheet then no longer match.
     message(reglages.nom_sanstitre);
 }
 
 void mnuOuvrirItem() {
-    if (annonce_item("mnuOuvrirItem")) return;
-    quitte_vues();
     if (complet()) return;
     Essaie(ouvre_fichier, [](int numero) {
         if (numero != kAnnulation) Tente(kCommande, [] { dit("ouverture impossible"); });
     });
 }
 
-void mnuOuvrirSousMenuItem(int Index) {
-    if (Index <= documents.nombre_document || Index > kItemsRecents) return;
-    const std::string libelle = menus.recents[static_cast<std::size_t>(Index)].libelle;
-    if (annonce_mots(libelle)) return;
-    quitte_vues();
-    const std::string nom = libelle.substr(libelle.find(' ') + 1);
-    ouvre_ou_dit(nom);
+void ouvre_ou_dit(const std::string& nom) {
+    const bool ouvert = rang_ouvert(nom) != 0;
+    if (!ouvert && !FichierExistant(nom)) {
+        dit("fichier inexistant"_fr);
+        return;
+    }
+    if (!ouvert && complet()) return;
+    Essaie(
+        [&] {
+            ouvre_nom(nom);
+            if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
+        },
+        [](int numero) {
+            if (numero != kDejaDit) signale_defaillance(kCommande, numero);
+            Tente(kCommande, [] { dit("ouverture impossible"); });
+        });
 }
 
-void recoit_feuille(const std::string& nom) {
-    if (nom.empty()) return;
-    if (aide.aide_touche) CmdVoxtab();
-    quitte_vues();
-    ouvre_ou_dit(nom);
-}
-
-void mnuFichierPrecedentItem() {
-    if (annonce_item("mnuFichierPrecedentItem")) return;
-    quitte_vues();
-    change_document(DocPrecedent);
-}
-
-void mnuFichierSuivantItem() {
-    if (annonce_item("mnuFichierSuivantItem")) return;
-    quitte_vues();
-    change_document(DocSuivant);
-}
+void mnuFichierPrecedentItem() { change_document(DocPrecedent); }
+void mnuFichierSuivantItem() { change_document(DocSuivant); }
 
 void mnuFermerItem() {
-    if (annonce_item("mnuFermerItem")) return;
-    quitte_vues();
     note_feuille();
     Tente(kCommande, [] { ecrit_copie(documents.document_courant); });
     if (!sauvegarde()) return;
@@ -371,22 +327,6 @@ void mnuFermerItem() {
         return;
     }
     insert_nomdoc(documents.nombre_document + 1);
-    AfficheStatus();
+    crochets.statut();
     dit_nom();
-}
-
-void rebatit_menu_fichier() {
-    int k = 0;
-    while (k < documents.nombre_document) {
-        ++k;
-        remplit_item(k, reglages.table_ini(k).nom, false);
-    }
-    for (int rang = k + 1; rang <= kDocumentsMaxi; ++rang) {
-        const std::string& nom = reglages.table_ini(rang).nom;
-        if (nom != reglages.nom_sanstitre) remplit_item(++k, nom, true);
-    }
-    while (k < kItemsRecents) {
-        EtatItem& item = menus.recents[static_cast<std::size_t>(++k)];
-        item.actif = item.visible = false;
-    }
 }

@@ -1,5 +1,5 @@
-// The open documents and the commands New, Open, Open recent, Previous, Next and Close. One instance,
-// `documents`; the commands change it, the settings table, the working copies and the text.
+// The open documents and the commands New, Open, Previous, Next and Close, for a control that shows the
+// sheet. One instance, `documents`; the commands change it, the settings table, the working copies and the text.
 #pragma once
 
 #include <cstdint>
@@ -45,9 +45,7 @@ bool montre_document(int rang);          // leaves the current sheet for that on
 
 void mnuNouveauItem();
 void mnuOuvrirItem();
-void mnuOuvrirSousMenuItem(int Index);
-void recoit_feuille(const std::string& nom);   // opens what another start of the program hands over
+void ouvre_ou_dit(const std::string& nom);     // opens that file, or shows its sheet; says why it can't
 void mnuFichierPrecedentItem();
 void mnuFichierSuivantItem();
 void mnuFermerItem();
-void rebatit_menu_fichier();             // the fifteen items on top of the File menu

@@ -6,7 +6,6 @@
 #include "platform/file_failures.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
-#include "shell/help_mode.hpp"
 
 namespace {
 
@@ -25,7 +24,6 @@ std::string texte_imprime(std::string_view texte) {
 }
 
 void mnuImprimer() {
-    if (annonce_item("mnuImprimer")) return;
     const std::string texte = texte_imprime(port.texte.texte());
     const std::string police(sans_blancs(reglages.table_ini(kLignePoliceImprimante).nom));
     const double taille = prefixe_numerique(reglages.table_ini(kLigneTailleImprimante).nom);

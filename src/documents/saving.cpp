@@ -16,10 +16,9 @@
 #include "platform/file_failures.hpp"
 #include "platform/message.hpp"
 #include "platform/paths.hpp"
+#include "platform/hooks.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/status.hpp"
 
 namespace {
 
@@ -185,7 +184,6 @@ void rangefichier() {
 }
 
 bool enregistrersous() noexcept {
-    if (annonce_item("mnuEnregistrerSousItem")) return false;
     documents.enregistrement_rate = false;
     Tente(kEnregistrerSous, sauvebak);
     if (!Tente(kEnregistrerSous, note_feuille)) return false;
@@ -199,7 +197,7 @@ bool enregistrersous() noexcept {
     if (documents.enregistrement_rate) return false;
     renomme(dlg.nom_fichier);
     Tente(kEnregistrerSous, [] { documents.document_modifie(documents.document_courant) = 0; });
-    Tente(kEnregistrerSous, AfficheStatus);
+    Tente(kEnregistrerSous, crochets.statut);
     Tente(kEnregistrerSous, [] { dit_si_hors_liste(dlg.nom_fichier); });
     return true;
 }
@@ -220,13 +218,12 @@ bool sauvegarde() {
 }
 
 void mnuEnregistrerItem() {
-    if (annonce_item("mnuEnregistrerItem")) return;
     if (!sans_place()) {
         rangefichier();
     } else {
         if (!enregistrersous()) return;
         ligne_courante_ini().nom = dlg.nom_fichier;
-        AfficheStatus();
+        crochets.statut();
     }
     dit("enregistrer"_fr);
 }

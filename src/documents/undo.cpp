@@ -12,8 +12,6 @@
 #include "editing/words.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/window.hpp"
 
 Historique historique;
 
@@ -167,11 +165,10 @@ void deplace(Depart& depart, Arrivee& arrivee, bool avance) {
     dit_ligne_sous_curseur();
 }
 
-// True when the sheet can be written and a change of that list is there for it.
+// True when the sheet is shown and a change of that list is there for it.
 template <class Liste>
 bool possible(const Liste& liste) {
-    return feuille_montree() && !fenetre.txt_lecture_seule && fenetre.txt.visible &&
-           historique.document == identite_courante() && !liste.empty();
+    return feuille_montree() && historique.document == identite_courante() && !liste.empty();
 }
 
 }  // namespace
@@ -190,21 +187,21 @@ void ferme_changements(int rang) noexcept {
     if (historique.document == identite) historique.document.reset();
 }
 
-void annule() {
-    if (annonce_item("mnuAnnulerItem")) return;
+bool defait_changement() {
     note_frappe();
     HistoireFeuille& h = courante();
-    if (!possible(h.faits)) return dit("rien à annuler"_fr);
+    if (!possible(h.faits)) return false;
     deplace(h.faits, h.defaits, false);
     // What is typed from here on is a change of its own.
     if (!h.faits.empty()) h.faits.back().ouvert = false;
+    return true;
 }
 
-void retablit() {
-    if (annonce_item("mnuRetablirItem")) return;
+bool refait_changement() {
     note_frappe();
     HistoireFeuille& h = courante();
-    if (!possible(h.defaits)) return dit("rien à rétablir"_fr);
+    if (!possible(h.defaits)) return false;
     deplace(h.defaits, h.faits, true);
     h.faits.back().ouvert = false;
+    return true;
 }

@@ -1,5 +1,5 @@
 // Undo and redo: each open sheet has its own list of changes, kept as what went and what came. One
-// instance, `historique`; the events note what has changed, `annule` and `retablit` change the text,
+// instance, `historique`; the events note what has changed, the two steps change the text,
 // the cursor, and mark the sheet as changed.
 // The list belongs to the core because the text control forgets its own when a command rewrites it.
 #pragma once
@@ -53,5 +53,7 @@ void oublie_changements() noexcept;
 // The sheet of that document number is no longer open: its list goes.
 void ferme_changements(int rang) noexcept;
 
-void annule();                       // takes the last change back and says the line under the cursor
-void retablit();                     // makes the change again that was taken back last
+// Takes the last change back, or makes the one again that was taken back last, and says the line under
+// the cursor. False when there is none, or the control shows another text than the sheet.
+bool defait_changement();
+bool refait_changement();

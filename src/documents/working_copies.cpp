@@ -14,9 +14,9 @@
 #include "documents/opened_file.hpp"
 #include "documents/recovery_file.hpp"
 #include "platform/file_failures.hpp"
+#include "platform/hooks.hpp"
 #include "platform/paths.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
 
 namespace {
 
@@ -116,7 +116,7 @@ std::string copie_libre(const std::string& copie, int rang) {
 }
 
 bool feuille_montree() {
-    return !documents.liste_fonction_active && !documents.feuille_ailleurs && !aide.aide_touche;
+    return !documents.liste_fonction_active && !documents.feuille_ailleurs && crochets.feuille_montree();
 }
 
 void note_feuille() {

@@ -7,11 +7,10 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
 
 Recherche recherche;
 
@@ -138,17 +137,13 @@ void remplace_depuis(Reconstruction& r, std::size_t depart) {
 void ecrit(Reconstruction& r) {
     ajoute(r, std::string_view(r.ancien).substr(r.reste));
     port.texte.pose_texte(std::move(r.nouveau));
-    marque_modifie();
+    crochets.document_modifie();
     pose_sur_remplacement(r.premiere);
 }
 
 }  // namespace
 
 void EntreeRecherche(std::string_view mode) {
-    if (annonce_item(mode == "1"   ? "mnuRechercherCurseurItem"
-                     : mode == "2" ? "mnuRechercherDebutItem"
-                                   : "mnuRechercherArriereItem"))
-        return;
     if (!demande_recherche()) return;
     recherche.mode_recherche = vers_16_arrondi(prefixe_numerique(mode));
     switch (recherche.mode_recherche) {
@@ -189,13 +184,12 @@ void modifligne(bool avec_dialogue) {
     port.texte.pose_texte(std::move(texte));
     pose_sur_remplacement(debut + trouve);
     dit_ligne_du_curseur();
-    marque_modifie();
+    crochets.document_modifie();
 }
 
 void modifTexte() {
     const std::string ancienne = recherche.chaine_recherche;
-    if (annonce_item("mnumodifTexteItem") || !demande_recherche()) return;
-    if (!demande_remplacement(ancienne)) return;
+    if (!demande_recherche() || !demande_remplacement(ancienne)) return;
     Remplacer();
 }
 
@@ -214,12 +208,9 @@ void mnuRechercherCurseurItem() { EntreeRecherche("1"); }
 void mnuRechercherDebutItem() { EntreeRecherche("2"); }
 void mnuRechercherArriereItem() { EntreeRecherche("3"); }
 
-void mnuRechercherPrecedentItem() {
-    if (!annonce_item("mnuRechercherPrecedentItem")) AppelRechercheArriere();
-}
+void mnuRechercherPrecedentItem() { AppelRechercheArriere(); }
 
 void mnuRechercherSuivantItem() {
-    if (annonce_item("mnuRechercherSuivantItem")) return;
     // The text's length is leapt over even when the cursor doesn't come from a search, on purpose.
     const std::string& chaine = recherche.chaine_recherche;
     if (find(chaine, curseur() + chaine.size()) != -1) return dit_ligne_du_curseur();
@@ -227,12 +218,6 @@ void mnuRechercherSuivantItem() {
     dit("introuvable"_fr);
 }
 
-void mnumodifLigneItem() {
-    if (!annonce_item("mnumodifLigneItem")) modifligne(true);
-}
-
-void mnumodifLigneSansDialItem() {
-    if (!annonce_item("mnumodifLigneSansDialItem")) modifligne(false);
-}
-
+void mnumodifLigneItem() { modifligne(true); }
+void mnumodifLigneSansDialItem() { modifligne(false); }
 void mnumodifTexteItem() { modifTexte(); }

@@ -1,5 +1,5 @@
-// Word, tabulation and bookmark commands. Change the cursor, the text, and the bookmark of the
-// current document's row; columns count from 1.
+// Commands of words, tabulations, lines and the selection. Change the cursor and the text; columns
+// count from 1.
 #include "editing/words.hpp"
 
 #include <algorithm>
@@ -9,11 +9,10 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
-#include "shell/help_mode.hpp"
 
 Caracteres caracteres;
 
@@ -83,7 +82,7 @@ void enleve(std::size_t longueur_ligne, std::size_t de, std::size_t vers) {
     if (de <= longueur_ligne) texte.erase(debut + de - 1, vers - de);
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(sel, 0);
-    marque_modifie();
+    crochets.document_modifie();
 }
 
 }  // namespace
@@ -104,7 +103,6 @@ void batit_caracteres() {
 }
 
 void chaineGAUCHE() {
-    if (annonce_item("mnuChaineGaucheItem")) return;
     const std::size_t x = WhereX();
     std::string ligne = extraitLigne(curseur());
     if (x == 1) {
@@ -124,7 +122,6 @@ void chaineGAUCHE() {
 }
 
 void chainedroite() {
-    if (annonce_item("mnuChaineDroiteItem")) return;
     const std::size_t x0 = WhereX();
     const std::string ligne = extraitLigne(curseur());
     const std::size_t debut = debut_mot_droite(x0, ligne);
@@ -138,7 +135,6 @@ void chainedroite() {
 }
 
 void mnuEffaceMotItem() {
-    if (annonce_item("mnuEffaceMotItem")) return;
     const std::size_t x = WhereX();
     const std::string ligne = extraitLigne(curseur());
     const bool mot = !dans(" ", ligne, x);
@@ -157,7 +153,6 @@ void mnuChaineGaucheItem() { chaineGAUCHE(); }
 void mnuChaineDroiteItem() { chainedroite(); }
 
 void mnuTabulationAvantItem() {
-    if (annonce_item("mnuTabulationAvantItem")) return;
     const std::size_t fin = FinLigne() - 1;
     const std::size_t x = WhereX();
     const std::size_t arret = (x / kPasTabulation + 1) * kPasTabulation;
@@ -173,7 +168,6 @@ void mnuTabulationAvantItem() {
 }
 
 void mnuTabulationArriereItem() {
-    if (annonce_item("mnuTabulationArriereItem")) return;
     const std::size_t x = WhereX();
     std::size_t arret = x / kPasTabulation * kPasTabulation;
     if (arret == x) arret -= kPasTabulation;
@@ -183,28 +177,13 @@ void mnuTabulationArriereItem() {
     dit_nombre(arret);
 }
 
-void mnuPoseRepereItem() {
-    if (annonce_item("mnuPoseRepereItem")) return;
-    dit("Pose d'un repère"_fr);
-    ligne_courante_ini().champ3 = vers_32_tronque(static_cast<double>(curseur()));
-}
-
-void mnuRepereItem() {
-    if (annonce_item("mnuRepereItem")) return;
-    const std::int32_t repere = std::max(ligne_courante_ini().champ3, 0);
-    port.texte.pose_selection(static_cast<std::size_t>(repere), 0);
-    dit_ligne_sous_curseur();
-}
-
 void mnuXYItem() {
-    if (annonce_item("mnuXYItem")) return;
     const std::size_t sel = curseur();
     dit("colonne" + forme_blanc(static_cast<double>(WhereX())) + " ligne" +
         forme_blanc(NumeroTxt(sel)));
 }
 
 void mnuNumeroLigneItem() {
-    if (annonce_item("mnuNumeroLigneItem")) return;
     const std::int16_t compte = NumeroTxt(port.texte.texte().size());
     std::string reponse;
     if (!port.boites.saisie("Numéro de ligne"_fr, forme_blanc(compte), reponse) || reponse.empty())
@@ -215,6 +194,5 @@ void mnuNumeroLigneItem() {
 }
 
 void mnuSelectionToutItem() {
-    if (annonce_item("mnuSelectionToutItem")) return;
     port.texte.pose_selection(0, port.texte.texte().size());
 }

@@ -1,5 +1,5 @@
-// Word, tabulation and bookmark commands: they move in a line and say where the cursor came to.
-// Change the cursor, the text, and the bookmark of the current document's row.
+// Commands of words, tabulations, lines and the selection: they move in the text and say where the cursor
+// came to. Change the cursor and the text.
 #pragma once
 
 #include <string>
@@ -23,8 +23,6 @@ void mnuChaineGaucheItem();
 void mnuChaineDroiteItem();
 void mnuTabulationAvantItem();
 void mnuTabulationArriereItem();
-void mnuPoseRepereItem();
-void mnuRepereItem();
 void mnuXYItem();
 void mnuNumeroLigneItem();
 void mnuSelectionToutItem();

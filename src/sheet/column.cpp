@@ -13,7 +13,6 @@
 #include "platform/platform.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/rendering.hpp"
-#include "shell/help_mode.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 
@@ -42,7 +41,6 @@ void additionne_lignes(std::int16_t derniere) {
 }  // namespace
 
 void calcul_colonne() {
-    if (annonce_item("mnuCalculColonneItem")) return;
     if (port.texte.texte().empty()) return;
     feuille.calcul_en_colonne = true;
     recalcul();

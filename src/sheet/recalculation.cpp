@@ -26,7 +26,6 @@
 #include "sheet/matrix_definition.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/rendering.hpp"
-#include "shell/help_mode.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/sheet.hpp"
@@ -333,7 +332,6 @@ void calcule_texte() {
 }  // namespace
 
 void recalcul() noexcept {
-    if (annonce_item("mnuCalculItem")) return;
     feuille.passe_refusee = false;
     patience = Patience{};
     if (port.texte.texte().empty()) return;

@@ -21,7 +21,9 @@
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
+#include "shell/quitting.hpp"
+#include "shell/recent_files.hpp"
 #include "shell/startup.hpp"
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
@@ -48,11 +50,7 @@ int unite_option(std::string_view nom) {
 }
 
 // True when the user can reach the control: it is shown and enabled, and so is its frame.
-bool accessible(const Controle& c) {
-    const bool dans_cadre = unite_option(c.nom) != 0 || c.nom == "CmdAngle";
-    const Controle& cadre = dans_cadre ? fenetre.FrameAngle : c;
-    return c.visible && c.actif && cadre.visible && cadre.actif;
-}
+bool accessible(const Controle& c) { return montre(c) && utilisable(c); }
 
 // A control that has gone can't keep the focus: the text takes it.
 void garde_focus() {
@@ -125,15 +123,15 @@ void caractere_texte(int code) {
 
 // Escape on a button, out of the view that it stands in: to the sheet.
 void revient_a_la_feuille() {
-    if (fenetre.FrameAngle.visible) return CmdAngle();
-    if (fenetre.Liste.visible) return RetourListe();
+    if (vue_ouverte(Vue::angle)) return CmdAngle();
+    if (vue_ouverte(Vue::choix_couleur)) return RetourListe();
     if (fenetre.CmdVoxtab.visible || documents.liste_fonction_active) CmdVoxtab();
     donne_focus(fenetre.txt);
 }
 
 // Tells where the user is, in a view without the text.
 void dit_la_vue() {
-    if (fenetre.FrameAngle.visible)
+    if (vue_ouverte(Vue::angle))
         souffle(fenetre.FrameAngle.texte);
     else if (!fenetre.lignes_liste.empty())
         souffle(fenetre.lignes_liste.front());
@@ -215,7 +213,7 @@ void evenement_chargement() { evenement(demarre); }
 // saved, and when what isn't saved can't be kept for the next start.
 void evenement_fermeture() {
     documents.enregistrement_rate = false;
-    evenement(quitter);
+    evenement([] { execute_commande(kItemQuitter); });
     if (fenetre.fermee || documents.enregistrement_rate) return;
     if (!Tente(kCommande, marque_disparues) || !garde_ou_dit()) return montre_fenetre();
     fenetre.fermee = true;
@@ -291,12 +289,12 @@ bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
 }
 
 bool evenement_enfonce(std::string_view nom, const FrappeTouche& frappe) {
-    void (*const commande)() = nom == "txt" ? commande_enfoncee(frappe) : nullptr;
+    const LigneCommande* const commande = nom == "txt" ? commande_enfoncee(frappe) : nullptr;
     if (commande == nullptr) {
         evenement_avant_changement();
         return false;
     }
-    evenement(commande);
+    evenement([&] { lance(*commande); });
     return true;
 }
 
@@ -323,14 +321,4 @@ void evenement_touche(std::string_view nom, const FrappeTouche& frappe) {
     evenement([&] {
         if (nom == "txt") touche_texte(frappe);
     });
-}
-
-std::string_view item_du_raccourci(const FrappeTouche& frappe) {
-    if (frappe.alt || frappe.touche == kToucheAucune) return "";
-    for (const LigneMenu& ligne : lignes_menu()) {
-        const Raccourci& r = ligne.raccourci;
-        if (r.touche == frappe.touche && r.ctrl == frappe.ctrl && r.maj == frappe.maj)
-            return ligne.nom;
-    }
-    return "";
 }

@@ -35,6 +35,3 @@ void evenement_avant_changement();                    // the user is about to ch
 void evenement_texte_change();                        // the user has changed it, by a key or without one
 // What is to be said of what was typed or pasted, in UTF-8: nothing when it is "". A refusal beeps.
 void evenement_saisie(std::string_view mots, bool refus);
-
-// The item whose shortcut that is, or "": menus take their keys before the focused control.
-std::string_view item_du_raccourci(const FrappeTouche& frappe);

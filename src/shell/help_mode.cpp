@@ -2,7 +2,6 @@
 #include "shell/help_mode.hpp"
 
 #include "platform/message.hpp"
-#include "shell/menu_table.hpp"
 
 Aide aide;
 
@@ -11,10 +10,4 @@ bool annonce_mots(std::string_view mots) {
     dit(mots);
     aide.aide_touche_traitee = true;
     return true;
-}
-
-bool annonce_item(std::string_view nom) {
-    if (!aide.aide_touche) return false;
-    const LigneMenu* ligne = ligne_menu(nom);
-    return ligne != nullptr && annonce_mots(ligne->mots_aide);
 }

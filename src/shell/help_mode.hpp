@@ -3,15 +3,19 @@
 
 #include <string_view>
 
+#include "base/codepage.hpp"
+
 struct Aide {
     bool aide_touche = false;            // commands say what they do instead of doing it
     bool aide_touche_traitee = false;    // a command has said its words
 };
 extern Aide aide;
 
-// In key-help mode says the words of that menu item, notes that the key was handled and answers true:
-// the command ends. An item without words acts in key-help mode too.
-bool annonce_item(std::string_view nom);
+// The words of commands that a button runs as well.
+inline constexpr std::string_view kMotsCalcul = "calcul de la feuille"_fr;
+inline constexpr std::string_view kMotsModifTexte = "Remplacement sur le texte"_fr;
+inline constexpr std::string_view kMotsQuitter = "quitter la calculatrice"_fr;
 
-// The same for a command of the keys alone, which stands in no menu.
+// In key-help mode says a command's words, notes that the key was handled and answers true: the command is
+// not run. A command without words acts in key-help mode too.
 bool annonce_mots(std::string_view mots);

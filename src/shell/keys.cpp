@@ -1,4 +1,4 @@
-// The keys of the text: which are down, and the command that each runs as it goes down or comes up.
+// The keys of the text: which are down, and what each does as it comes up.
 // Changes `clavier` and, through the commands, the sheet.
 #include "shell/keys.hpp"
 
@@ -6,79 +6,26 @@
 #include <array>
 
 #include "documents/open_documents.hpp"
-#include "documents/saving.hpp"
-#include "documents/undo.hpp"
-#include "editing/search.hpp"
-#include "editing/words.hpp"
 #include "platform/message.hpp"
-#include "sheet/column.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/commands.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
-#include "shell/views.hpp"
 
 Clavier clavier;
 
 namespace {
 
-// What must be down with a key that the text handles.
-enum class Avec { rien, alt, ctrl, maj_ctrl };
-
-struct ToucheTexte {
+// The keys that the text handles on their release and that run no command, whatever is down with them. A
+// key that isn't here and runs none is "any other".
+struct ToucheSansCommande {
     int touche;
-    Avec avec;
     void (*action)();
 };
-
-// The keys that the text handles on their release. Only the bits named are looked at: AltGr, which is
-// Ctrl and Alt, does for Alt. A key that isn't here with its modifiers is "any other".
-constexpr std::array kTouchesTexte = {
-    ToucheTexte{kToucheF1, Avec::alt, AfficheFonction},
-    ToucheTexte{kToucheGauche, Avec::alt, chaineGAUCHE},
-    ToucheTexte{kToucheDroite, Avec::alt, chainedroite},
-    ToucheTexte{kToucheSuppr, Avec::rien, marque_modifie},
-    ToucheTexte{kToucheEntree, Avec::ctrl, calcul_colonne},
-    ToucheTexte{'C', Avec::alt, [] { recalcul(); }},
-    ToucheTexte{'R', Avec::alt, mnuRechercherCurseurItem},
-    ToucheTexte{'S', Avec::maj_ctrl, [] { enregistrersous(); }},
-    ToucheTexte{kToucheFin, Avec::rien, [] {}},
-    ToucheTexte{kToucheMaj, Avec::rien, [] {}},
-    ToucheTexte{kToucheCtrl, Avec::rien, [] {}},
+constexpr std::array kSansCommande = {
+    ToucheSansCommande{kToucheSuppr, marque_modifie},
+    ToucheSansCommande{kToucheFin, [] {}},
+    ToucheSansCommande{kToucheMaj, [] {}},
+    ToucheSansCommande{kToucheCtrl, [] {}},
 };
-
-bool tient(const FrappeTouche& frappe, Avec avec) {
-    switch (avec) {
-        case Avec::alt: return frappe.alt;
-        case Avec::ctrl: return frappe.ctrl;
-        case Avec::maj_ctrl: return frappe.maj && frappe.ctrl;
-        case Avec::rien: break;
-    }
-    return true;
-}
-
-// The row of that key with those modifiers, or nullptr.
-const ToucheTexte* touche_du_texte(const FrappeTouche& frappe) {
-    const auto* const ligne =
-        std::find_if(kTouchesTexte.begin(), kTouchesTexte.end(), [&](const ToucheTexte& t) {
-            return t.touche == frappe.touche && tient(frappe, t.avec);
-        });
-    return ligne == kTouchesTexte.end() ? nullptr : ligne;
-}
-
-// The keys that the text takes as they are pressed, so that they repeat while they are held down. The
-// modifiers must be those and no other: AltGr types characters.
-struct ToucheEnfoncee {
-    FrappeTouche frappe;
-    void (*action)();
-};
-constexpr std::array kTouchesEnfoncees = {
-    ToucheEnfoncee{{'Z', false, true, false}, annule},
-    ToucheEnfoncee{{'Z', true, true, false}, retablit},
-};
-
-bool meme_frappe(const FrappeTouche& a, const FrappeTouche& b) {
-    return a.touche == b.touche && a.maj == b.maj && a.ctrl == b.ctrl && a.alt == b.alt;
-}
 
 auto place_de(int touche) {
     return std::find_if(clavier.tenues.begin(), clavier.tenues.end(),
@@ -111,6 +58,17 @@ void touche_quelconque() {
     aide.aide_touche_traitee = false;
 }
 
+// What that key does as it comes up; a key whose press has run a command does nothing more.
+void sert(const FrappeTouche& frappe, bool servie) {
+    if (servie) return touche_quelconque();
+    if (const LigneCommande* const commande = commande_relachee(frappe)) return lance(*commande);
+    const auto* const ligne =
+        std::find_if(kSansCommande.begin(), kSansCommande.end(),
+                     [&](const ToucheSansCommande& t) { return t.touche == frappe.touche; });
+    if (ligne == kSansCommande.end()) return touche_quelconque();
+    ligne->action();
+}
+
 }  // namespace
 
 bool note_pression(bool dans_texte, const FrappeTouche& frappe) {
@@ -141,14 +99,7 @@ void oublie_touches() { clavier = Clavier{}; }
 // Insert is the reader's key and no switch to overwriting.
 bool touche_reservee(const FrappeTouche& f) {
     if (f.touche == kToucheInser) return !f.maj && !f.ctrl && !f.alt;
-    const ToucheTexte* const ligne = touche_du_texte(f);
-    return ligne != nullptr && ligne->avec != Avec::rien;
-}
-
-void (*commande_enfoncee(const FrappeTouche& frappe))() {
-    for (const ToucheEnfoncee& ligne : kTouchesEnfoncees)
-        if (meme_frappe(ligne.frappe, frappe)) return ligne.action;
-    return nullptr;
+    return commande_relachee(f) != nullptr;
 }
 
 void touche_texte(const FrappeTouche& frappe) {
@@ -160,12 +111,7 @@ void touche_texte(const FrappeTouche& frappe) {
         clavier.alt_attend = !tenue.servie && alt_en_attente();
         if (clavier.alt_attend || tenue.servie) return;
     }
-    const ToucheTexte* const ligne = touche_du_texte(reunit(tenue.frappe, frappe));
-    if (ligne == nullptr || tenue.servie) {
-        touche_quelconque();
-    } else {
-        ligne->action();
-    }
+    sert(reunit(tenue.frappe, frappe), tenue.servie);
     // Alt that came up first says in key help what it says when it comes up last.
     if (clavier.alt_attend && !alt_en_attente()) {
         clavier.alt_attend = false;

@@ -4,11 +4,7 @@
 
 #include <vector>
 
-// A key with the state of the modifiers at that moment. AltGr is Ctrl and Alt together.
-struct FrappeTouche {
-    int touche = 0;                  // code of menu_table.hpp
-    bool maj = false, ctrl = false, alt = false;
-};
+#include "shell/key_codes.hpp"
 
 struct ToucheTenue {
     FrappeTouche frappe;             // as it went down
@@ -32,8 +28,6 @@ void oublie_touches();               // the window has lost the keyboard
 
 // A key whose command comes on its release: its press must neither type nor move anything.
 bool touche_reservee(const FrappeTouche& frappe);
-// The command that the text runs as that key goes down, or nullptr.
-void (*commande_enfoncee(const FrappeTouche& frappe))();
 // A key of the text comes up and runs its command, once for one press: a modifier counts that was held
 // as the key went down or as it came up.
 void touche_texte(const FrappeTouche& frappe);

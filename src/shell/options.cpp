@@ -14,9 +14,7 @@
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 #include "sheet/recalculation.hpp"
-#include "shell/commands.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
@@ -33,11 +31,8 @@ void note_modes(bool avec_affichage) {
     if (avec_affichage) nombres.champ3 = modes.mode_affichage;
 }
 
-// A number-mode command: its words are said first, in key-help mode they are all that it does.
-// An `affichage` of 0 leaves the decimal form as it is.
-void change_mode(std::string_view nom, std::int16_t nombre, std::int16_t affichage) {
-    if (annonce_item(nom)) return;
-    dit(ligne_menu(nom)->mots_aide);
+// A number-mode command. An `affichage` of 0 leaves the decimal form as it is.
+void change_mode(std::int16_t nombre, std::int16_t affichage) {
     modes.mode_nombre = nombre;
     if (affichage != 0) modes.mode_affichage = affichage;
     note_modes(affichage != 0);
@@ -92,13 +87,12 @@ bool demande_police(int ligne_nom, int ligne_taille, std::string_view question) 
 
 }  // namespace
 
-void mnuEntierItem() { change_mode("mnuEntierItem", 1, 1); }
-void mnuFlottantItem() { change_mode("mnuFlottantItem", 1, 2); }
-void mnuPuissanceItem() { change_mode("mnuPuissanceItem", 1, 3); }
-void mnuHexaItem() { change_mode("mnuHexaItem", 2, 0); }
+void mnuEntierItem() { change_mode(1, 1); }
+void mnuFlottantItem() { change_mode(1, 2); }
+void mnuPuissanceItem() { change_mode(1, 3); }
+void mnuHexaItem() { change_mode(2, 0); }
 
 void mnuNombreDecimalItem() {
-    if (annonce_item("mnuNombreDecimalItem")) return;
     std::int16_t nombre = 0;
     bool encore = true;
     while (encore) {
@@ -111,7 +105,7 @@ void mnuNombreDecimalItem() {
 }
 
 void mnuDerniereFeuilleItem() {
-    EtatItem* item = etat_item("mnuDerniereFeuilleItem");
+    EtatItem* item = etat_item(kItemDerniereFeuille);
     if (item == nullptr) return;
     item->coche = !item->coche;
     reglages.table_ini(kLigneAngle).champ2 = item->coche ? 1 : 0;

@@ -1,5 +1,4 @@
-// Start-up and shut-down, in the order of their steps. A failure of start-up is told, and the next
-// statement runs; one of shut-down goes up and leaves the program running.
+// Start-up, in the order of its steps. A failure is told, and the next statement runs.
 #include "shell/startup.hpp"
 
 #include <string>
@@ -25,11 +24,9 @@
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 #include "settings/tool_options.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "shell/reader_files.hpp"
 #include "shell/status.hpp"
-#include "shell/views.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
@@ -144,7 +141,7 @@ void applique_options(Demarrage& pas) {
     pas([] { fenetre.txt.police.nom = ligne(kLignePolice).nom; });
     pas([] { fenetre.txt.police.taille = prefixe_numerique(ligne(kLigneTaille).nom); });
     pas([] {
-        EtatItem* item = etat_item("mnuDerniereFeuilleItem");
+        EtatItem* item = etat_item(kItemDerniereFeuille);
         if (item) item->coche = ligne(kLigneAngle).champ2 == 1;
     });
     pas([] { pose_libelle_matrice(ligne(kLigneAffichage).champ1 == 1); });
@@ -224,7 +221,7 @@ void choisit_feuille(Demarrage& pas) {
     pas([&] { pas.nomfic = donnee ? chemin_commande(pas.commande) : ligne(1).nom; });
     bool derniere = false;
     pas([&] {
-        const EtatItem* item = etat_item("mnuDerniereFeuilleItem");
+        const EtatItem* item = etat_item(kItemDerniereFeuille);
         derniere = item && item->coche;
     });
     bool existe = false;
@@ -275,64 +272,6 @@ void ouvre_sans_titre(Demarrage& pas) {
     pas([] { rangenomcopie(reglages.nom_sanstitre, 1); });
 }
 
-// The settings file with the named documents first; written whole, or left as it was.
-void ecrit_reglages() {
-    reussit(port.fichiers.remplace(reglages.fichier_ini, enregistrements(lignes_a_garder())));
-}
-
-// A file that can't be deleted doesn't keep the others.
-void vide_dossier_travail() {
-    if (!port.fichiers.existe_dossier(Sansbackslash(reglages.dossier_travail))) return;
-    std::vector<std::string> noms;
-    reussit(port.fichiers.liste_fichiers(reglages.dossier_travail, noms));
-    int echec = 0;
-    for (const std::string& nom : noms) {
-        const int numero = port.fichiers.efface(reglages.dossier_travail + nom);
-        if (echec == 0) echec = numero;
-    }
-    reussit(echec);
-}
-
-// Asks about each changed sheet. Answers the number of the sheet that isn't dealt with, because the
-// user cancelled there or because it can't be saved: the program must not end without it. 0: none.
-std::int16_t demande_sauvegardes() {
-    const std::int16_t garde = documents.document_courant;
-    const std::string panneau = fenetre.panneaux[1];
-    const auto revient = [&] {
-        documents.document_courant = garde;
-        documents.feuille_ailleurs = false;
-        // A Save As has drawn the status of its sheet.
-        if (fenetre.panneaux[1] != panneau) AfficheStatus();
-    };
-    for (std::int16_t i = 1; i <= documents.nombre_document; ++i) {
-        bool continuer = true;
-        documents.document_courant = i;
-        documents.feuille_ailleurs = i != garde;
-        execute_ou_remet([&] { continuer = sauvegarde(); }, revient);
-        revient();
-        if (!continuer) return i;
-    }
-    return 0;
-}
-
-// The user cancelled at that sheet: it is shown, so that the next command acts on what was asked
-// about. After a save that failed the sheet that was shown stays, under its own title.
-void reste(std::int16_t rang) {
-    const std::int16_t garde = documents.document_courant;
-    if (documents.enregistrement_rate || rang == garde) return;
-    quitte_vues();
-    documents.document_courant = rang;
-    if (!TestRepertoire()) documents.document_courant = garde;
-}
-
-// The current sheet comes first in the list at the next start.
-void met_courant_en_tete() {
-    if (documents.document_courant <= 1) return;
-    reglages.article_courant = ligne_courante_ini();
-    efface_nomdoc(documents.document_courant);
-    insert_nomdoc(1);
-}
-
 }  // namespace
 
 void demarre() noexcept {
@@ -358,26 +297,4 @@ void demarre() noexcept {
     pas([] { AfficheStatus(); });
     if (reprises) pas([] { dit_ligne_sous_curseur(); });
     oublie_changements();
-}
-
-void quitter() {
-    if (annonce_item("mnuQuitterItem")) return;
-    note_feuille();
-    Tente(kCommande, [] { ecrit_copie(documents.document_courant); });
-    marque_disparues();
-    ligne(kLigneNombres).nom = recherche.chaine_recherche;
-    ligne(kLigneAffichage).nom = recherche.chaine_remplacement;
-    if (const std::int16_t rang = demande_sauvegardes(); rang != 0) return reste(rang);
-    const Table<article> lignes = reglages.table_ini;
-    execute_ou_remet(
-        [] {
-            met_courant_en_tete();
-            ecrit_reglages();
-        },
-        [&] { reglages.table_ini = lignes; });
-    // All is saved by now: a copy that stays behind is told and doesn't keep the program open.
-    Tente(kCommande, vide_dossier_travail);
-    efface_reprises();
-    fenetre.fermee = true;
-    port.fenetre.termine();
 }

@@ -1,4 +1,4 @@
-// How the program comes up and goes down. Change every subsystem.
+// How the program comes up. Changes every subsystem.
 #pragma once
 
 #include <string>
@@ -6,4 +6,3 @@
 
 void demarre() noexcept;         // the load of the window, all steps in their order
 std::string feuille_commandee(std::string_view commande);   // path of the sheet that a command line names
-void quitter();                  // saves what the user wants, writes the settings, ends the program

@@ -8,6 +8,7 @@
 #include "base/number.hpp"
 #include "documents/open_documents.hpp"
 #include "engine/identifiers.hpp"
+#include "shell/menus.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
 

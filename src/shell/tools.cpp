@@ -1,18 +1,25 @@
-// The commands of the menu Outils. Changes `outils`, its file and the caption of the item.
+// The commands of the menu Outils. Changes the sheet, `outils`, its file and the caption of the item.
 #include "shell/tools.hpp"
 
 #include "base/codepage.hpp"
+#include "documents/undo.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "settings/tool_options.hpp"
-#include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 
+void annule() {
+    if (!defait_changement()) dit(kRienAAnnuler);
+}
+
+void retablit() {
+    if (!refait_changement()) dit(kRienARetablir);
+}
+
 // The choice counts at once, and is heard; a file that can't be written is told behind it.
 void mnuSonItem() {
-    if (annonce_item("mnuSonItem")) return;
     outils.son = !outils.son;
     pose_libelle_son(outils.son);
     dit(outils.son ? "avec son"_fr : "sans son"_fr);

@@ -18,7 +18,6 @@
 #include "sheet/recalculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/startup.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
@@ -73,10 +72,12 @@ void ramene_feuille() {
 
 }  // namespace
 
+bool texte_modifiable() { return fenetre.txt.visible && !fenetre.txt_lecture_seule; }
+
 // The commands that show another sheet act on sheets: what is typed afterwards must be what is saved.
 void quitte_vues() {
-    if (fenetre.Liste.visible) RetourListe();
-    if (fenetre.FrameAngle.visible) {
+    if (vue_ouverte(Vue::choix_couleur)) RetourListe();
+    if (vue_ouverte(Vue::angle)) {
         montre_angle(false);
         donne_focus(fenetre.txt);
     }
@@ -84,7 +85,6 @@ void quitte_vues() {
 }
 
 void mnuAngleItem() {
-    if (annonce_item("mnuAngleItem")) return;
     montre_angle(true);
     const int unite = modes.unite_angle;
     fenetre.option_angle = unite == 1 || unite == 2 ? unite : 3;
@@ -98,35 +98,27 @@ void CmdAngle() {
     AfficheStatus();
     donne_focus(fenetre.txt);
     souffle(mots_angle());
-    recalcul();
+    if (!annonce_mots(kMotsCalcul)) recalcul();
 }
 
 void CmdVoxtab() {
-    if (fenetre.CmdVoxtab.texte == "OK" && ValideCouleur()) return;
+    if (vue_ouverte(Vue::choix_couleur) && ValideCouleur()) return;
     aide.aide_touche_traitee = true;
     ramene_feuille();
     dit(extraitLigne(curseur()));
 }
 
-void CmdQuitter() {
-    if (fenetre.CmdQuitter.texte == "Annuler")
-        RetourListe();
-    else
-        quitter();
-}
-
 void CmdModifTexte() {
-    if (annonce_item("mnumodifTexteItem")) return;
     donne_focus(fenetre.txt);
     modifTexte();
 }
 
-// Going off brings the sheet back from every view: in the list of colours, where the button of the
-// sheet reads "OK", the list goes first. Going on keeps the sheet first: where its copy can't be
+// Going off brings the sheet back from every view: in the list of colours, the list
+// goes first. Going on keeps the sheet first: where its copy can't be
 // written the mode doesn't begin.
 void mnuAideToucheItem() {
     if (aide.aide_touche) {
-        if (fenetre.CmdVoxtab.texte == "OK") RetourListe();
+        if (vue_ouverte(Vue::choix_couleur)) RetourListe();
         CmdVoxtab();
         return;
     }
@@ -139,7 +131,6 @@ void mnuAideToucheItem() {
 }
 
 void AfficheFonction() {
-    if (annonce_item("mnuFonctionItem")) return;
     montre_texte(lit_texte_programme("fonction.txt"));
 }
 

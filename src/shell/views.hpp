@@ -10,9 +10,9 @@ inline constexpr std::string_view kLectureSeule = "lecture seule";
 
 void mnuAngleItem();             // opens the angle view
 void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated
+bool texte_modifiable();         // `txt` is shown and can be written
 void quitte_vues();              // the sheet again, from the angle, the colours or a read-only text
 void CmdVoxtab();                // validates a colour, or brings the sheet back
-void CmdQuitter();               // cancels a choice of colour, or quits
 void CmdModifTexte();            // replacement on the text
 void mnuAideToucheItem();        // key help on and off
 void AfficheFonction();          // the list of functions, from "fonction.txt"

@@ -26,9 +26,13 @@ struct Controle {
     bool visible = true;
     bool actif = true;               // enabled
     Police police{};
+    std::string_view cadre{};        // the frame that it lies in, "" for the window itself
 };
 
 constexpr int kCouleurDessin = -1;   // the colour of the window's design
+
+// What is shown in the place of the text. The menus stay: a view may open over another one.
+enum class Vue { angle, choix_couleur };
 
 struct Fenetre {
     std::string titre = "VOXTAB";
@@ -40,11 +44,13 @@ struct Fenetre {
     Controle FrameAngle{"FrameAngle", 120, 480, 4455, 2535, 3,
                         std::string("Unité d'angle"_fr), false, false, {}};
     Controle OptionDegre{"OptionDegre", 120, 360, 1815, 255, 4,
-                         std::string("degré"_fr), true, true, {}};
-    Controle OptionRadian{"OptionRadian", 120, 720, 1815, 255, 5, "Radian", true, true, {}};
-    Controle OptionGrade{"OptionGrade", 120, 1080, 1815, 255, 6, "grade", true, true, {}};
+                         std::string("degré"_fr), true, true, {}, "FrameAngle"};
+    Controle OptionRadian{"OptionRadian", 120, 720, 1815, 255, 5, "Radian", true, true, {},
+                          "FrameAngle"};
+    Controle OptionGrade{"OptionGrade", 120, 1080, 1815, 255, 6, "grade", true, true, {},
+                         "FrameAngle"};
     Controle CmdAngle{"CmdAngle", 1440, 1560, 1215, 615, 7,
-                      std::string("Retour à la feuille"_fr), true, true, {}};
+                      std::string("Retour à la feuille"_fr), true, true, {}, "FrameAngle"};
     Controle CmdVoxtab{"CmdVoxtab", 2040, 120, 975, 375, 8, "Calculatrice", true, true, {}};
     Controle CmdModifTexte{"CmdModifTexte", 3980, 120, 1215, 375, 9, "&Modif. texte", true, true, {}};
     Controle CmdQuitter{"CmdQuitter", 6360, 120, 975, 375, 10, "&Quitter", true, true, {}};
@@ -69,6 +75,13 @@ extern Fenetre fenetre;
 Controle* controle(std::string_view nom);
 // All controls in the order of their definition.
 std::vector<Controle*> controles();
+
+// True when the control and its frame are shown; when they are enabled.
+bool montre(const Controle& c);
+bool utilisable(const Controle& c);
+
+// True while that view is open.
+bool vue_ouverte(Vue vue);
 
 // Gives the focus to a control.
 void donne_focus(const Controle& c);

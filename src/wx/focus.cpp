@@ -2,7 +2,6 @@
 // to the text. Changes the focus through the core's data.
 #include "shell/events.hpp"
 #include "shell/keys.hpp"
-#include "shell/menu_table.hpp"
 #include "wx/frame.hpp"
 #include "wx/keys.hpp"
 

@@ -18,6 +18,6 @@ inline constexpr int kListe = 1011;
 inline constexpr int kLblMessage = 1012;
 
 inline constexpr int kRecents = 1100;   // plus the item's index, 1 to 15
-inline constexpr int kItems = 1200;     // plus the row of the menu table, from 0
+inline constexpr int kItems = 1200;     // plus the number in the command's row
 
 }  // namespace ids

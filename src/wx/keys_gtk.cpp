@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "base/codepage.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/key_codes.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "shell/menu_table.hpp"
+#include "shell/key_codes.hpp"
 
 namespace {
 

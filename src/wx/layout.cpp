@@ -14,8 +14,6 @@ constexpr int kEcart = 8;       // pixels between two controls
 constexpr int kMinimum = 100;   // pixels; a window smaller than that shows nothing useful
 
 constexpr std::array<std::string_view, 3> kBoutons = {"CmdVoxtab", "CmdModifTexte", "CmdQuitter"};
-constexpr std::array<std::string_view, 4> kDansCadre = {"OptionDegre", "OptionRadian", "OptionGrade",
-                                                        "CmdAngle"};
 
 // Size of a control: that of its data, or what its words need.
 wxSize taille(const Controle& c, const wxWindow& w) {
@@ -53,9 +51,10 @@ int Cadre::place_boutons(int largeur) {
 // The options below one another, then the button, all within the frame.
 void Cadre::place_cadre_angle(int haut, const wxSize& place) {
     wxSize dedans(0, 0);
-    for (const std::string_view nom : kDansCadre) {
-        const Controle& c = *controle(nom);
-        wxWindow* w = fenetre_de(nom);
+    for (const Paire& p : paires_) {
+        const Controle& c = *p.donnees;
+        if (c.cadre != fenetre.FrameAngle.nom) continue;
+        wxWindow* w = p.fenetre;
         const wxSize t = taille(c, *w);
         const int y = std::max(pixels(c.haut), dedans.y + kEcart);
         w->SetSize(pixels(c.gauche), y, t.x, t.y);

@@ -28,7 +28,7 @@ wxString legende_recent(const std::string& libelle) {
     return legende;
 }
 
-int id_item(std::size_t rang) { return ids::kItems + static_cast<int>(rang); }
+int id_item(const LigneCommande& ligne) { return ids::kItems + ligne.numero; }
 
 bool pareils(const EtatItem& a, const EtatItem& b) {
     return a.libelle == b.libelle && a.coche == b.coche && a.actif == b.actif &&
@@ -40,17 +40,15 @@ bool pareils(const EtatItem& a, const EtatItem& b) {
 BarreMenus::BarreMenus() : barre_(new wxMenuBar) {
     wxMenu* menu = nullptr;
     std::string_view courant;
-    const auto& lignes = lignes_menu();
-    for (std::size_t i = 0; i < lignes.size(); ++i) {
-        if (menu == nullptr || lignes[i].menu != courant) {
-            courant = lignes[i].menu;
+    for (const LigneCommande& ligne : lignes_menu()) {
+        if (menu == nullptr || ligne.menu != courant) {
+            courant = ligne.menu;
             menu = new wxMenu;
             barre_->Append(menu, vers_wx(courant));
             if (fichier_ == nullptr) fichier_ = menu;
         }
-        const bool coche = lignes[i].nom == "mnuDerniereFeuilleItem";
-        menu->Append(id_item(i), vers_wx(lignes[i].libelle) + mots_raccourci(lignes[i].raccourci), "",
-                     coche ? wxITEM_CHECK : wxITEM_NORMAL);
+        menu->Append(id_item(ligne), vers_wx(ligne.libelle) + mots_raccourci(ligne.raccourci), "",
+                     ligne.cochable ? wxITEM_CHECK : wxITEM_NORMAL);
     }
 }
 
@@ -94,16 +92,15 @@ void BarreMenus::montre() {
         vu = *etat_recent(i);
     }
     if (recents_changes) montre_recents();
-    const auto& lignes = lignes_menu();
-    for (std::size_t i = 0; i < lignes.size() && i < menus.items.size(); ++i) {
-        EtatItem& vu = montres_[id_item(i)];
+    for (std::size_t i = 0; i < menus.items.size(); ++i) {
+        const LigneCommande& ligne = lignes_menu()[i];
+        const int id = id_item(ligne);
+        EtatItem& vu = montres_[id];
         const EtatItem& etat = menus.items[i];
-        const bool marque = lignes[i].nom == "mnuDerniereFeuilleItem";
-        if (!marque && vu.nom == etat.nom && pareils(vu, etat)) continue;
+        if (!ligne.cochable && vu.nom == etat.nom && pareils(vu, etat)) continue;
         wxMenu* menu = nullptr;
-        barre_->FindItem(id_item(i), &menu);
-        if (menu != nullptr)
-            montre_item(*menu, id_item(i), etat, mots_raccourci(lignes[i].raccourci));
+        barre_->FindItem(id, &menu);
+        if (menu != nullptr) montre_item(*menu, id, etat, mots_raccourci(ligne.raccourci));
         vu = etat;
     }
 }
@@ -114,6 +111,6 @@ std::string_view item_du_menu(int id, int& index) {
         index = id - ids::kRecents;
         return kNomRecents;
     }
-    const auto rang = static_cast<std::size_t>(id - ids::kItems);
-    return id >= ids::kItems && rang < lignes_menu().size() ? lignes_menu()[rang].nom : "";
+    const LigneCommande* const ligne = ligne_numero(id - ids::kItems);
+    return ligne == nullptr ? "" : ligne->nom;
 }

@@ -1,4 +1,4 @@
-// The menu bar, made from the menu table. The chosen items go to the core; captions, marks and the
+// The menu bar, made from the rows of the commands. The chosen items go to the core; captions, marks and the
 // recent files follow the core's data.
 #pragma once
 
@@ -7,7 +7,8 @@
 #include <map>
 #include <string>
 
-#include "shell/menu_table.hpp"
+#include "shell/commands.hpp"
+#include "shell/menus.hpp"
 
 class BarreMenus {
 public:

@@ -12,13 +12,6 @@
 
 namespace {
 
-// The controls of the angle view can be used when the view can. Each is told so by itself: a reader
-// isn't told of the state that a control has from its frame.
-bool actif(const Controle& c) {
-    const bool dans_cadre = c.nom.starts_with("Option") || &c == &fenetre.CmdAngle;
-    return c.actif && (!dans_cadre || fenetre.FrameAngle.actif);
-}
-
 bool est_texte(const Controle* c) {
     return c == &fenetre.txt || c == &fenetre.Liste || c == &fenetre.LblMessage;
 }
@@ -43,10 +36,12 @@ void Cadre::montre_police(Paire& p) {
     a_placer_ = true;
 }
 
+// Each control of a frame is told by itself whether it can be used: a reader isn't told of the state that it
+// has from its frame.
 void Cadre::montre_controle(Paire& p) {
     montre_legende(p);
     montre_police(p);
-    if (actif(*p.donnees) && !p.fenetre->IsThisEnabled()) p.fenetre->Enable();
+    if (utilisable(*p.donnees) && !p.fenetre->IsThisEnabled()) p.fenetre->Enable();
     if (p.donnees->visible && !p.fenetre->IsShown()) {
         p.fenetre->Show();
         a_placer_ = true;
@@ -60,7 +55,7 @@ void Cadre::cache_controles() {
             p.fenetre->Hide();
             a_placer_ = true;
         }
-        if (!actif(*p.donnees) && p.fenetre->IsThisEnabled()) p.fenetre->Disable();
+        if (!utilisable(*p.donnees) && p.fenetre->IsThisEnabled()) p.fenetre->Disable();
     }
 }
 

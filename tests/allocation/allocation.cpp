@@ -18,7 +18,7 @@
 #include "platform/stack.hpp"
 #include "shell/events.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/commands.hpp"
 #include "shell/window.hpp"
 #include "support/program.hpp"
 
@@ -53,7 +53,7 @@ std::vector<Trial> trials() {
                               {"Ctrl+Z", ctrl_z, {}},
                               {"a character", caractere, {}},
                               {"the close box", evenement_fermeture, {}}};
-    for (const LigneMenu& ligne : lignes_menu())
+    for (const LigneCommande& ligne : lignes_menu())
         all.push_back({std::string(ligne.nom), nullptr, ligne.nom});
     return all;
 }

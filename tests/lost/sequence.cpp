@@ -7,7 +7,7 @@
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "platform/memory.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/commands.hpp"
 #include "shell/window.hpp"
 #include "support/script.hpp"
 

@@ -13,7 +13,7 @@
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "shell/events.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "shell/window.hpp"
 #include "support/script.hpp"
 #include "support/script_look.hpp"
@@ -23,7 +23,7 @@ namespace {
 
 struct NomTouche {
     std::string_view nom;  // UTF-8
-    int code;              // of menu_table.hpp
+    int code;              // of key_codes.hpp
     int caractere;         // that it types, 0 for none
 };
 constexpr std::array kTouches = {

@@ -11,7 +11,7 @@
 #include "base/typed_text.hpp"
 #include "editing/lines.hpp"
 #include "platform/platform.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/key_codes.hpp"
 #include "shell/window.hpp"
 #include "support/script.hpp"
 #include "support/script_look.hpp"

@@ -12,7 +12,8 @@
 #include "settings/settings.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
+#include "shell/key_codes.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
 

@@ -11,7 +11,6 @@
 #include "shell/commands.hpp"
 #include "shell/events.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
 
 namespace {
 
@@ -154,7 +153,7 @@ TEST_CASE("keys: in key help the key of a command that has spoken says nothing m
 }
 
 TEST_CASE("keys: a shortcut and its release in key help say the item once") {
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         if (ligne.mots_aide.empty() || ligne.raccourci.touche == kToucheAucune) continue;
         CAPTURE(std::string(ligne.nom));
         demarre_en_aide(false);

@@ -56,10 +56,11 @@ TEST_CASE("message: no two labels in a row are the same") {
 }
 
 TEST_CASE("message: key help says the command's words and notes that it did") {
-    CHECK_FALSE(annonce_item("mnuCalculItem"));
+    CHECK_FALSE(annonce_mots(kMotsCalcul));
     CHECK(messages().empty());
     aide.aide_touche = true;
-    CHECK(annonce_item("mnuCalculItem"));
+    CHECK(annonce_mots(kMotsCalcul));
+    CHECK_FALSE(annonce_mots(""));
     CHECK(aide.aide_touche_traitee);
     CHECK(messages() == Textes{"calcul de la feuille"});
 }

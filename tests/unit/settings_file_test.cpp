@@ -16,7 +16,7 @@
 #include "helpers.hpp"
 #include "settings/settings.hpp"
 #include "shell/events.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 #include "shell/window.hpp"
 #include "state/context.hpp"
 #include "support/program.hpp"

@@ -16,7 +16,7 @@
 #include "shell/commands.hpp"
 #include "shell/events.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/menus.hpp"
 
 namespace {
 
@@ -101,7 +101,7 @@ Instantane apres_item(std::string_view nom) {
 
 TEST_CASE("menus: in key help an item with words says them once and does nothing else") {
     int essayes = 0;
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         if (ligne.mots_aide.empty()) continue;
         CAPTURE(utf8(ligne.nom));
         demarre_en_aide(false);
@@ -117,7 +117,7 @@ TEST_CASE("menus: in key help an item with words says them once and does nothing
 }
 
 TEST_CASE("menus: in key help an item said twice is still heard, in the padded form") {
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         if (ligne.mots_aide.empty()) continue;
         CAPTURE(utf8(ligne.nom));
         demarre_en_aide(false);
@@ -130,7 +130,7 @@ TEST_CASE("menus: in key help an item said twice is still heard, in the padded f
 
 TEST_CASE("menus: an item without words acts in key help as it does without") {
     int essayes = 0;
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         if (!ligne.mots_aide.empty() || ligne.nom == "mnuAideToucheItem") continue;
         CAPTURE(utf8(ligne.nom));
         demarre_avec_feuille();
@@ -195,7 +195,7 @@ TEST_CASE("menus: every shortcut leads to its item, and no other keys lead to on
 TEST_CASE("menus: the table has the shortcuts of the expected items and no others") {
     std::map<std::string, Raccourci> attendus;
     for (const RaccourciAttendu& r : kRaccourcis) attendus[r.nom] = r.raccourci;
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         CAPTURE(utf8(ligne.nom));
         const Raccourci attendu = attendus[std::string(ligne.nom)];
         CHECK(ligne.raccourci.touche == attendu.touche);
@@ -206,7 +206,7 @@ TEST_CASE("menus: the table has the shortcuts of the expected items and no other
 }
 
 TEST_CASE("menus: every item is the name of a command, and nothing else is") {
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         CAPTURE(utf8(ligne.nom));
         demarre_avec_feuille();
         CHECK(execute_commande(ligne.nom));
@@ -224,7 +224,7 @@ TEST_CASE("menus: every item is the name of a command, and nothing else is") {
 }
 
 TEST_CASE("menus: a hidden or disabled item does nothing") {
-    for (const LigneMenu& ligne : lignes_menu())
+    for (const LigneCommande& ligne : lignes_menu())
         for (const bool cache : {false, true}) {
             CAPTURE(utf8(ligne.nom));
             demarre_avec_feuille();
@@ -239,7 +239,7 @@ TEST_CASE("menus: names, shortcuts, captions, words and letters are told apart")
     std::set<std::string> noms, libelles, mots;
     std::set<std::pair<std::string, char>> lettres;
     std::set<std::array<int, 3>> raccourcis;
-    for (const LigneMenu& ligne : lignes_menu()) {
+    for (const LigneCommande& ligne : lignes_menu()) {
         CAPTURE(utf8(ligne.nom));
         CHECK(noms.emplace(ligne.nom).second);
         CHECK(libelles.emplace(ligne.libelle).second);
@@ -254,7 +254,7 @@ TEST_CASE("menus: names, shortcuts, captions, words and letters are told apart")
 
 TEST_CASE("menus: the menus stand in their order, each in one piece") {
     Textes suite;
-    for (const LigneMenu& ligne : lignes_menu())
+    for (const LigneCommande& ligne : lignes_menu())
         if (suite.empty() || suite.back() != ligne.menu) suite.emplace_back(ligne.menu);
     CHECK(suite == Textes{"&Fichier", "&Edition", "&Affichage", "Recherche", "&Options", "Ou&tils", "&?"});
 }

@@ -14,7 +14,7 @@
 #include "helpers.hpp"
 #include "one_sheet.hpp"
 #include "shell/events.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/commands.hpp"
 #include "state/sheet.hpp"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/codepage.hpp"
-#include "shell/menu_table.hpp"
+#include "shell/commands.hpp"
 
 namespace {
 
@@ -20,7 +20,7 @@ std::string mots(const Raccourci& r) {
 }  // namespace
 
 int main() {
-    for (const LigneMenu& ligne : lignes_menu())
+    for (const LigneCommande& ligne : lignes_menu())
         std::cout << vers_utf8(ligne.menu) << '\t' << ligne.nom << '\t' << vers_utf8(ligne.libelle)
                   << '\t' << mots(ligne.raccourci) << '\t' << vers_utf8(ligne.mots_aide) << '\n';
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -28,50 +29,6 @@ constexpr std::size_t kReserveAppel = 1u << 20;
 
 // The flag stays as it was: only the box tells of a failure here.
 constexpr Procedure kMotsFon{"sur fon"_fr, false};
-
-// What a call keeps of the formula around it. The error flag and text are not kept: the inner
-// evaluation starts by clearing them.
-struct Appelant {
-    std::string p_formule = std::move(moteur.p_formule);
-    std::string l_symbole = std::move(moteur.l_symbole);
-    double l_valeur = moteur.l_valeur;
-    double l_valeur_expression = moteur.l_valeur_expression;
-    double l_sauve_expression = moteur.l_sauve_expression;
-    double l_valeur_facteur = moteur.l_valeur_facteur;
-    double l_valeur_not = moteur.l_valeur_not;
-    double l_valeur_exposant = moteur.l_valeur_exposant;
-    double l_valeur_terme = moteur.l_valeur_terme;
-    double l_valeur_egalite = moteur.l_valeur_egalite;
-    double l_argument1 = moteur.l_argument1;
-    double l_argument2 = moteur.l_argument2;
-    double l_argument3 = moteur.l_argument3;
-    std::int16_t p_position = moteur.p_position;
-    std::int16_t l_var = moteur.l_var;
-    std::int16_t type_f = moteur.type_f;
-    char l_matrice = moteur.l_matrice;
-    bool lecture_finie = moteur.lecture_finie;
-
-    void remet() noexcept {
-        moteur.p_formule = std::move(p_formule);
-        moteur.l_symbole = std::move(l_symbole);
-        moteur.l_valeur = l_valeur;
-        moteur.l_valeur_expression = l_valeur_expression;
-        moteur.l_sauve_expression = l_sauve_expression;
-        moteur.l_valeur_facteur = l_valeur_facteur;
-        moteur.l_valeur_not = l_valeur_not;
-        moteur.l_valeur_exposant = l_valeur_exposant;
-        moteur.l_valeur_terme = l_valeur_terme;
-        moteur.l_valeur_egalite = l_valeur_egalite;
-        moteur.l_argument1 = l_argument1;
-        moteur.l_argument2 = l_argument2;
-        moteur.l_argument3 = l_argument3;
-        moteur.p_position = p_position;
-        moteur.l_var = l_var;
-        moteur.type_f = type_f;
-        moteur.l_matrice = l_matrice;
-        moteur.lecture_finie = lecture_finie;
-    }
-};
 
 // Writes a refusal of the definition behind the line in calculation.
 void refuse_definition(std::string_view texte) {
@@ -122,13 +79,14 @@ void fon(double valeur, double& resultat) noexcept {
     moteur.valeur_variable[rang] = valeur;
     moteur.variable_definie[rang] = true;
     if (appels_finis()) return;
-    Appelant appelant;
+    Registres& registres = moteur;
+    Registres appelant = std::move(registres);
     ++moteur.appels_fon;
     Tente(kMotsFon, [] {
         moteur.p_formule = moteur.nom_fonction;
         TestVariable();
     });
     resultat = evalue_formule();
-    appelant.remet();
+    registres = std::move(appelant);
     if (--moteur.appels_fon == 0) moteur.appels_epuises = false;
 }

@@ -9,13 +9,14 @@
 #include <string>
 #include <string_view>
 
-struct Moteur {
+// The registers of a formula that is being read: what a call of the user function puts aside, as a whole,
+// while it evaluates its own text.
+struct Registres {
     std::string p_formule;               // formula being read, Windows-1252 capitals; set by the caller
     std::int16_t p_position = 1;         // next character of p_formule not yet read, from 1
     bool lecture_finie = false;          // the cursor would pass 32,767: nothing more is read
-    std::string_view l_separateurs;      // separator characters, set by each evaluation
     std::string l_symbole;               // current symbol: the one symbol of lookahead
-    std::int16_t type_f = 0;             // function last recognised, 1 to 41, set by test_fonction
+    std::int16_t type_f = 0;             // function last recognised, its number in the table, set by test_fonction
     std::int16_t l_var = 0;              // variable last read, 1 to 26; 0 for none
     char l_matrice = ' ';                // letter of the matrix last read, or a blank
     double l_valeur = 0;                 // value of the last constant, variable or factor
@@ -29,6 +30,11 @@ struct Moteur {
     double l_argument1 = 0;              // argument registers of functions of several arguments,
     double l_argument2 = 0;              // shared and not saved by nested calls
     double l_argument3 = 0;
+};
+
+// The error flag and text are no registers: an inner evaluation clears those of the formula around it.
+struct Moteur : Registres {
+    std::string_view l_separateurs;      // separator characters, set by each evaluation
     bool erreur_formule = false;         // an error or a failure marked this evaluation
     std::string l_texte_erreur;          // last error told in words, Windows-1252; "" for none
     bool muet_erreur = false;            // errors take effect without a word (tabulation, area)

@@ -13,9 +13,8 @@
 #include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/operations.hpp"
 #include "engine/reader.hpp"
-#include "functions/functions.hpp"
-#include "functions/matrix_arithmetic.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
 #include "state/context.hpp"
@@ -84,7 +83,7 @@ void range_matrice() {
 bool ajoute_terme(char operateur) {
     if (contexte_matrice()) {
         if (moteur.flag_travail && moteur.flag_travail2) {
-            operateur == '+' ? additionMatrice() : SoustractionMatrice();
+            operateur == '+' ? operations.addition() : operations.soustraction();
             moteur.flag_travail2 = false;
             return true;
         }
@@ -146,9 +145,9 @@ void multiplie(double& l_terme) {
     const double exposant = moteur.l_valeur_exposant;
     if (produit_par_nombre()) {
         double nombre = l_terme != 0 ? l_terme : exposant;
-        MultiplicationNombreMatrice(nombre);
+        operations.produit_par_nombre(nombre);
     } else if (moteur.flag_travail && moteur.flag_travail2) {
-        MultiplicationMatrice();
+        operations.multiplication();
         moteur.flag_travail2 = false;
     } else {
         Tente(kCompileTerme, [&] { range(l_terme, l_terme * exposant, l_terme, exposant); });
@@ -306,7 +305,7 @@ void compile_exposant() noexcept {
         compile_not();
         double e = moteur.l_valeur_not;
         if (moteur.flag_travail && !moteur.flag_travail2) {
-            PuissanceMatrice(e);
+            operations.puissance(e);
         } else if (moteur.flag_travail2) {
             affiche_erreur_formule("une seule matrice en puissance"_fr);
             return;
@@ -330,7 +329,7 @@ void compile_not() noexcept {
 
 void compile_facteur() noexcept {
     if (test_fonction())
-        moteur.l_valeur = compile_f();
+        moteur.l_valeur = operations.appelle_fonction();
     else if (debut_operande(premier()))
         // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins, on purpose.
         lis_symbole();
@@ -351,6 +350,18 @@ double Compile_un_argument() noexcept {
     const double resultat = moteur.l_valeur_expression;
     moteur.l_valeur_expression = moteur.l_sauve_expression;
     return resultat;
+}
+
+bool lis_argument(double& registre) noexcept {
+    if (!symbole_est(",")) {
+        affiche_erreur_formule("Manque une ,"_fr);
+        return false;
+    }
+    const std::int16_t garde = moteur.type_f;
+    lis_symbole();
+    registre = Compile_un_argument();
+    moteur.type_f = garde;
+    return true;
 }
 
 double carre(double x) noexcept {

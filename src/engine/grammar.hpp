@@ -25,5 +25,9 @@ void compile_facteur() noexcept;      // function, number, variable, matrix, bra
 // One function argument, read with the running sum kept in the one save cell.
 double Compile_un_argument() noexcept;
 
+// Reads "," and one more argument of a call into `registre`; type_f stays the call's. False, and
+// reported, when the comma is missing: the call ends at once.
+bool lis_argument(double& registre) noexcept;
+
 double carre(double x) noexcept;      // x*x
 bool odd(std::int32_t n) noexcept;    // true when n is odd

@@ -14,6 +14,7 @@
 #include "base/number.hpp"
 #include "engine/identifiers.hpp"
 #include "engine/number_text.hpp"
+#include "engine/operations.hpp"
 #include "platform/message.hpp"
 #include "state/context.hpp"
 
@@ -21,28 +22,6 @@ namespace {
 
 constexpr Procedure kPLisSymbole{" sur p_lis_symbole"_fr, true};
 constexpr Procedure kLisSymbole{" sur lis_symbole"_fr, true};
-
-// Slots 1 to 41. "air" and "inc" are in small letters on purpose: a formula is in capitals, so these
-// two are found only by the letters that a symbol holds.
-constexpr std::array<std::string_view, kNombreFonctions + 1> kNoms = {
-    "",      "PI",     "COS",    "SIN",    "TAN",   "ACOS",   "ASIN",      "ATAN",      "ABS",
-    "EXP",   "LN",     "LOG",    "SH",     "CH",    "TH",     "ATH",       "ASH",       "ACH",
-    "INT",   "FACT",   "FRAC",   "SQR",    "SQRT",  "SQR3",   "SERIEG",    "SERIEA",    "SUITEG",
-    "SUITEA", "STATX", "STATXY", "ANP",    "CNP",   "air",    "inc",       "FRANCEURO", "EUROFRANC",
-    "INVMAT", "DETMAT", "ALEA",  "RESXY",  "TRISTATX", "FON"};
-
-// For each first character, its slots in ascending order, closed by 0: the search by equality looks
-// at these alone.
-constexpr auto kSlotsParLettre = [] {
-    std::array<std::array<signed char, 16>, 256> t{};
-    for (int rang = 1; rang <= kNombreFonctions; ++rang) {
-        auto& slots = t[static_cast<unsigned char>(kNoms[static_cast<std::size_t>(rang)][0])];
-        std::size_t n = 0;
-        while (slots[n] != 0) ++n;
-        slots[n] = static_cast<signed char>(rang);
-    }
-    return t;
-}();
 
 constexpr int kPositionMaxi = std::numeric_limits<std::int16_t>::max();
 
@@ -54,17 +33,6 @@ constexpr auto kEstSeparateur = [] {
 }();
 
 bool est_separateur(char c) { return kEstSeparateur[static_cast<unsigned char>(c)]; }
-
-// The function of a symbol that holds "AIR" anywhere, or else "INC"; 0 for none.
-int mot_du_milieu(const std::string& symbole) {
-    int rang = 0;
-    for (std::size_t i = 1; i + 1 < symbole.size(); ++i) {
-        const char avant = symbole[i - 1], c = symbole[i], apres = symbole[i + 1];
-        if (avant == 'A' && c == 'I' && apres == 'R') return kAir;
-        if (avant == 'I' && c == 'N' && apres == 'C') rang = kInc;
-    }
-    return rang;
-}
 
 // Moves the cursor to `position` (from 1). Beyond 32,767 the 16-bit cursor overflows: reading ends.
 void avance(std::size_t position) {
@@ -110,8 +78,6 @@ void joint_exposant() {
 
 }  // namespace
 
-std::string_view nom_fonction_interne(int rang) { return kNoms[static_cast<std::size_t>(rang)]; }
-
 void p_lis_symbole() noexcept {
     if (moteur.lecture_finie) [[unlikely]] {
         moteur.l_symbole.clear();
@@ -125,16 +91,10 @@ void p_lis_symbole() noexcept {
 bool test_fonction() noexcept {
     const std::string& symbole = moteur.l_symbole;
     if (symbole.size() < 2) return false;   // no name is shorter
-    for (const signed char rang : kSlotsParLettre[static_cast<unsigned char>(symbole[0])]) {
-        if (rang == 0) break;
-        if (symbole == kNoms[static_cast<std::size_t>(rang)]) {
-            moteur.type_f = rang;
-            return true;
-        }
-    }
-    const int rang = mot_du_milieu(symbole);
-    if (rang != 0) moteur.type_f = static_cast<std::int16_t>(rang);
-    return rang != 0;
+    const int rang = operations.fonction_nommee(symbole);
+    if (rang == 0) return false;
+    moteur.type_f = static_cast<std::int16_t>(rang);
+    return true;
 }
 
 void lis_symbole() noexcept {

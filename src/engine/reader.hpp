@@ -4,18 +4,6 @@
 
 #include <string_view>
 
-// Numbers of the built-in functions: their slots in the table of names.
-enum Fonction : int {
-    kPi = 1, kCos, kSin, kTan, kAcos, kAsin, kAtan, kAbs, kExp, kLn, kLog, kSh, kCh, kTh, kAth, kAsh,
-    kAch, kInt, kFact, kFrac, kSqr, kSqrt, kSqr3, kSerieG, kSerieA, kSuiteG, kSuiteA, kStatX,
-    kStatXY, kAnp, kCnp, kAir, kInc, kFrancEuro, kEuroFranc, kInvMat, kDetMat, kAlea, kResXY,
-    kTriStatX, kFon
-};
-inline constexpr int kNombreFonctions = 41;
-
-// Name of function `rang`, 1 to 41.
-std::string_view nom_fonction_interne(int rang);
-
 void p_lis_symbole() noexcept;      // raw cut of the next symbol into l_symbole
 void lis_symbole() noexcept;        // the next symbol, with its value or its effects
 bool test_fonction() noexcept;      // is l_symbole a function name? sets type_f when it is

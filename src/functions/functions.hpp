@@ -1,4 +1,4 @@
-// The built-in functions. compile_f reads a call and computes it; angles follow `modes`.
+// What the functions are made of: integer parts, which follow the decimals shown, and factorials.
 #pragma once
 
 #include <cstdint>
@@ -10,16 +10,17 @@
 // Words of compile_f, for the files that compute parts of a call for it.
 inline constexpr Procedure kCompileF{" sur compile_f"_fr, true};
 
-double compile_f() noexcept;              // value of the call whose name is in l_symbole
+// How a call ends: with its closing bracket, or at once.
+enum class Fin : std::uint8_t { cloture, immediate };
 
-// Reads "," and one more argument of a call into `registre`; type_f stays the call's. False, and
-// reported, when the comma is missing: the call ends at once.
-bool lis_argument(double& registre) noexcept;
-
-double conv_a_r(double x) noexcept;       // angle unit to radians
-double conv_r_a(double x) noexcept;       // radians to angle unit
 double logarithme(double x);              // natural; failure 5 at 0 and below
 double factoriel(std::int16_t n) noexcept;
 std::string c_intx(double x) noexcept;    // text of the integer part, after rounding to the decimals shown
 double intx(double x) noexcept;           // value of c_intx
 double frac(double x) noexcept;           // fractional part through the general text; loses the sign
+
+// The values of FACT, and of ANP and CNP, whose n and p are in l_argument1 and l_argument2. Each answers
+// how the call ends.
+Fin factorielle(double x, double& resultat);
+Fin arrangements(double& resultat);
+Fin combinaisons(double& resultat);

@@ -9,7 +9,6 @@
 #include "base/failure.hpp"
 #include "base/maths.hpp"
 #include "base/number.hpp"
-#include "engine/reader.hpp"
 #include "functions/functions.hpp"
 #include "state/context.hpp"
 
@@ -30,22 +29,30 @@ std::string trois_decimales(std::string_view decimales) {
 
 }  // namespace
 
-void progression(int fonction, double& resultat) noexcept {
+void serie_arithmetique(double& resultat) noexcept {
     const double a = moteur.l_argument1, n = moteur.l_argument2, r = moteur.l_argument3;
-    double e = 0;
-    if (fonction == kSerieA) {
-        Tente(kCompileF, [&] { range(resultat, a * n + (n - 1) * n * r / 2, a, n, r); });
-    } else if (fonction == kSuiteA) {
-        Tente(kCompileF, [&] { range(resultat, (n - 1) * r + a, a, n, r); });
-    } else if (fonction == kSuiteG) {
-        Tente(kCompileF,
-              [&] { range(resultat, maths::exp(logarithme(r) * (n - 1)) * a, a, n, r); });
-    } else if (r == 1) {
+    Tente(kCompileF, [&] { range(resultat, a * n + (n - 1) * n * r / 2, a, n, r); });
+}
+
+void suite_arithmetique(double& resultat) noexcept {
+    const double a = moteur.l_argument1, n = moteur.l_argument2, r = moteur.l_argument3;
+    Tente(kCompileF, [&] { range(resultat, (n - 1) * r + a, a, n, r); });
+}
+
+void suite_geometrique(double& resultat) noexcept {
+    const double a = moteur.l_argument1, n = moteur.l_argument2, r = moteur.l_argument3;
+    Tente(kCompileF, [&] { range(resultat, maths::exp(logarithme(r) * (n - 1)) * a, a, n, r); });
+}
+
+void serie_geometrique(double& resultat) noexcept {
+    const double a = moteur.l_argument1, n = moteur.l_argument2, r = moteur.l_argument3;
+    if (r == 1) {
         Tente(kCompileF, [&] { range(resultat, a * n, a, n); });
-    } else {
-        Tente(kCompileF, [&] { range(e, maths::exp(logarithme(r) * n), n, r); });
-        Tente(kCompileF, [&] { range(resultat, (e - 1) * a / (r - 1), e, a, r); });
+        return;
     }
+    double e = 0;
+    Tente(kCompileF, [&] { range(e, maths::exp(logarithme(r) * n), n, r); });
+    Tente(kCompileF, [&] { range(resultat, (e - 1) * a / (r - 1), e, a, r); });
 }
 
 void r_franc_euro(double& montant) noexcept {

@@ -4,9 +4,12 @@
 
 #include <string>
 
-// Result of SERIEG, SERIEA, SUITEG or SUITEA (by function number) into `resultat`: sums of the first
-// n terms and terms of rank n, from a first term a and a ratio or difference r.
-void progression(int fonction, double& resultat) noexcept;
+// Results of SERIEA, SERIEG, SUITEA and SUITEG: sums of the first n terms and terms of rank n, from a
+// first term a and a difference or ratio r.
+void serie_arithmetique(double& resultat) noexcept;
+void serie_geometrique(double& resultat) noexcept;
+void suite_arithmetique(double& resultat) noexcept;
+void suite_geometrique(double& resultat) noexcept;
 
 void r_franc_euro(double& montant) noexcept;   // francs to euros, rounded by arrondi
 void r_euro_franc(double& montant);            // euros to francs, rounded by Forme_montant

@@ -21,6 +21,7 @@
 #include "engine/number_text.hpp"
 #include "engine/reader.hpp"
 #include "functions/formulas.hpp"
+#include "functions/table.hpp"
 #include "state/context.hpp"
 
 namespace {
@@ -168,7 +169,7 @@ private:
             pose(Pas::constante, 0, moteur.pi_valeur, 1);
             return;
         }
-        if (!a_une_formule(rang) || !est("(")) {
+        if (ligne_fonction(rang).valeur.simple == nullptr || !est("(")) {
             refuse_ = true;
             return;
         }
@@ -376,10 +377,13 @@ bool Repetition::calcule(double& resultat) const {
                 *++haut = moteur.valeur_variable[static_cast<std::size_t>(i.rang)];
                 if (!puissance_de(*haut, i.valeur)) return false;
                 continue;
-            case Pas::fonction:
-                if (hors_domaine(i.rang, *haut, simple_calcul)) return false;
-                *haut = formule_de(i.rang, *haut, simple_calcul);
+            case Pas::fonction: {
+                const LigneFonction& f = ligne_fonction(i.rang);
+                if (f.domaine.exclut_simple != nullptr && f.domaine.exclut_simple(*haut, simple_calcul))
+                    return false;
+                *haut = f.valeur.simple(*haut, simple_calcul);
                 break;
+            }
         }
         if (!simple(*haut)) return false;
     }

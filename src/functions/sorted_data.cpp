@@ -1,5 +1,5 @@
-// Sorts the data set and writes its values, poured into the lines that the block had. Changes
-// table_x and table_statx of `statistiques`, and resultat_bloc of `feuille`.
+// Sorts the data set and gives the one of a call the shape of a line. Changes table_x and table_statx of
+// `statistiques`.
 #include "functions/sorted_data.hpp"
 
 #include <algorithm>
@@ -12,14 +12,12 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "engine/number_text.hpp"
+#include "platform/hooks.hpp"
 #include "state/data_set.hpp"
-#include "state/sheet.hpp"
 
 namespace {
 
 constexpr Procedure kTriTable{" sur triTable_x"_fr, true};
-constexpr Procedure kTriStatX{"sur TriStatX"_fr, true};
 
 // A value and how often it follows itself.
 struct Serie {
@@ -65,19 +63,8 @@ TableRepetee triee(const TableRepetee& table) {
 // The shape of a data set that came from a call: one line. Its count is 16 bits wide like those of
 // a block's lines, so a longer list is refused.
 void forme_une_ligne() {
-    Tente(kTriStatX, [] { statistiques.table_statx = Table<std::int16_t>(1); });
-    Tente(kTriStatX, [] { statistiques.table_statx(1) = vers_16_tronque(borne_table_x()); });
-}
-
-// Writes one line of `compte` values, those behind index `k`.
-void ajoute_ligne(std::int16_t compte, std::ptrdiff_t& k) {
-    std::string& bloc = feuille.resultat_bloc;
-    for (int j = 1; j <= compte; ++j) {
-        ++k;
-        Tente(kTriStatX, [&] { bloc += FormatNombre(statistiques.table_x(k)); });
-        if (j < compte) Tente(kTriStatX, [&] { bloc += ", "; });
-    }
-    Tente(kTriStatX, [&] { bloc += "\r\n"; });
+    Tente(kMotsTri, [] { statistiques.table_statx = Table<std::int16_t>(1); });
+    Tente(kMotsTri, [] { statistiques.table_statx(1) = vers_16_tronque(borne_table_x()); });
 }
 
 }  // namespace
@@ -89,8 +76,5 @@ void TriTable_x() noexcept {
 void TriStatX() noexcept {
     TriTable_x();
     if (!statistiques.statx_trie) forme_une_ligne();
-    feuille.resultat_bloc.clear();
-    std::ptrdiff_t k = 0;
-    for (const std::int16_t compte : statistiques.table_statx) ajoute_ligne(compte, k);
-    Tente(kTriStatX, [] { feuille.resultat_bloc += kFinTri; });
+    crochets.donnees_triees();
 }

@@ -1,14 +1,14 @@
-// The sorted data set of TRISTATX. Changes table_x and table_statx of `statistiques`, and
-// resultat_bloc of `feuille`.
+// The sorted data set of TRISTATX. Changes table_x and table_statx of `statistiques`.
 #pragma once
 
 #include "base/codepage.hpp"
+#include "base/failure.hpp"
 
-// Last line of the block.
-inline constexpr std::string_view kFinTri = "fin résultat TriStatX"_fr;
+// Words of TriStatX, for the file that writes the block of the values.
+inline constexpr Procedure kMotsTri{"sur TriStatX"_fr, true};
 
 // Sorts table_x, smallest value first.
 void TriTable_x() noexcept;
 
-// Sorts the data set and writes it into resultat_bloc, in the shape of the lines of its block.
+// Sorts the data set and has its values written into the block of the line.
 void TriStatX() noexcept;

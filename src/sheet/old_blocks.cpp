@@ -8,8 +8,8 @@
 
 #include "base/codepage.hpp"
 #include "editing/lines.hpp"
-#include "functions/sorted_data.hpp"
 #include "sheet/matrix_text.hpp"
+#include "sheet/sorted_block.hpp"
 #include "sheet/statistics_results.hpp"
 
 namespace {

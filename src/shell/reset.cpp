@@ -7,6 +7,7 @@
 #include "documents/undo.hpp"
 #include "editing/search.hpp"
 #include "editing/words.hpp"
+#include "functions/install.hpp"
 #include "platform/boxes.hpp"
 #include "platform/hooks.hpp"
 #include "platform/message.hpp"
@@ -14,6 +15,7 @@
 #include "settings/settings.hpp"
 #include "settings/tool_options.hpp"
 #include "sheet/matrix_definition.hpp"
+#include "sheet/sorted_block.hpp"
 #include "shell/announcements.hpp"
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
@@ -30,7 +32,9 @@
 #include "state/sheet.hpp"
 
 void reinitialise_tout() {
-    crochets = {marque_modifie, AfficheStatus, quitte_vues, [] { return !aide.aide_touche; }};
+    crochets = {marque_modifie, AfficheStatus, quitte_vues, [] { return !aide.aide_touche; },
+                ecrit_bloc_tri};
+    installe_fonctions();
     reinitialise_moteur();
     boites_de_passe = BoitesDePasse{};
     feuille = Feuille{};

@@ -47,6 +47,15 @@ def read(name: str) -> list[str]:
     return (ROOT / name).read_text(encoding="utf-8").removesuffix("\n").split("\n")
 
 
+def function_names() -> list[str]:
+    """The names that the calculator knows, from its own table, as a sheet writes them."""
+    rows = re.findall(r'^    {k\w+, "(\w+)", Lecture::', "\n".join(read("src/functions/table.cpp")), re.M)
+    numbers = re.search(r"kAucuneFonction,(.*)kApresFonctions", " ".join(read("src/functions/table.hpp")))
+    if len(rows) != len(re.findall(r"\bk[A-Z]\w*(?=,)", numbers[1])):
+        raise Unrecognised("src/functions/table.cpp: not every row of the table is read here")
+    return [name.upper() for name in rows]
+
+
 def heading(text: str, line: int) -> tuple[dict, str]:
     """Settings and named box of an example's heading line."""
     found = re.fullmatch(r"Exemple(?: (.+?))? ?:", text)

@@ -1,0 +1,83 @@
+// Reads a call in the protocol of its function and computes it. Changes the registers of `moteur`.
+#include "functions/call.hpp"
+
+#include <cmath>
+#include <cstdint>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "base/number.hpp"
+#include "engine/grammar.hpp"
+#include "engine/reader.hpp"
+#include "functions/formulas.hpp"
+#include "functions/table.hpp"
+#include "state/context.hpp"
+
+namespace {
+
+// Reads the arguments behind the first one, which is in l_valeur. False, and reported, when one is missing.
+bool lis_autres_arguments(Lecture lecture) {
+    switch (lecture) {
+        case Lecture::inconnue:
+        case Lecture::nom_seul:
+        case Lecture::un:
+        case Lecture::groupes: return true;
+        case Lecture::deux:
+        case Lecture::trois: break;
+    }
+    moteur.l_argument1 = moteur.l_valeur;
+    return lis_argument(moteur.l_argument2) &&
+           (lecture == Lecture::deux || lis_argument(moteur.l_argument3));
+}
+
+// The value of a formula at x, or the refusal of x.
+Fin par_formule(const LigneFonction& f, double x, double& resultat) {
+    ArithmetiqueSurveillee calcul;
+    if (f.domaine.exclut_surveille != nullptr && f.domaine.exclut_surveille(x, calcul)) {
+        affiche_erreur_formule(f.domaine.mots);
+        return f.domaine.fin;
+    }
+    calcul.infini = false;
+    Tente(kCompileF, [&] {
+        resultat = f.valeur.surveillee(x, calcul);
+        if (!std::isfinite(resultat))
+            refuse_resultat(resultat, calcul.infini || std::isinf(x), std::isnan(x));
+    });
+    return Fin::cloture;
+}
+
+// The value of a function on its first argument, which is in l_valeur.
+Fin calcule(const LigneFonction& f, double& resultat) {
+    const double x = moteur.l_valeur;
+    if (f.valeur.procedure == nullptr) return par_formule(f, x, resultat);
+    if (!lis_autres_arguments(f.lecture)) return Fin::immediate;
+    const Fin fin = f.valeur.procedure(x, resultat);
+    return f.lecture == Lecture::groupes ? Fin::immediate : fin;   // they have read their own bracket
+}
+
+}  // namespace
+
+double compile_f() noexcept {
+    const std::int16_t fonction = moteur.type_f;
+    const LigneFonction& ligne = ligne_fonction(fonction);
+    double resultat = 0;
+    if (ligne.lecture == Lecture::nom_seul) {
+        ligne.valeur.procedure(0, resultat);
+        lis_symbole();
+        return resultat;
+    }
+    lis_symbole();
+    if (moteur.l_symbole != "(") {
+        affiche_erreur_formule("Manque une ("_fr);
+        return 0;
+    }
+    lis_symbole();
+    moteur.l_valeur = Compile_un_argument();
+    moteur.type_f = fonction;
+    if (calcule(ligne, resultat) == Fin::immediate) return resultat;
+    if (moteur.l_symbole == ")")
+        lis_symbole();
+    else
+        affiche_erreur_formule("manque )"_fr);
+    return resultat;
+}

@@ -44,9 +44,12 @@ std::size_t octets_gardes() {
 // As many lines as a sheet can have; the first and the last change with `n` when they are
 // calculated.
 std::string grande_feuille(int n) {
-    std::string texte = "A=" + std::to_string(n);
-    for (int ligne = 2; ligne < 32'767; ++ligne) texte += "\r\n! ligne";
-    return texte + "\r\nA*2";
+    static const std::string milieu = [] {
+        std::string lignes;
+        for (int ligne = 2; ligne < 32'767; ++ligne) lignes += "\r\n! ligne";
+        return lignes;
+    }();
+    return "A=" + std::to_string(n) + milieu + "\r\nA*2";
 }
 
 }  // namespace

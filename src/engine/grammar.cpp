@@ -32,11 +32,6 @@ constexpr Procedure kCompileUnArgument{" sur Compile_un_argument"_fr, true};
 constexpr Procedure kCarre{" sur carré"_fr, true};
 constexpr Procedure kOdd{" sur odd"_fr, true};
 
-// First character of the current symbol; 0 for an empty one.
-char premier() { return moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front(); }
-
-bool symbole_est(std::string_view mot) { return moteur.l_symbole == mot; }
-
 // The identifier read last was a matrix.
 bool contexte_matrice() { return moteur.l_matrice != ' ' && moteur.l_var == 0; }
 
@@ -124,7 +119,7 @@ void combine_bits(char operateur) {
 
 // The sign in front of an expression, then its first term.
 void lis_premier_terme() {
-    const char signe = premier();
+    const char signe = tete_symbole();
     if (signe == '+' || signe == '-' || signe == '!') {
         lis_symbole();
         compile_terme();
@@ -247,7 +242,7 @@ void compile_egalite() noexcept {
     const Cible cible;
     compile_expression();
     cible.remet();
-    if (premier() == '=') {
+    if (tete_symbole() == '=') {
         lis_symbole();
         cible.remet();
         compile_expression();
@@ -264,7 +259,7 @@ void compile_egalite() noexcept {
 void compile_expression() noexcept {
     lis_premier_terme();
     for (;;) {
-        const char operateur = premier();
+        const char operateur = tete_symbole();
         if (operateur != '+' && operateur != '-' && !symbole_est("OR") && !symbole_est("XOR")) return;
         lis_symbole();
         compile_terme();
@@ -281,7 +276,7 @@ void compile_terme() noexcept {
     compile_exposant();
     double l_terme = moteur.l_valeur_exposant;
     for (;;) {
-        const char operateur = premier();
+        const char operateur = tete_symbole();
         if (operateur != '*' && operateur != '/' && !symbole_est("AND")) break;
         lis_symbole();
         compile_exposant();
@@ -300,7 +295,7 @@ void compile_terme() noexcept {
 void compile_exposant() noexcept {
     compile_not();
     double p = moteur.l_valeur_not;
-    while (premier() == '^') {
+    while (tete_symbole() == '^') {
         lis_symbole();
         compile_not();
         double e = moteur.l_valeur_not;
@@ -330,7 +325,7 @@ void compile_not() noexcept {
 void compile_facteur() noexcept {
     if (test_fonction())
         moteur.l_valeur = operations.appelle_fonction();
-    else if (debut_operande(premier()))
+    else if (debut_operande(tete_symbole()))
         // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins, on purpose.
         lis_symbole();
     else if (symbole_est("("))

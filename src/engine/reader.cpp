@@ -100,7 +100,7 @@ bool test_fonction() noexcept {
 void lis_symbole() noexcept {
     p_lis_symbole();
     if (test_fonction()) return;
-    const char premier = moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front();
+    const char premier = tete_symbole();
     if (premier >= 'A' && premier <= 'Z') {
         lis_identificateur();
     } else if (premier == '$' || premier == '#' || premier == "œ"_fr[0]) {
@@ -113,23 +113,22 @@ void lis_symbole() noexcept {
 
 void lis_constante() noexcept {
     moteur.l_valeur = 0;
-    const std::string_view symbole = moteur.l_symbole;
-    const char premier = symbole.front();
     // A literal beyond the floats is told by the number of its failure alone, with its blank.
     try {
-        if (premier == '$')
-            moteur.l_valeur = valhexa(symbole.substr(1));
-        else if (premier == "œ"_fr[0])
+        if (tete_symbole() == "œ"_fr[0])
             affiche_erreur_formule("constante erronee"_fr);
-        else if (premier == '#')
-            moteur.l_valeur = prefixe_numerique(symbole.substr(1));
         else
-            moteur.l_valeur = prefixe_numerique(symbole);
+            moteur.l_valeur = valeur_litteral(moteur.l_symbole);
     } catch (const Defaillance& d) {
         affiche_erreur_formule(forme_blanc(d.numero));
     } catch (...) {
         affiche_erreur_formule(forme_blanc(kMemoire));
     }
+}
+
+double valeur_litteral(std::string_view symbole) {
+    if (symbole.front() == '$') return valhexa(symbole.substr(1));
+    return prefixe_numerique(symbole.front() == '#' ? symbole.substr(1) : symbole);
 }
 
 bool chnenbin(std::string_view texte, double& valeur) {

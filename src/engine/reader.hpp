@@ -4,10 +4,21 @@
 
 #include <string_view>
 
+#include "state/context.hpp"
+
+// First character of the current symbol; 0 for an empty one.
+inline char tete_symbole() { return moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front(); }
+
+inline bool symbole_est(std::string_view mot) { return moteur.l_symbole == mot; }
+
 void p_lis_symbole() noexcept;      // raw cut of the next symbol into l_symbole
 void lis_symbole() noexcept;        // the next symbol, with its value or its effects
 bool test_fonction() noexcept;      // is l_symbole a function name? sets type_f when it is
 void lis_constante() noexcept;      // l_valeur from the literal in l_symbole
+
+// Value of a literal: "$" in front of hexadecimal digits, "#" or nothing in front of decimal ones. Failure 6
+// beyond the floats.
+double valeur_litteral(std::string_view symbole);
 
 // Reads binary digits from the left into `valeur`; false at the first other character.
 bool chnenbin(std::string_view texte, double& valeur);

@@ -1,41 +1,12 @@
-// The same formula evaluated many times while one variable changes (tabulation, area). What depends
-// on the text alone is read once; the effects on `moteur` are those of evaluating the text each time.
+// The same formula evaluated many times while one variable changes (tabulation, area): by its steps where it
+// has them, otherwise by its text. What holds between two evaluations:
+// - the values and errors are those of evaluating the text each time, bit for bit;
+// - what evaluating would leave in `moteur` beside the value, the assigned variable and the error flag is owed
+//   (en_attente_ counts the evaluations) and left by `termine`, which evaluates the text for the last one;
+// - a value that needs a report ends the steps for good: what is owed is left, and the text takes over.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <vector>
-
-// One step of a formula that has been read. The registers are a pile of values and the two shared
-// cells of the grammar: the running sum (l_valeur_expression) and the one save cell of the arguments.
-enum class Pas : std::uint8_t {
-    constante,       // push a literal
-    variable,        // push the value of a variable
-    multiplie,       // pop the right side, multiply the top by it
-    divise,
-    eleve,
-    somme,           // the running sum starts with the popped value
-    oppose,          // ... with its opposite
-    ajoute,          // add the popped value to the running sum
-    retranche,
-    ouvre,           // "(": push the running sum aside
-    ferme,           // ")": the sum is the value, the one aside comes back
-    sauve,           // function argument: the running sum goes to the save cell
-    argument,        // the argument is the sum; the sum comes back from the save cell
-    fonction,        // the top becomes its function
-    // Frequent sequences as one step each, with the same arithmetic in the same order:
-    produit,             // push literal * variable
-    puissance,           // push variable ^ literal
-    divise_par,          // divide the top by a literal that is not 0
-    ajoute_constante,    // add a literal to the running sum
-    argument_variable    // sauve, variable, somme, argument
-};
-
-struct Instruction {
-    Pas pas;
-    std::int16_t rang;       // variable 1 to 26, or function number
-    double valeur;           // of a literal
-};
+#include "functions/repetition_steps.hpp"
 
 class Repetition {
 public:
@@ -73,7 +44,7 @@ private:
     bool calcule(double& resultat) const;
     void range_cible(double valeur);
 
-    std::vector<Instruction> programme_;   // empty: the text is read each time
+    Programme programme_;                   // empty: the text is read each time
     int cible_ = 0;                        // variable that the formula assigns, 1 to 26; 0 for none
     long en_attente_ = 0;                  // evaluations whose traces are still to be left
     bool connue_ = false;                  // derniere_ is the value at dernier_x_

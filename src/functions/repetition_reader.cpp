@@ -1,0 +1,181 @@
+// The rules of plain arithmetic, read into steps. Changes p_position, l_symbole and type_f of `moteur`.
+#include "functions/repetition_reader.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/failure.hpp"
+#include "engine/reader.hpp"
+#include "functions/table.hpp"
+#include "state/context.hpp"
+
+namespace {
+
+constexpr int kProfondeurMaxi = 40;           // brackets and calls one in the other
+constexpr std::size_t kFormuleMaxi = 20'000;  // characters; longer ones are read each time
+
+// A rule "operand { operator operand }" of the grammar: its operators and their steps. Its operands are
+// what the next rule reads, those of the last one are factors.
+struct Regle {
+    std::string_view operateurs;
+    std::array<Pas, 2> pas;
+};
+constexpr std::array<Regle, 3> kRegles = {{{"+-", {Pas::ajoute, Pas::retranche}},
+                                           {"*/", {Pas::multiplie, Pas::divise}},
+                                           {"^", {Pas::eleve, Pas::eleve}}}};
+
+class Lecteur {
+public:
+    explicit Lecteur(int variable) : variable_(variable) {}
+
+    // The steps, or none.
+    FormuleLue lis() {
+        const std::string& formule = moteur.p_formule;
+        if (formule.size() > kFormuleMaxi || formule.find('@') != std::string::npos) return {};
+        moteur.p_position = 1;
+        moteur.lecture_finie = false;
+        suivant();
+        lis_cible();
+        expression();
+        if (!moteur.l_symbole.empty()) refuse_ = true;   // something is left after the expression
+        if (lue_.cible != 0 && lues_[static_cast<std::size_t>(lue_.cible)]) refuse_ = true;
+        if (refuse_ || hauteur_maxi_ > static_cast<int>(kHauteurPile)) lue_.programme.clear();
+        return std::move(lue_);
+    }
+
+private:
+    void suivant() {
+        p_lis_symbole();
+        fonction_ = test_fonction();
+    }
+    char premier() const { return tete_symbole(); }
+
+    // Adds a step that makes the stack `hausse` values higher.
+    void pose(Pas pas, int hausse, int rang = 0, double valeur = 0) {
+        lue_.programme.push_back({pas, static_cast<std::int16_t>(rang), valeur});
+        hauteur_ += hausse;
+        hauteur_maxi_ = std::max(hauteur_maxi_, hauteur_);
+    }
+
+    // "Y=" in front of the formula.
+    void lis_cible() {
+        const std::string& formule = moteur.p_formule;
+        if (formule.size() < 2 || formule[1] != '=' || formule[0] < 'A' || formule[0] > 'Z') return;
+        lue_.cible = rang_lettre(formule[0]);
+        if (lue_.cible == variable_) refuse_ = true;
+        suivant();
+        suivant();
+    }
+
+    // The operators of a rule behind its first operand, each with the operand on its right.
+    void operateurs(std::size_t regle) {
+        while (!refuse_) {
+            const std::size_t rang = kRegles[regle].operateurs.find(premier());
+            if (rang == std::string_view::npos) return;
+            suivant();
+            operande(regle);
+            pose(kRegles[regle].pas[rang], -1);
+        }
+    }
+
+    // An operand of a rule.
+    void operande(std::size_t regle) {
+        if (regle + 1 == kRegles.size()) return facteur();
+        operande(regle + 1);
+        operateurs(regle + 1);
+    }
+
+    void expression() {
+        if (++profondeur_ > kProfondeurMaxi) refuse_ = true;
+        const char signe = premier();
+        if (signe == '+' || signe == '-') suivant();
+        operande(0);
+        pose(signe == '-' ? Pas::oppose : Pas::somme, -1);
+        operateurs(0);
+        --profondeur_;
+    }
+
+    // A factor, and after it an operator, a closing bracket or the end: two operands in a row mean
+    // something else.
+    void facteur() {
+        if (refuse_) return;
+        const char c = premier();
+        if (fonction_)
+            appel();
+        else if ((c >= '0' && c <= '9') || c == '$' || c == '#')
+            litteral();
+        else if (c >= 'A' && c <= 'Z' && moteur.l_symbole.size() == 1)
+            lettre();
+        else if (c == '(')
+            parenthese();
+        else
+            refuse_ = true;
+        const bool fin = moteur.l_symbole.empty();
+        if (!fin && std::string_view("+-*/^)").find(premier()) == std::string_view::npos)
+            refuse_ = true;
+    }
+
+    void litteral() {
+        const std::string& s = moteur.l_symbole;
+        if (s.front() != '$' && s.back() == 'E') refuse_ = true;
+        try {
+            pose(Pas::constante, 1, 0, valeur_litteral(s));
+        } catch (const Defaillance&) {
+            refuse_ = true;   // too large: the text reports it
+        }
+        suivant();
+    }
+
+    void lettre() {
+        const auto rang = static_cast<std::size_t>(rang_lettre(premier()));
+        if (!moteur.variable_definie[rang]) refuse_ = true;
+        lues_[rang] = true;
+        pose(Pas::variable, 1, static_cast<int>(rang));
+        suivant();
+    }
+
+    void parenthese() {
+        suivant();
+        pose(Pas::ouvre, 1);
+        expression();
+        if (!symbole_est(")")) refuse_ = true;
+        pose(Pas::ferme, 0);
+        suivant();
+    }
+
+    void appel() {
+        const int rang = moteur.type_f;
+        suivant();
+        if (rang == kPi) {
+            pose(Pas::constante, 1, 0, moteur.pi_valeur);
+            return;
+        }
+        if (ligne_fonction(rang).valeur.simple == nullptr || !symbole_est("(")) {
+            refuse_ = true;
+            return;
+        }
+        suivant();
+        pose(Pas::sauve, 0);
+        expression();
+        pose(Pas::argument, 1);
+        if (!symbole_est(")")) refuse_ = true;
+        pose(Pas::fonction, 0, rang);
+        suivant();
+    }
+
+    int variable_;
+    FormuleLue lue_;
+    bool refuse_ = false;
+    bool fonction_ = false;                // the current symbol is a function name
+    int profondeur_ = 0;
+    int hauteur_ = 0, hauteur_maxi_ = 0;   // of the stack of values
+    std::array<bool, 27> lues_{};          // variables that the formula reads
+};
+
+}  // namespace
+
+FormuleLue lis_repetition(int variable) { return Lecteur(variable).lis(); }

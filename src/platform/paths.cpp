@@ -19,7 +19,7 @@ bool est_separateur(char c) { return c == '\\' || c == port.systeme.separateur; 
 
 std::string cheminSeul(std::string_view chemin) {
     const std::size_t fin = chemin.find_last_of(fins_dossier());
-    // A bare name gives the separator alone, on purpose.
+    // A bare name gives the separator alone. Kept: see the oddities, bare-name-folder.
     return ajoutbackslash(fin == std::string_view::npos ? std::string_view()
                                                         : chemin.substr(0, fin + 1));
 }

@@ -37,7 +37,8 @@ bool est_dans(const Table<article>& lignes, int nombre, const std::string& nom) 
 }
 
 // The name that the file keeps of a document after those kept already. A dot early in the path cuts it
-// short, on purpose, unless the list would then have that name twice. The file has room for so much of it.
+// short, unless the list would then have that name twice. Kept: see the oddities, early-dot-in-the-list.
+// The file has room for so much of it.
 std::string nom_garde(const std::string& nom, const Table<article>& gardees, int nombre) {
     constexpr std::size_t kLongueurCoupee = 16;
     const std::size_t point = premier_point(nom);
@@ -98,7 +99,7 @@ Table<article> lignes_a_garder() {
         if (est_dans(gardees, n, nom)) continue;   // two long paths that begin alike
         gardees(++n) = {nom, ligne.champ1, ligne.champ2, ligne.champ3};
     }
-    // A free row of the file has its selection start at 1, unlike those of the table.
+    // A free row of the file has its selection start at 1. Kept: see the oddities, free-rows-from-one.
     while (n < kDocumentsMaxi) gardees(++n) = ligne_libre(1);
     return gardees;
 }

@@ -41,7 +41,8 @@ struct Reglages {
     Table<article> table_ini{kLignesIni};    // rows 1 to 22
     article article_vide;                    // {nom_sanstitre, 0, 0, 1}: a free row
     article article_courant;                 // scratch row, argument of insert_nomdoc
-    std::string nom_sanstitre;               // "SANSTITRE.VXT"; New may pad it, on purpose
+    std::string nom_sanstitre;               // "SANSTITRE.VXT"; New may pad it. Kept: see the oddities,
+                                             // padded-untitled-name
     std::string dossier_programme;           // with its final separator
     std::string dossier_travail;             // working folder, with its final separator
     std::string fichier_travail;             // named at start-up, neither written nor read

@@ -7,7 +7,7 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "editing/lines.hpp"
 #include "editing/words.hpp"
 #include "platform/message.hpp"

@@ -15,7 +15,6 @@
 #include "platform/paths.hpp"
 #include "platform/platform.hpp"
 
-Documents documents;
 Dlg dlg;
 
 namespace {
@@ -194,19 +193,10 @@ bool ferme_milieu() {
 
 }  // namespace
 
-article& ligne_courante_ini() { return reglages.table_ini(documents.document_courant); }
-
-void marque_modifie() { documents.document_modifie(documents.document_courant) = 1; }
-
 void donne_identite(int rang) {
     ferme_changements(rang);
     documents.identite(rang) = ++documents.derniere_identite;
     documents.base(rang) = 0;
-}
-
-void dit_si_hors_liste(const std::string& nom) {
-    if (nom.size() > kTailleNom)
-        dit("chemin trop long : au prochain démarrage, la liste n'en aura que le début"_fr);
 }
 
 void InitNomRepertoire() {
@@ -244,12 +234,6 @@ bool TestRepertoire() {
     crochets.statut();
     dit_nom();
     return true;
-}
-
-int rang_ouvert(const std::string& nomfic, int sauf) {
-    for (int rang = 1; rang <= documents.nombre_document; ++rang)
-        if (rang != sauf && meme_document(reglages.table_ini(rang).nom, nomfic)) return rang;
-    return 0;
 }
 
 bool montre_document(int rang) {

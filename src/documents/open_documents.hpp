@@ -1,42 +1,16 @@
-// The open documents and the commands New, Open, Previous, Next and Close, for a control that shows the
-// sheet. One instance, `documents`; the commands change it, the settings table, the working copies and the text.
+// The commands New, Open, Previous, Next and Close, for a control that shows the sheet. They change
+// `documents`, the settings table, the working copies and the text.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 
-#include "base/table.hpp"
-#include "settings/settings.hpp"
+#include "documents/documents.hpp"
 
-struct Documents {
-    std::int16_t document_courant = 1;   // number of the sheet in `txt`, 1 to nombre_document
-    std::int16_t nombre_document = 1;    // open documents, 1 to 15
-    Table<std::string> nom_copie{kDocumentsMaxi};       // working copy of each, by document number
-    Table<char> document_modifie{kDocumentsMaxi};       // 1: the sheet differs from its file
-    Table<std::string> texte{kDocumentsMaxi};           // of each, as it was when `txt` last left it
-    Table<char> copie_a_jour{kDocumentsMaxi};           // 1: the working copy holds `texte`
-    Table<char> a_son_fichier{kDocumentsMaxi};          // 1: it came from the file of its name, or went there
-    Table<std::uint64_t> identite{kDocumentsMaxi};      // of each open sheet, from 1, never given twice
-    Table<std::optional<std::uint64_t>> base{kDocumentsMaxi};  // sum of its file as read or written last;
-                                                        // 0: it has none, nothing: not known
-    std::uint64_t derniere_identite = 0; // the last one given in this run
-    bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
-    bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
-    bool enregistrement_rate = false;    // the last save on the way out or under a new name has failed
-};
-extern Documents documents;
-
-article& ligne_courante_ini();           // the current document's row
-void marque_modifie();                   // the current sheet differs from its file
 void donne_identite(int rang);           // another sheet than before is open there: the changes of the
                                          // one before are forgotten
 
-void dit_si_hors_liste(const std::string& nom);   // tells when the settings file has no room for that path
 void InitNomRepertoire();                // nom_repertoire, at start-up
 bool dejaOuvert(const std::string& nomfic);
-int rang_ouvert(const std::string& nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
 void DocSuivant();
 void DocPrecedent();
 bool TestRepertoire();                   // shows the document that has become current; false: told, the

@@ -7,7 +7,7 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/message.hpp"
 #include "platform/paths.hpp"

@@ -8,7 +8,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "documents/dialog.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/opened_file.hpp"
 #include "documents/recovery.hpp"
 #include "documents/recovery_file.hpp"

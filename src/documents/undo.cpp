@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/words.hpp"
 #include "platform/message.hpp"

@@ -10,7 +10,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/opened_file.hpp"
 #include "documents/recovery_file.hpp"
 #include "platform/file_failures.hpp"

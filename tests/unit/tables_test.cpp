@@ -65,6 +65,22 @@ const std::array<RaccourciAttendu, 30> kRaccourcis{{
     {"mnuAideToucheItem", simple(kToucheF1)},
 }};
 
+// The items by their number in the window, which readers' scripts know.
+constexpr std::array<std::string_view, 50> kNumeros = {
+    "mnuNouveauItem", "mnuOuvrirItem", "mnuFichierPrecedentItem", "mnuFichierSuivantItem",
+    "mnuEnregistrerItem", "mnuEnregistrerSousItem", "mnuFermerItem", "mnuImprimer",
+    "mnuParametreImprimer", "mnuQuitterItem", "mnuCalculItem", "mnuCalculColonneItem",
+    "mnumodifLigneItem", "mnumodifLigneSansDialItem", "mnumodifTexteItem", "mnuEffaceMotItem",
+    "MnuParleResultatItem", "mnuFonctionItem", "mnuTabulationAvantItem",
+    "mnuTabulationArriereItem", "mnuChaineGaucheItem", "mnuChaineDroiteItem", "mnuPoseRepereItem",
+    "mnuRepereItem", "mnuXYItem", "mnuNumeroLigneItem", "mnuSelectionToutItem",
+    "mnuRechercherDebutItem", "mnuRechercherCurseurItem", "mnuRechercherArriereItem",
+    "mnuRechercherPrecedentItem", "mnuRechercherSuivantItem", "mnuEntierItem", "mnuFlottantItem",
+    "mnuPuissanceItem", "mnuHexaItem", "mnuAngleItem", "mnuNombreDecimalItem",
+    "mnuDerniereFeuilleItem", "mnuColonneMatrice", "mnuLigneStat", "mnuCouleurEcran",
+    "mnuPoliceEcran", "mnuPoliceImprimante", "mnuAnnulerItem", "mnuRetablirItem", "mnuSonItem",
+    "mnuAideToucheItem", "mnuAideTxtItem", "mnuApropos"};
+
 // The item that these keys belong to, or "".
 std::string item_attendu(const FrappeTouche& f) {
     for (const RaccourciAttendu& r : kRaccourcis)
@@ -257,4 +273,15 @@ TEST_CASE("menus: the menus stand in their order, each in one piece") {
     for (const LigneCommande& ligne : lignes_menu())
         if (suite.empty() || suite.back() != ligne.menu) suite.emplace_back(ligne.menu);
     CHECK(suite == Textes{"&Fichier", "&Edition", "&Affichage", "Recherche", "&Options", "Ou&tils", "&?"});
+}
+
+TEST_CASE("menus: every item keeps its number in the window") {
+    int numero = 0;
+    for (const std::string_view nom : kNumeros) {
+        CAPTURE(utf8(nom));
+        REQUIRE(ligne_numero(numero) != nullptr);
+        CHECK(ligne_numero(numero++)->nom == nom);
+    }
+    CHECK(ligne_numero(numero) == nullptr);
+    CHECK(ligne_numero(-1) == nullptr);
 }

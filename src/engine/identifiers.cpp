@@ -13,7 +13,7 @@
 #include "engine/reader.hpp"
 #include "state/context.hpp"
 #include "state/matrices.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 namespace {
 
@@ -91,8 +91,7 @@ bool refuse_seconde_variable() {
     texte += ',';
     texte += moteur.l_symbole[0];
     moteur.l_texte_erreur = texte;
-    Tente(kLisIdentificateur,
-          [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
+    Tente(kLisIdentificateur, [&] { pose_resultat_courant(texte); });
     moteur.erreur_formule = true;
     moteur.definition_fonction_active = false;
     return true;
@@ -127,8 +126,7 @@ void razVar() {
     // Slot 0, which nothing reads, is left alone.
     std::fill(moteur.valeur_variable.begin() + 1, moteur.valeur_variable.end(), 0.0);
     std::fill(moteur.variable_definie.begin() + 1, moteur.variable_definie.end(), false);
-    for (std::string& resultat : feuille.resultat_ligne) resultat.clear();
-    for (double& valeur : feuille.valeur_ligne) valeur = 0;
+    efface_resultats();
     moteur.matrice_definie.fill(false);
 }
 

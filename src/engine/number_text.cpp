@@ -9,7 +9,7 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 
 namespace {
 

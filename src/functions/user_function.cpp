@@ -15,7 +15,7 @@
 #include "engine/reader.hpp"
 #include "platform/platform.hpp"
 #include "state/context.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 namespace {
 
@@ -32,7 +32,7 @@ constexpr Procedure kMotsFon{"sur fon"_fr, false};
 
 // Writes a refusal of the definition behind the line in calculation.
 void refuse_definition(std::string_view texte) {
-    Tente(kCalculChaine, [&] { feuille.resultat_ligne(feuille.ligne_courante) = texte; });
+    Tente(kCalculChaine, [&] { pose_resultat_courant(texte); });
     moteur.erreur_formule = true;
 }
 

@@ -13,8 +13,8 @@
 #include "platform/platform.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/rendering.hpp"
-#include "state/context.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -45,11 +45,10 @@ void calcul_colonne() {
     feuille.calcul_en_colonne = true;
     recalcul();
     feuille.calcul_en_colonne = false;
-    if (moteur.erreur_formule || feuille.passe_refusee) return;
+    if (formule_en_erreur() || feuille.passe_refusee) return;
     const std::int16_t derniere = ajoute_rangee_total();
     additionne_lignes(derniere);
-    moteur.valeur_variable[26] = feuille.valeur_ligne(derniere);
-    moteur.variable_definie[26] = true;
+    definit_variable(26, feuille.valeur_ligne(derniere));
     affiche_valeur(derniere);
     std::string texte = port.texte.texte();
     const std::string& resultat = feuille.resultat_ligne(derniere);

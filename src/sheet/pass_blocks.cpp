@@ -8,9 +8,9 @@
 #include "settings/settings.hpp"
 #include "sheet/data_definition.hpp"
 #include "sheet/pass.hpp"
-#include "state/context.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -137,7 +137,7 @@ Suite prend_liste(Passe& p) {
     }
     garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
     rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
-    if (moteur.erreur_formule) return ligne_suivante(p);
+    if (formule_en_erreur()) return ligne_suivante(p);
     feuille.colonne_resultat[p.ligne_donnees - 1] = -p.ligne_statx;
     const AncienBloc ancien = ancien_dessous(p, GenreBloc::statistiques);
     std::string_view bloc = feuille.resultat_bloc;

@@ -9,13 +9,13 @@
 #include "engine/number_text.hpp"
 #include "functions/sorted_data.hpp"
 #include "state/data_set.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 namespace {
 
 // Writes one line of `compte` values, those after index `k`.
 void ajoute_ligne(std::int16_t compte, std::ptrdiff_t& k) {
-    std::string& bloc = feuille.resultat_bloc;
+    std::string& bloc = resultat_bloc();
     for (int j = 1; j <= compte; ++j) {
         ++k;
         Tente(kMotsTri, [&] { bloc += FormatNombre(statistiques.table_x(k)); });
@@ -27,8 +27,8 @@ void ajoute_ligne(std::int16_t compte, std::ptrdiff_t& k) {
 }  // namespace
 
 void ecrit_bloc_tri() noexcept {
-    feuille.resultat_bloc.clear();
+    resultat_bloc().clear();
     std::ptrdiff_t k = 0;
     for (const std::int16_t compte : statistiques.table_statx) ajoute_ligne(compte, k);
-    Tente(kMotsTri, [] { feuille.resultat_bloc += kFinTri; });
+    Tente(kMotsTri, [] { resultat_bloc() += kFinTri; });
 }

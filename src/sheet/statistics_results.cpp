@@ -10,8 +10,8 @@
 #include "base/number.hpp"
 #include "engine/number_text.hpp"
 #include "settings/settings.hpp"
-#include "state/context.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -51,7 +51,7 @@ constexpr Ligne kLignesXY[] = {
 };
 
 // One statement: adds a text to the block, whole or not at all.
-void ajoute(const std::string& texte) { feuille.resultat_bloc += texte; }
+void ajoute(const std::string& texte) { resultat_bloc() += texte; }
 
 // Adds a count's line: the value brings its own leading blank.
 void ajoute_compte(const Ligne& ligne) {
@@ -95,13 +95,13 @@ void ajoute_restreint(bool couples) {
 
 void ajoute_resultats_stat(std::string_view genre) noexcept {
     const bool couples = genre == "STATXY";
-    if (!feuille.resultat_bloc.empty()) Tente(kCalculChaine, [] { ajoute("\r\n"); });
+    if (!resultat_bloc().empty()) Tente(kCalculChaine, [] { ajoute("\r\n"); });
     if (reglages.table_ini(kLigneAffichage).champ2 == 1)
         ajoute_restreint(couples);
     else
         ajoute_complet(couples);
-    Tente(kCalculChaine, [couples] { feuille.resultat_bloc += couples ? kFinStatXY : kFinStatX; });
-    (couples ? feuille.statxy_present : feuille.statx_present) = true;
+    Tente(kCalculChaine, [couples] { resultat_bloc() += couples ? kFinStatXY : kFinStatX; });
+    note_statistiques(couples);
 }
 
 bool commence_resultats_stat(std::string_view ligne) {

@@ -5,12 +5,12 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 void mnuCalculItem() { recalcul(); }
 void mnuCalculColonneItem() { calcul_colonne(); }
 
 void MnuParleResultatItem() {
-    if (feuille.nombre_ligne < 1) return;
+    if (lignes_de_la_feuille() < 1) return;
     dit(resultat_sous_curseur());
 }

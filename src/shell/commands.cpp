@@ -25,7 +25,7 @@
 #include "shell/quitting.hpp"
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 namespace {
 
@@ -201,7 +201,7 @@ constexpr auto kAutres = std::to_array<LigneCommande>({
     {.nom = "CmdQuitter", .execute = CmdQuitter},
     // Without a pass it runs one, which in key help says its words instead.
     {.nom = "re_valeur",
-     .execute = [] { if (feuille.nombre_ligne != 0 || !annonce_mots(kMotsCalcul)) re_valeur(); }},
+     .execute = [] { if (lignes_de_la_feuille() != 0 || !annonce_mots(kMotsCalcul)) re_valeur(); }},
     {.nom = "RangeFonction", .execute = RangeFonction},
     {.nom = "RetourListe", .execute = RetourListe},
 });

@@ -28,7 +28,7 @@
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
 #include "shell/window.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 Remises remises;
 
@@ -81,13 +81,13 @@ void evenement(Action&& action) {
     if (fenetre.fermee) return;
     reprend_reserve();
     note_frappe();
-    const std::uint32_t passes = feuille.passes;
+    const std::uint32_t passes = passes_commencees();
     releve_reprises();
     const bool dans_une_autre = std::exchange(remises.commande_en_cours, true);
     execute(std::forward<Action>(action));
     remises.commande_en_cours = dans_une_autre;
     if (fenetre.fermee) return;
-    if (feuille.passes != passes) sonne_fin_de_calcul();
+    if (passes_commencees() != passes) sonne_fin_de_calcul();
     note_commande();
     montre_fenetre();
     suit_reprises();

@@ -17,7 +17,7 @@
 #include "shell/menus.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 
 namespace {
 

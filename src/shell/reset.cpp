@@ -26,10 +26,10 @@
 #include "shell/status.hpp"
 #include "shell/views.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/matrices.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
+#include "state/variables.hpp"
 
 void reinitialise_tout() {
     crochets = {marque_modifie, AfficheStatus, quitte_vues, [] { return !aide.aide_touche; },
@@ -37,7 +37,7 @@ void reinitialise_tout() {
     installe_fonctions();
     reinitialise_moteur();
     boites_de_passe = BoitesDePasse{};
-    feuille = Feuille{};
+    reinitialise_feuille();
     matrices = Matrices{};
     definition_de_matrice = DefinitionMatrice{};
     statistiques = Statistiques{};

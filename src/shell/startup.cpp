@@ -28,8 +28,9 @@
 #include "shell/reader_files.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -277,8 +278,8 @@ void ouvre_sans_titre(Demarrage& pas) {
 void demarre() noexcept {
     Demarrage pas;
     pas([] { place_fenetre(); });
-    moteur.pi_valeur = 4 * maths::atan(1.0);
-    pas([] { moteur.generateur.seed(port.systeme.graine()); });
+    pose_pi(4 * maths::atan(1.0));
+    pas(seme_generateur);
     prepare_dossiers(pas);
     lit_reglages(pas);
     applique_modes(pas);

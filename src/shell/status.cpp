@@ -10,7 +10,7 @@
 #include "engine/identifiers.hpp"
 #include "shell/menus.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include "platform/platform.hpp"
 #include "settings/tool_options.hpp"
 #include "shell/menus.hpp"
-#include "state/context.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
+#include "state/variables.hpp"
 
 void annule() {
     if (!defait_changement()) dit(kRienAAnnuler);
@@ -29,6 +29,6 @@ void mnuSonItem() {
 // A line that has no result makes the other sound.
 void sonne_fin_de_calcul() {
     if (!outils.son) return;
-    const bool echec = moteur.erreur_formule || feuille.passe_refusee;
+    const bool echec = formule_en_erreur() || passe_refusee();
     port.boites.son(echec ? Son::echec : Son::reussite);
 }

@@ -20,7 +20,7 @@
 #include "shell/help_mode.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 
 namespace {
 

@@ -10,9 +10,26 @@
 Moteur moteur;
 Modes modes;
 
+double& variable(char lettre) { return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))]; }
+
+double valeur_variable(std::size_t rang) { return moteur.valeur_variable[rang]; }
+
+bool variable_definie(std::size_t rang) { return moteur.variable_definie[rang]; }
+
+void definit_variable(std::size_t rang, double valeur) {
+    moteur.valeur_variable[rang] = valeur;
+    moteur.variable_definie[rang] = true;
+}
+
+bool formule_en_erreur() { return moteur.erreur_formule; }
+
+void pose_pi(double pi) { moteur.pi_valeur = pi; }
+
+void seme_generateur() { moteur.generateur.seed(port.systeme.graine()); }
+
 void reinitialise_moteur() {
     signalement = {montre_boite, dit_abandon, [] { moteur.erreur_formule = true; }};
     moteur = Moteur{};
     modes = Modes{};
-    moteur.generateur.seed(port.systeme.graine());
+    seme_generateur();
 }

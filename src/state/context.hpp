@@ -1,5 +1,5 @@
 // The calculation context: everything that the expression engine reads and writes. One instance,
-// `moteur`, and the number modes, `modes`. Evaluation, sheet pass, matrices and statistics change it.
+// `moteur`. Evaluation, sheet pass, matrices and statistics change it.
 #pragma once
 
 #include <array>
@@ -8,6 +8,9 @@
 #include <random>
 #include <string>
 #include <string_view>
+
+#include "state/modes.hpp"
+#include "state/variables.hpp"
 
 // The registers of a formula that is being read: what a call of the user function puts aside, as a whole,
 // while it evaluates its own text.
@@ -55,23 +58,3 @@ struct Moteur : Registres {
     std::mt19937_64 generateur;          // uniform random generator, seeded once at start-up
 };
 extern Moteur moteur;
-
-struct Modes {
-    std::int16_t mode_nombre = 1;        // 1 decimal, 2 hexadecimal
-    std::int16_t mode_affichage = 2;     // 1 Entier, 2 Flottant, 3 Puissance 10
-    std::int16_t nombre_decimal = 2;     // decimals shown, 0 to 100; a negative one counts as 0
-    std::int16_t unite_angle = 1;        // 1 degree, 2 radian, 3 grade
-};
-extern Modes modes;
-
-// Number of a letter: 1 for "A" to 26 for "Z"; other characters give other numbers.
-inline int rang_lettre(char c) { return static_cast<unsigned char>(c) - 'A' + 1; }
-
-// The variable of a letter, A to Z.
-inline double& variable(char lettre) {
-    return moteur.valeur_variable[static_cast<std::size_t>(rang_lettre(lettre))];
-}
-
-// Puts the context and the modes back to their initial values, seeds the random generator, and has failures
-// told by boxes and marked in the formula.
-void reinitialise_moteur();

@@ -7,7 +7,6 @@
 
 #include "base/codepage.hpp"
 #include "engine/reader.hpp"
-#include "state/context.hpp"
 
 Matrices matrices;
 

@@ -1,9 +1,28 @@
-// The instance of the sheet's tables, and the insertion into the rebuilt text.
+// The instance of the sheet's tables, what others may ask of it, and the insertion into the rebuilt text.
 #include "state/sheet.hpp"
 
 #include <algorithm>
 
 Feuille feuille;
+
+std::uint32_t passes_commencees() { return feuille.passes; }
+
+bool passe_refusee() { return feuille.passe_refusee; }
+
+int lignes_de_la_feuille() { return feuille.nombre_ligne; }
+
+std::string& resultat_bloc() { return feuille.resultat_bloc; }
+
+void note_statistiques(bool couples) { (couples ? feuille.statxy_present : feuille.statx_present) = true; }
+
+void pose_resultat_courant(std::string_view texte) { feuille.resultat_ligne(feuille.ligne_courante) = texte; }
+
+void efface_resultats() {
+    for (std::string& resultat : feuille.resultat_ligne) resultat.clear();
+    for (double& valeur : feuille.valeur_ligne) valeur = 0;
+}
+
+void reinitialise_feuille() { feuille = Feuille{}; }
 
 std::size_t lignes_closes(std::string_view texte) {
     std::size_t compte = 0;

@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "base/codepage.hpp"
-#include "base/failure.hpp"
 #include "base/table.hpp"
+#include "state/pass_result.hpp"
 
 struct Feuille {
     std::int16_t nombre_ligne = 0;       // lines of the sheet: carriage returns plus one
@@ -33,9 +32,6 @@ struct Feuille {
     std::vector<std::int32_t> colonne_resultat;
 };
 extern Feuille feuille;
-
-// Words of calcul_chaine, for the files that do parts of its work.
-inline constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 // Inserts the result of a line into the rebuilt text at `position`, the end of that line (bytes from 0; at most
 // the text's length).

@@ -9,7 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include "settings/settings.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 
 namespace {
 

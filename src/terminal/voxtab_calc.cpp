@@ -22,8 +22,7 @@
 #include "platform/system_path.hpp"
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
-#include "state/context.hpp"
-#include "state/sheet.hpp"
+#include "state/variables.hpp"
 #include "terminal/last_handler.hpp"
 #include "terminal/options.hpp"
 #include "terminal/sheet_file.hpp"
@@ -206,7 +205,7 @@ int calcule(const OptionsCalcul& options) {
     execute_commande(options.colonne ? "mnuCalculColonneItem" : "mnuCalculItem");
     const int ecriture = ecrit(options, *lue, octets);
     if (ecriture != kReussite) return ecriture;
-    return moteur.erreur_formule || boite_vue ? kLigneEnErreur : kReussite;
+    return formule_en_erreur() || boite_vue ? kLigneEnErreur : kReussite;
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 #include "wx/escape.hpp"
 #include "wx/program_folder.hpp"
 #include "wx/surroundings.hpp"
@@ -48,7 +48,7 @@ std::string en_page(const std::string& utf8) {
 
 // A pass asks for the first time: an Escape from before it isn't meant for it.
 bool commence() {
-    passe_interrogee = feuille.passes;
+    passe_interrogee = passes_commencees();
     oublie_echap();
     dernier_signe.Start();
     dernier_regard.Start();
@@ -57,7 +57,7 @@ bool commence() {
 
 // Escape gives up a long calculation, which beeps now and then as a sign of life.
 bool interrompu() {
-    if (passe_interrogee != feuille.passes) return commence();
+    if (passe_interrogee != passes_commencees()) return commence();
     if (dernier_regard.Time() < kEntreDeuxRegards) return false;
     dernier_regard.Start();
     if (dernier_signe.Time() >= kEntreDeuxSignes) {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "state/context.hpp"
+#include "state/variables.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 
@@ -43,7 +43,7 @@ TEST_CASE("hostile: a comment of forty million characters is kept") {
     const std::string texte = calcule_neuf("A=1\r\n" + commentaire + "\r\nB=A+1");
     CHECK(difference(texte, "A=1 = 1\r\n" + commentaire + "\r\nB=A+1 = 2") == -1);
     CHECK(boites().empty());
-    CHECK_FALSE(moteur.erreur_formule);
+    CHECK_FALSE(formule_en_erreur());
 }
 
 TEST_CASE("hostile: a comment of forty million characters behind a formula is kept") {
@@ -66,7 +66,7 @@ TEST_CASE("hostile: formulas of forty million characters fail with one box") {
         const std::string formule = repete(r.motif, r.fois);
         calcule_neuf("A=1\r\n" + formule + "\r\nB=2");
         CHECK(boites() == Textes{"6 6 sur p_lis_symbole"});
-        CHECK(moteur.erreur_formule);
+        CHECK(formule_en_erreur());
         // The user's text is whole: the first line calculated, the long one as it was with its
         // error after it (which may quote a symbol), the last one only copied.
         const std::string tete = "A=1 = 1\r\n" + formule + " = ";

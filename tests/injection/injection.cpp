@@ -15,7 +15,7 @@
 #include "settings/settings.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
-#include "state/context.hpp"
+#include "state/variables.hpp"
 #include "support/program.hpp"
 
 namespace {
@@ -60,7 +60,7 @@ Course court(const FeuilleEssai& feuille, long echec_a) {
         recalcul();
     const long compte = injection.compte;
     injection = Injection{};
-    return {boites_vues, vers_utf8(memoire.texte), compte, moteur.erreur_formule,
+    return {boites_vues, vers_utf8(memoire.texte), compte, formule_en_erreur(),
             memoire.texte.substr(memoire.sel_start)};
 }
 

@@ -11,7 +11,8 @@
 #include "platform/message.hpp"
 #include "property/kept.hpp"
 #include "settings/settings.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
+#include "state/variables.hpp"
 #include "support/program.hpp"
 
 namespace {
@@ -64,8 +65,12 @@ Vue passe(const char* commande) {
     memoire.messages.clear();
     memoire.boites.clear();
     execute_commande(commande);
-    Vue vue{memoire.texte,  memoire.sel_start,     memoire.sel_length,      memoire.messages,
-            memoire.boites, moteur.erreur_formule, moteur.variable_definie, moteur.valeur_variable};
+    Vue vue{memoire.texte,  memoire.sel_start,   memoire.sel_length, memoire.messages,
+            memoire.boites, formule_en_erreur(), {},                 {}};
+    for (std::size_t rang = 0; rang < vue.definie.size(); ++rang) {
+        vue.definie[rang] = variable_definie(rang);
+        vue.valeur[rang] = valeur_variable(rang);
+    }
     ajoute_vue(vue);
     return vue;
 }

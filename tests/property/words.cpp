@@ -10,7 +10,6 @@
 #include "platform/message.hpp"
 #include "property/checks.hpp"
 #include "property/kept.hpp"
-#include "state/context.hpp"
 #include "support/program.hpp"
 
 namespace {

@@ -1,5 +1,7 @@
 // One job of the development probe. Resets every subsystem, installs the in-memory port and runs the
 // operations of the job on it, or the whole program.
+#include "state/modes.hpp"
+#include "state/variables.hpp"
 #include "support/job.hpp"
 
 #include <cmath>
@@ -20,7 +22,6 @@
 #include "shell/commands.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/reset.hpp"
-#include "state/context.hpp"
 #include "support/job_program.hpp"
 #include "support/job_text.hpp"
 
@@ -109,9 +110,9 @@ json textes(const std::vector<std::string>& liste) {
 json valeurs() {
     json sortie = json::object();
     for (std::size_t i = 1; i <= 26; ++i)
-        if (moteur.variable_definie[i])
+        if (variable_definie(i))
             sortie[std::string(1, static_cast<char>('A' + i - 1))] =
-                nombre(moteur.valeur_variable[i]);
+                nombre(valeur_variable(i));
     return sortie;
 }
 
@@ -130,7 +131,7 @@ json resultat() {
             {"boites", textes(memoire.boites)},
             {"saisies", saisies()},
             {"bips", memoire.bips},
-            {"erreur_formule", moteur.erreur_formule},
+            {"erreur_formule", formule_en_erreur()},
             {"valeurs", valeurs()},
             {"modifie", documents.document_modifie(documents.document_courant) != 0}};
 }

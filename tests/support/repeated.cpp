@@ -1,4 +1,5 @@
 // The two ways of evaluating a formula many times, each from the same beginning.
+#include "state/pass_result.hpp"
 #include "support/repeated.hpp"
 
 #include <bit>
@@ -12,7 +13,6 @@
 #include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/matrices.hpp"
-#include "state/sheet.hpp"
 
 namespace {
 
@@ -25,7 +25,7 @@ void prepare(const std::string& formule, int unite) {
     reinitialise_moteur();
     matrices = Matrices{};
     statistiques = Statistiques{};
-    feuille = Feuille{};
+    reinitialise_feuille();
     patience = Patience{};
     modes.unite_angle = static_cast<std::int16_t>(unite);
     for (const int v : {1, 2, 24}) moteur.variable_definie[static_cast<std::size_t>(v)] = true;

@@ -1,4 +1,5 @@
 // What a script looks at. Changes no state.
+#include "state/variables.hpp"
 #include "support/script_look.hpp"
 
 #include <algorithm>
@@ -17,7 +18,6 @@
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
 #include "shell/key_codes.hpp"
-#include "state/context.hpp"
 #include "support/script.hpp"
 #include "support/script_recovery.hpp"
 
@@ -211,15 +211,15 @@ std::size_t rang_variable(const std::string& mot) {
 
 void voit_valeur(Etape& etape) {
     const std::size_t rang = rang_variable(prend_mot(etape));
-    const double attendu = prend_nombre(etape), obtenu = moteur.valeur_variable[rang];
-    exige(moteur.variable_definie[rang], texte_general(attendu), "indéfinie");
+    const double attendu = prend_nombre(etape), obtenu = valeur_variable(rang);
+    exige(variable_definie(rang), texte_general(attendu), "indéfinie");
     const double ecart = kEcartValeur * std::fmax(1, std::fabs(attendu));
     if (!(std::fabs(attendu - obtenu) <= ecart)) compare(attendu, obtenu);
 }
 
 void voit_indefinie(Etape& etape) {
     const std::size_t rang = rang_variable(prend_mot(etape));
-    exige(!moteur.variable_definie[rang], "indéfinie", texte_general(moteur.valeur_variable[rang]));
+    exige(!variable_definie(rang), "indéfinie", texte_general(valeur_variable(rang)));
 }
 
 void voit_ferme(Etape& etape) { compare_oui_non(etape, script.commence && !programme_en_marche()); }

@@ -1,4 +1,6 @@
 // The parts of the state, each written as one text.
+#include "state/modes.hpp"
+#include "state/variables.hpp"
 #include "support/snapshot.hpp"
 
 #include <cstddef>
@@ -15,7 +17,6 @@
 #include "shell/menus.hpp"
 #include "shell/key_codes.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
 
 namespace {
 
@@ -110,9 +111,9 @@ std::string tous_items() {
 std::string toutes_variables() {
     std::string part;
     for (std::size_t i = 1; i <= 26; ++i) {
-        const bool definie = moteur.variable_definie[i];
+        const bool definie = variable_definie(i);
         ajoute(part, definie);
-        if (definie) ajoute(part, moteur.valeur_variable[i]);
+        if (definie) ajoute(part, valeur_variable(i));
     }
     return part;
 }

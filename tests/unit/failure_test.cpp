@@ -8,7 +8,7 @@
 #include <string>
 
 #include "base/number.hpp"
-#include "state/context.hpp"
+#include "state/variables.hpp"
 #include "unit/helpers.hpp"
 
 namespace {
@@ -24,7 +24,7 @@ TEST_CASE("failure: a statement that ends well shows nothing") {
     CHECK(Tente(kAvecBlanc, [&] { fait = 1; }));
     CHECK(fait == 1);
     CHECK(boites().empty());
-    CHECK_FALSE(moteur.erreur_formule);
+    CHECK_FALSE(formule_en_erreur());
 }
 
 TEST_CASE("failure: the box has the number twice and the procedure's own words") {
@@ -36,9 +36,9 @@ TEST_CASE("failure: the box has the number twice and the procedure's own words")
 
 TEST_CASE("failure: only the procedures that mark it set the flag of the formula") {
     Tente(kSansBlanc, [] { echoue(53); });
-    CHECK_FALSE(moteur.erreur_formule);
+    CHECK_FALSE(formule_en_erreur());
     Tente(kAvecBlanc, [] { echoue(53); });
-    CHECK(moteur.erreur_formule);
+    CHECK(formule_en_erreur());
 }
 
 TEST_CASE("failure: the next statement runs, with what the failed one left") {

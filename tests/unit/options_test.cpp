@@ -1,4 +1,5 @@
 // The command line of voxtab-calc: what each option sets, and the French words of every refusal.
+#include "state/modes.hpp"
 #include "terminal/options.hpp"
 
 #include <doctest/doctest.h>
@@ -9,7 +10,6 @@
 #include <vector>
 
 #include "settings/settings.hpp"
-#include "state/context.hpp"
 
 namespace {
 

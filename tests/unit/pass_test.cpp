@@ -4,7 +4,7 @@
 #include <string>
 
 #include "sheet/recalculation.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 #include "state/sheet.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"

@@ -18,7 +18,7 @@
 #include "shell/events.hpp"
 #include "shell/menus.hpp"
 #include "shell/window.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 #include "support/program.hpp"
 #include "support/snapshot.hpp"
 

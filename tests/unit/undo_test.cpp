@@ -15,7 +15,7 @@
 #include "one_sheet.hpp"
 #include "shell/events.hpp"
 #include "shell/commands.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 
 namespace {
 
@@ -66,7 +66,7 @@ TEST_CASE("undo: a thousand calculations of the largest sheet stay within the bo
         REQUIRE(h.faits.size() > 1);
     }
     REQUIRE(memoire.texte.ends_with("A*2 = 2000"));
-    CHECK(feuille.nombre_ligne == 32'767);
+    CHECK(lignes_de_la_feuille() == 32'767);
     CHECK(evenement_enfonce("txt", kAnnule));
     CHECK(memoire.texte == grande_feuille(1'000));
     CHECK(evenement_enfonce("txt", kAnnule));

@@ -1,0 +1,37 @@
+// What a pass leaves, for who takes no part in one: whether it ran, how long the sheet is, and the results
+// that others give it to write. It stands in the tables of the sheet (state/sheet.hpp).
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+
+// Words of calcul_chaine, for the files that do parts of its work.
+inline constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
+
+// Passes begun since the start; only a change of it counts.
+std::uint32_t passes_commencees();
+
+// Whether the last pass could not number the lines: nothing was done.
+bool passe_refusee();
+
+// Lines of the sheet that was calculated last.
+int lignes_de_la_feuille();
+
+// Lines to write below the current line.
+std::string& resultat_bloc();
+
+// Notes that this pass has a result of statistics, of pairs or of single values.
+void note_statistiques(bool couples);
+
+// Puts a text after the line in calculation. Fails where no line is.
+void pose_resultat_courant(std::string_view texte);
+
+// Forgets the results of all lines.
+void efface_resultats();
+
+// Puts the tables back to their initial values.
+void reinitialise_feuille();

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/table.hpp"
 #include "settings/settings.hpp"
@@ -31,3 +32,8 @@ article& ligne_courante_ini();           // the current document's row
 void marque_modifie();                   // the current sheet differs from its file
 int rang_ouvert(const std::string& nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
 void dit_si_hors_liste(const std::string& nom);   // tells when the settings file has no room for that path
+
+// Puts article_courant at the current document's row, and the row that stood there after the open
+// ones; a recent row of the same name comes there instead. Nothing for an empty name, or where the
+// current row has it already.
+void range_ini(std::string_view nomfic);

@@ -14,9 +14,9 @@
 #include "documents/recovery_file.hpp"
 #include "documents/working_copies.hpp"
 #include "platform/file_failures.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/paths.hpp"
-#include "platform/hooks.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 

@@ -5,7 +5,6 @@
 struct Crochets {
     void (*document_modifie)() = [] {};              // the sheet shown has become unlike its file
     void (*statut)() = [] {};                        // another sheet is shown, or under another name
-    void (*quitte_vues)() = [] {};                   // the sheet is wanted again, whatever is shown
     bool (*feuille_montree)() = [] { return true; }; // the text control shows a sheet, not the key help
     void (*donnees_triees)() = [] {};                // the data set is sorted: its block is to be written
 };

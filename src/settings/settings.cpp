@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/codepage.hpp"
-#include "documents/open_documents.hpp"
 #include "platform/paths.hpp"
 
 Reglages reglages;
@@ -102,20 +101,6 @@ Table<article> lignes_a_garder() {
     // A free row of the file has its selection start at 1. Kept: see the oddities, free-rows-from-one.
     while (n < kDocumentsMaxi) gardees(++n) = ligne_libre(1);
     return gardees;
-}
-
-void range_ini(std::string_view nomfic) {
-    if (sans_blancs(nomfic).empty()) return;
-    const int courant = documents.document_courant;
-    const int rang = rang_du_nom(nomfic);
-    if (rang == courant) return;
-    if (rang > documents.nombre_document) {
-        reglages.article_courant = reglages.table_ini(rang);
-        efface_nomdoc(rang);
-    }
-    // The row that the sheet had goes after the open ones: each of these keeps its own.
-    std::swap(reglages.table_ini(courant), reglages.article_courant);
-    if (documents.nombre_document < kDocumentsMaxi) insert_nomdoc(documents.nombre_document + 1);
 }
 
 int rang_du_nom(std::string_view nomfic) {

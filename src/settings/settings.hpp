@@ -62,10 +62,6 @@ void lit_enregistrements(std::string_view octets, Table<article>& table);
 // The table as the settings file keeps it: named documents first, then free rows, then the settings.
 Table<article> lignes_a_garder();
 
-// Puts article_courant at the current document's row, and the row that stood there after the open
-// ones; a recent row of the same name comes there instead. Nothing for an empty name, or where the
-// current row has it already.
-void range_ini(std::string_view nomfic);
 int rang_du_nom(std::string_view nomfic);    // first of the rows 1 to 15 with that path, 0: none
 void efface_nomdoc(int rang);                // rows after `rang` move up, row 15 becomes free
 void insert_nomdoc(int rang);                // rows from `rang` on move down, article_courant goes in

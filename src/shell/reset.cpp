@@ -24,7 +24,6 @@
 #include "shell/keys.hpp"
 #include "shell/menus.hpp"
 #include "shell/status.hpp"
-#include "shell/views.hpp"
 #include "shell/window.hpp"
 #include "state/data_set.hpp"
 #include "state/matrices.hpp"
@@ -32,8 +31,7 @@
 #include "state/variables.hpp"
 
 void reinitialise_tout() {
-    crochets = {marque_modifie, AfficheStatus, quitte_vues, [] { return !aide.aide_touche; },
-                ecrit_bloc_tri};
+    crochets = {marque_modifie, AfficheStatus, [] { return !aide.aide_touche; }, ecrit_bloc_tri};
     installe_fonctions();
     reinitialise_moteur();
     boites_de_passe = BoitesDePasse{};

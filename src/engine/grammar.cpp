@@ -18,6 +18,7 @@
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 
 namespace {

@@ -10,8 +10,8 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "engine/reader.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 #include "state/pass_result.hpp"
 

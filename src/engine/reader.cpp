@@ -15,8 +15,8 @@
 #include "engine/identifiers.hpp"
 #include "engine/number_text.hpp"
 #include "engine/operations.hpp"
-#include "platform/message.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 
 namespace {
 
@@ -138,22 +138,4 @@ bool chnenbin(std::string_view texte, double& valeur) {
         range(valeur, valeur * 2 + (c - '0'), valeur);
     }
     return true;
-}
-
-void affiche_erreur_formule(std::string_view texte) noexcept {
-    if (moteur.definition_fonction_active) return;
-    moteur.erreur_formule = true;
-    try {
-        const std::string copie(texte);   // the text may stand in l_symbole, which is about to go
-        moteur.l_symbole = "0";
-        moteur.l_valeur = 0;
-        moteur.l_var = 0;
-        moteur.l_matrice = ' ';
-        if (moteur.muet_erreur) return;
-        moteur.l_texte_erreur = copie;
-        dit(copie);
-    } catch (...) {
-        // Without memory for the words, the flag stands and the sheet calls the line ambiguous.
-        moteur.l_symbole.clear();
-    }
 }

@@ -22,8 +22,3 @@ double valeur_litteral(std::string_view symbole);
 
 // Reads binary digits from the left into `valeur`; false at the first other character.
 bool chnenbin(std::string_view texte, double& valeur);
-
-// Reports an error of the formula: marks it, says it, and makes "0" the current symbol so that the
-// reader's loops end by themselves. Silent while a function's text is scanned; without words while
-// muet_erreur is set.
-void affiche_erreur_formule(std::string_view texte) noexcept;

@@ -12,6 +12,7 @@
 #include "functions/formulas.hpp"
 #include "functions/table.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 
 namespace {
 

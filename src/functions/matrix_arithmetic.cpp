@@ -12,10 +12,10 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "engine/reader.hpp"
 #include "functions/functions.hpp"
 #include "platform/patience.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 
 namespace {

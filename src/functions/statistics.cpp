@@ -16,6 +16,7 @@
 #include "functions/functions.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
+#include "state/formula_error.hpp"
 
 namespace {
 

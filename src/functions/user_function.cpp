@@ -12,9 +12,9 @@
 #include "base/failure.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "engine/reader.hpp"
 #include "platform/platform.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/pass_result.hpp"
 
 namespace {

@@ -13,11 +13,11 @@
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "engine/reader.hpp"
 #include "platform/boxes.hpp"
 #include "sheet/line.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
+#include "state/formula_error.hpp"
 #include "state/sheet.hpp"
 
 namespace {

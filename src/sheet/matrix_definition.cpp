@@ -12,8 +12,8 @@
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "engine/reader.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
 

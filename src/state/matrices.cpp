@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
-#include "engine/reader.hpp"
+#include "state/formula_error.hpp"
 
 Matrices matrices;
 

@@ -11,6 +11,7 @@
 
 #include "functions/table.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "support/program.hpp"
 #include "unit/helpers.hpp"
 

@@ -52,7 +52,8 @@ void reinitialise_tout() {
     aide = Aide{};
     oublie_touches();
     couleurs = Couleurs{};
-    fenetre = Fenetre{};
+    const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises
+    fenetre = neuve;
     patience = Patience{};
     remises = Remises{};
     reinitialise_menus();

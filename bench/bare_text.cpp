@@ -17,8 +17,8 @@
 #include <string>
 
 #include "mixed_sheet.hpp"
-#include "platform/memory.hpp"
 #include "program.hpp"
+#include "support/memory.hpp"
 #include "wx/positions.hpp"
 
 namespace {

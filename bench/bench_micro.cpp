@@ -10,7 +10,7 @@
 #include "mixed_sheet.hpp"
 #include "program.hpp"
 #include "sheet/line.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 

@@ -6,11 +6,11 @@
 #include "cases.hpp"
 #include "editing/search.hpp"
 #include "measure.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "program.hpp"
 #include "report.hpp"
 #include "shell/commands.hpp"
+#include "support/memory.hpp"
 
 namespace {
 

@@ -10,10 +10,10 @@
 #include "cases.hpp"
 #include "measure.hpp"
 #include "mixed_sheet.hpp"
-#include "platform/memory.hpp"
 #include "program.hpp"
 #include "report.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
+#include "support/memory.hpp"
 
 namespace {
 

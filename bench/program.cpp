@@ -7,12 +7,12 @@
 
 #include "base/codepage.hpp"
 #include "measure.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "shell/reset.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
+#include "support/memory.hpp"
 
 void prepare_programme(const std::string& texte, std::int16_t unite_angle) {
     installe_port_memoire();

@@ -7,11 +7,11 @@
 
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
-#include "platform/memory.hpp"
 #include "shell/events.hpp"
 #include "shell/commands.hpp"
 #include "shell/menus.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 #include "support/script.hpp"
 #include "support/script_words.hpp"

@@ -7,9 +7,9 @@
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/opened_file.hpp"
-#include "platform/memory.hpp"
 #include "shell/events.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 
 namespace {

@@ -7,7 +7,7 @@
 
 #include "base/codepage.hpp"
 #include "bytes.hpp"
-#include "platform/memory.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 #include "support/repeated.hpp"
 

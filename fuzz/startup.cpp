@@ -5,11 +5,11 @@
 
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
-#include "platform/memory.hpp"
 #include "settings/settings.hpp"
 #include "shell/events.hpp"
 #include "shell/menus.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 
 namespace {

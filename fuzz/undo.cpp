@@ -9,8 +9,8 @@
 #include "bytes.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/undo.hpp"
-#include "platform/memory.hpp"
 #include "shell/events.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 
 namespace {

@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "base/codepage.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
+#include "support/memory.hpp"
 #include "terminal/options.hpp"
 
 namespace {

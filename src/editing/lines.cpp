@@ -23,11 +23,11 @@ std::size_t retour_apres(const std::string& texte, std::size_t position) {
 
 // First character of the line (from 0), found by pairs of carriage return and line feed; 0 for line
 // 1 and for a line that doesn't exist.
-std::size_t debut_ligne(const std::string& texte, std::int32_t numero) {
+std::size_t debut_ligne(std::string_view texte, std::int32_t numero) {
     std::size_t debut = 0;
     for (std::int32_t ligne = 1; ligne < numero; ++ligne) {
         const std::size_t paire = texte.find("\r\n", debut);
-        if (paire == std::string::npos) return 0;
+        if (paire == std::string_view::npos) return 0;
         debut = paire + 2;
     }
     return debut;
@@ -72,17 +72,19 @@ std::string extraitLigne(std::size_t position) {
     return fin > debut ? texte.substr(debut - 1, fin - debut) : std::string();
 }
 
-std::int16_t NumeroTxt(std::size_t position) {
-    const std::string& texte = port.texte.texte();
+std::int16_t NumeroTxt(std::string_view texte, std::size_t position) {
     const auto fin = texte.begin() + static_cast<std::ptrdiff_t>(std::min(position, texte.size()));
     return vers_16_tronque(static_cast<double>(std::count(texte.begin(), fin, '\r')) + 1);
 }
 
-Etendue etendue_ligne(std::int32_t numero) {
-    const std::string& texte = port.texte.texte();
+std::int16_t NumeroTxt(std::size_t position) { return NumeroTxt(port.texte.texte(), position); }
+
+Etendue etendue_ligne(std::string_view texte, std::int32_t numero) {
     const std::size_t debut = debut_ligne(texte, numero);
     return {debut, std::min(texte.find("\r\n", debut), texte.size())};
 }
+
+Etendue etendue_ligne(std::int32_t numero) { return etendue_ligne(port.texte.texte(), numero); }
 
 void SurNumero(std::int32_t numero) {
     const std::size_t debut = debut_ligne(port.texte.texte(), numero);

@@ -19,6 +19,7 @@ std::size_t FinLigne();                              // next carriage return, or
 std::size_t WhereX();                                // column of the cursor
 std::string extraitLigne(std::size_t position);      // text of the line that holds the position
 std::int16_t NumeroTxt(std::size_t position);        // its line number; failure 6 beyond 32,767
+std::int16_t NumeroTxt(std::string_view texte, std::size_t position);   // the same in `texte`
 
 // Extent of a line in bytes from 0, its line end not included; that of line 1 when the line doesn't
 // exist.
@@ -27,6 +28,7 @@ struct Etendue {
     std::size_t fin;
 };
 Etendue etendue_ligne(std::int32_t numero);
+Etendue etendue_ligne(std::string_view texte, std::int32_t numero);   // the same in `texte`
 
 // Puts the cursor on the line: between the line end's two characters in front of it, which all the
 // procedures here take for the line itself. Line 1 and a line that doesn't exist leave the cursor.

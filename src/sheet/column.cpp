@@ -1,5 +1,4 @@
-// The column total. Runs the pass, then changes the tables of the sheet, the variable Z, the text and
-// the cursor.
+// The column total. Changes the tables of the sheet and the variable Z.
 #include "sheet/column.hpp"
 
 #include <cstddef>
@@ -7,11 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "platform/message.hpp"
-#include "platform/platform.hpp"
-#include "sheet/recalculation.hpp"
 #include "sheet/rendering.hpp"
 #include "state/sheet.hpp"
 #include "state/variables.hpp"
@@ -40,27 +35,19 @@ void additionne_lignes(std::int16_t derniere) {
 
 }  // namespace
 
-void calcul_colonne() {
-    if (port.texte.texte().empty()) return;
-    feuille.calcul_en_colonne = true;
-    recalcul();
-    feuille.calcul_en_colonne = false;
-    if (formule_en_erreur() || feuille.passe_refusee) return;
+Total total_colonne(const std::string& texte) {
     const std::int16_t derniere = ajoute_rangee_total();
     additionne_lignes(derniere);
     definit_variable(26, feuille.valeur_ligne(derniere));
     affiche_valeur(derniere);
-    std::string texte = port.texte.texte();
+    std::string nouveau = texte;
     const std::string& resultat = feuille.resultat_ligne(derniere);
-    texte += "\r\nZ=";
-    if (resultat.size() > 2) texte.append(resultat, 2);
-    const std::size_t fin = texte.size();
+    nouveau += "\r\nZ=";
+    if (resultat.size() > 2) nouveau.append(resultat, 2);
     // The total is a line of this calculation: its result can be asked for as well.
     if (!feuille.colonne_resultat.empty()) {
         feuille.colonne_resultat.push_back(1);
-        feuille.texte_ecrit = texte;
+        feuille.texte_ecrit = nouveau;
     }
-    port.texte.pose_texte(std::move(texte));
-    port.texte.pose_selection(fin, 0);
-    dit(resultat);
+    return {std::move(nouveau), resultat};
 }

@@ -10,8 +10,8 @@
 #include "base/failure.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/old_blocks.hpp"
+#include "state/sheet.hpp"
 
-inline constexpr Procedure kRecalcul{" sur recalcul"_fr, false};
 inline constexpr std::string_view kFinDeLigne = "\r\n";
 
 // What a step answers: the line is finished, or the next step looks at it.

@@ -1,6 +1,6 @@
 // The pass over the sheet. Reads each line once, decides what it is, calculates it and appends it,
 // with its result, to the rebuilt text; blocks of results wait until the old ones below are dropped.
-// Changes `feuille`, the context, the definitions, the text of the port and the changed flag.
+// Changes `feuille`, the context and the definitions.
 #include "sheet/recalculation.hpp"
 
 #include <algorithm>
@@ -13,21 +13,23 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
 #include "engine/identifiers.hpp"
+#include "functions/install.hpp"
 #include "platform/boxes.hpp"
+#include "platform/hooks.hpp"
 #include "platform/message.hpp"
 #include "platform/patience.hpp"
-#include "platform/platform.hpp"
 #include "sheet/data_definition.hpp"
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/rendering.hpp"
+#include "sheet/sorted_block.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
+#include "state/matrices.hpp"
 #include "state/sheet.hpp"
 
 namespace {
@@ -270,30 +272,28 @@ bool ouvre_tables(const std::string& texte) {
     });
 }
 
-// Shows the new text and keeps what is asked for later. A text that could not be written whole leaves the
-// user's as it was, and nothing is known of its lines.
-void montre_texte(const Passe& p) {
+// Gives the new text away and keeps what is asked for later. A text that could not be written whole is
+// dropped, and nothing is known of its lines.
+void rend_texte(const Passe& p, Calcul& calcul) {
     const bool garde_texte =
         p.texte_complet && Tente(kRecalcul, [] { feuille.texte_ecrit = feuille.texte_reconstruit; });
     if (!garde_texte) {
         feuille.texte_ecrit.clear();
         feuille.colonne_resultat.clear();
     }
-    if (p.texte_complet) port.texte.pose_texte(std::move(feuille.texte_reconstruit));
+    if (p.texte_complet) calcul.texte = std::move(feuille.texte_reconstruit);
     feuille.texte_reconstruit.clear();
+    calcul.issue = p.texte_complet ? Issue::ecrite : Issue::incomplete;
 }
 
-// Puts the cursor at the end of its line, behind the result, and says that line.
-void termine(const Passe& p) {
-    montre_texte(p);
-    Tente(kRecalcul, [] { marque_modifie(); });
+// The cursor goes to the end of its line, behind the result; that line is to be said.
+void place_curseur(const Passe& p, Calcul& calcul) {
     const auto ancienne = static_cast<std::size_t>(p.ligne_curseur);
+    const std::string_view montre = p.texte_complet ? std::string_view(calcul.texte) : p.source;
     const Etendue ligne =
-        etendue_ligne(static_cast<std::int32_t>(p.texte_complet ? p.curseur_ecrit : ancienne));
-    port.texte.pose_selection(ligne.fin, 0);
-    Tente(kRecalcul, [&] {
-        dit(std::string_view(port.texte.texte()).substr(ligne.debut, ligne.fin - ligne.debut));
-    });
+        etendue_ligne(montre, static_cast<std::int32_t>(p.texte_complet ? p.curseur_ecrit : ancienne));
+    calcul.debut = ligne.debut;
+    calcul.curseur = ligne.fin;
 }
 
 // Reads the sheet from its first line to its last.
@@ -311,42 +311,59 @@ void parcourt(Passe& p) {
 }
 
 // The pass over a text that is not empty.
-void calcule_texte() {
+Calcul calcule_texte(const std::string& texte, std::size_t curseur) {
+    Calcul calcul;
     moteur.erreur_formule = false;
     moteur.muet_erreur = false;   // a table that was broken off may have left it
     razVar();
-    std::string texte;
-    feuille.passe_refusee = !Tente(kRecalcul, [&] { texte = port.texte.texte(); }) ||
-                            !ouvre_tables(texte);
-    if (feuille.passe_refusee) return;
+    std::string source;
+    feuille.passe_refusee = !Tente(kRecalcul, [&] { source = texte; }) || !ouvre_tables(source);
+    calcul.issue = Issue::refusee;
+    if (feuille.passe_refusee) return calcul;
     Passe p;
-    p.source = texte;
-    Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(port.texte.sel_start()); });
+    p.source = source;
+    Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(p.source, curseur); });
     vide_definitions();
-    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(texte.size() + texte.size() / 2); });
+    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(source.size() + source.size() / 2); });
     parcourt(p);
     Tente(kRecalcul, [] { ferme_boites(); });
-    termine(p);
+    rend_texte(p, calcul);
+    place_curseur(p, calcul);
+    return calcul;
 }
 
 }  // namespace
 
-void recalcul() noexcept {
+Calcul calcule_feuille(const std::string& texte, std::size_t curseur) noexcept {
     feuille.passe_refusee = false;
     patience = Patience{};
-    if (port.texte.texte().empty()) return;
+    if (texte.empty()) return {};
     ++feuille.passes;
     ouvre_boites();
-    calcule_texte();
+    Calcul calcul = calcule_texte(texte, curseur);
     Tente(kRecalcul, [] { ferme_boites(); });   // a pass that was refused has not come so far
+    calcul.erreur = moteur.erreur_formule;
+    return calcul;
 }
 
-void re_valeur() noexcept {
-    if (feuille.nombre_ligne == 0) return recalcul();
+void recrit_resultats() noexcept {
     for (std::int16_t numero = 1; numero <= feuille.nombre_ligne; ++numero) {
         // The line in calculation takes the elements of its matrix; the formula tells how a value is written.
         feuille.ligne_courante = numero;
         Tente(kRecalcul, [&] { moteur.p_formule = capitales(feuille.formule_ligne(numero)); });
         affiche_valeur(numero);
     }
+}
+
+void reinitialise_calcul() {
+    crochets.donnees_triees = ecrit_bloc_tri;
+    installe_fonctions();
+    reinitialise_moteur();
+    boites_de_passe = BoitesDePasse{};
+    reinitialise_feuille();
+    matrices = Matrices{};
+    definition_de_matrice = DefinitionMatrice{};
+    statistiques = Statistiques{};
+    ligne_message = LigneMessage{};
+    patience = Patience{};
 }

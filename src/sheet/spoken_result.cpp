@@ -8,7 +8,6 @@
 #include <string>
 
 #include "base/codepage.hpp"
-#include "platform/platform.hpp"
 #include "sheet/line.hpp"
 #include "state/sheet.hpp"
 
@@ -68,11 +67,9 @@ std::string_view resultat_lu(std::string_view ligne) {
 
 }  // namespace
 
-std::string_view resultat_sous_curseur() {
-    const std::string& texte = port.texte.texte();
-    const std::string_view actuel = texte;
-    const Ligne ligne = ligne_de(actuel, std::min(port.texte.sel_start(), actuel.size()));
-    const std::string_view mots = actuel.substr(ligne.debut, ligne.fin - ligne.debut);
-    const std::size_t numero = ligne_ecrite(actuel, ligne);
+std::string_view resultat_sous_curseur(std::string_view texte, std::size_t curseur) {
+    const Ligne ligne = ligne_de(texte, std::min(curseur, texte.size()));
+    const std::string_view mots = texte.substr(ligne.debut, ligne.fin - ligne.debut);
+    const std::size_t numero = ligne_ecrite(texte, ligne);
     return numero == kInconnue ? resultat_lu(mots) : resultat_ecrit(mots, numero);
 }

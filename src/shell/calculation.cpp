@@ -1,16 +1,64 @@
-// The calculation commands: the pass, the total of the lines, the result that is said.
+// The commands that calculate, between the text control and the pass. Change the text of the port, the cursor
+// and the changed flag of the current document.
 #include "shell/calculation.hpp"
 
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "base/failure.hpp"
+#include "documents/open_documents.hpp"
 #include "platform/message.hpp"
+#include "platform/platform.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
 #include "state/pass_result.hpp"
+#include "state/sheet.hpp"
+#include "state/variables.hpp"
+
+namespace {
+
+// Shows what a pass has given, with the cursor at the end of its line, and says that line. A text that could not
+// be written whole leaves the user's as it was.
+void montre_calcul(Calcul& calcul) {
+    if (calcul.issue == Issue::ecrite) port.texte.pose_texte(std::move(calcul.texte));
+    Tente(kRecalcul, [] { marque_modifie(); });
+    port.texte.pose_selection(calcul.curseur, 0);
+    Tente(kRecalcul, [&] { dit(calcul.message(port.texte.texte())); });
+}
+
+}  // namespace
 
 void mnuCalculItem() { recalcul(); }
 void mnuCalculColonneItem() { calcul_colonne(); }
 
 void MnuParleResultatItem() {
     if (lignes_de_la_feuille() < 1) return;
-    dit(resultat_sous_curseur());
+    dit(resultat_sous_curseur(port.texte.texte(), port.texte.sel_start()));
+}
+
+void recalcul() noexcept {
+    const std::string& texte = port.texte.texte();
+    Calcul calcul = calcule_feuille(texte, port.texte.sel_start());
+    if (calcul.issue == Issue::vide || calcul.issue == Issue::refusee) return;
+    montre_calcul(calcul);
+}
+
+void calcul_colonne() {
+    if (port.texte.texte().empty()) return;
+    feuille.calcul_en_colonne = true;
+    recalcul();
+    feuille.calcul_en_colonne = false;
+    if (formule_en_erreur() || passe_refusee()) return;
+    Total total = total_colonne(port.texte.texte());
+    const std::size_t fin = total.texte.size();
+    port.texte.pose_texte(std::move(total.texte));
+    port.texte.pose_selection(fin, 0);
+    dit(total.resultat);
+}
+
+void re_valeur() noexcept {
+    if (lignes_de_la_feuille() == 0) return recalcul();
+    recrit_resultats();
 }

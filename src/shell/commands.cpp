@@ -16,7 +16,6 @@
 #include "editing/search.hpp"
 #include "editing/words.hpp"
 #include "platform/message.hpp"
-#include "sheet/recalculation.hpp"
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"

@@ -13,7 +13,7 @@
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "shell/menus.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"

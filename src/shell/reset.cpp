@@ -7,15 +7,10 @@
 #include "documents/undo.hpp"
 #include "editing/search.hpp"
 #include "editing/words.hpp"
-#include "functions/install.hpp"
-#include "platform/boxes.hpp"
 #include "platform/hooks.hpp"
-#include "platform/message.hpp"
-#include "platform/patience.hpp"
 #include "settings/settings.hpp"
 #include "settings/tool_options.hpp"
-#include "sheet/matrix_definition.hpp"
-#include "sheet/sorted_block.hpp"
+#include "sheet/recalculation.hpp"
 #include "shell/announcements.hpp"
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
@@ -25,21 +20,10 @@
 #include "shell/menus.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
-#include "state/data_set.hpp"
-#include "state/matrices.hpp"
-#include "state/pass_result.hpp"
-#include "state/variables.hpp"
 
 void reinitialise_tout() {
-    crochets = {marque_modifie, AfficheStatus, [] { return !aide.aide_touche; }, ecrit_bloc_tri};
-    installe_fonctions();
-    reinitialise_moteur();
-    boites_de_passe = BoitesDePasse{};
-    reinitialise_feuille();
-    matrices = Matrices{};
-    definition_de_matrice = DefinitionMatrice{};
-    statistiques = Statistiques{};
-    ligne_message = LigneMessage{};
+    crochets = {marque_modifie, AfficheStatus, [] { return !aide.aide_touche; }};
+    reinitialise_calcul();
     annonces = Annonces{};
     reglages = Reglages{};
     documents = Documents{};
@@ -54,7 +38,6 @@ void reinitialise_tout() {
     couleurs = Couleurs{};
     const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises
     fenetre = neuve;
-    patience = Patience{};
     remises = Remises{};
     reinitialise_menus();
 }

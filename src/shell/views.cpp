@@ -15,7 +15,7 @@
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/status.hpp"

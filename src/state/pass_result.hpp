@@ -9,7 +9,8 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 
-// Words of calcul_chaine, for the files that do parts of its work.
+// Words of the pass and of calcul_chaine, for the files that do parts of their work.
+inline constexpr Procedure kRecalcul{" sur recalcul"_fr, false};
 inline constexpr Procedure kCalculChaine{" sur calcul_chaine"_fr, false};
 
 // Passes begun since the start; only a change of it counts.

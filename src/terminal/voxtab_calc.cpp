@@ -16,24 +16,22 @@
 #include "documents/recovery_file.hpp"
 #include "platform/console.hpp"
 #include "platform/files.hpp"
-#include "platform/memory.hpp"
-#include "platform/platform.hpp"
+#include "platform/message.hpp"
 #include "platform/stack.hpp"
 #include "platform/system_path.hpp"
-#include "shell/commands.hpp"
-#include "shell/reset.hpp"
-#include "state/variables.hpp"
+#include "sheet/column.hpp"
+#include "sheet/recalculation.hpp"
+#include "state/pass_result.hpp"
 #include "terminal/last_handler.hpp"
 #include "terminal/options.hpp"
 #include "terminal/sheet_file.hpp"
+#include "terminal/terminal_port.hpp"
 
 namespace {
 
 constexpr int kReussite = 0;
 constexpr int kLigneEnErreur = 1;
 constexpr int kImpossible = 2;
-
-bool boite_vue = false;   // a box was shown: some line has no result
 
 int refuse(const std::string& mots) {
     std::cerr << "voxtab-calc : " << mots << '\n';
@@ -71,21 +69,6 @@ int refuse_texte(const std::string& nom, const RefusFeuille& refus) {
         return refuse(lieu + "ce n'est pas de l'UTF-8 ; essayez --codage windows-1252");
     return refuse(lieu + "le caractère " + code_unicode(refus.caractere) +
                   " n'existe pas dans une feuille");
-}
-
-// Boxes and messages are heard at once.
-void installe_port_terminal() {
-    installe_port_memoire();
-    const auto une_ligne = [](std::string_view texte) {
-        std::cerr << vers_utf8(sans_blancs(texte)) << '\n';
-    };
-    port.message.etiquette = une_ligne;
-    port.boites.boite = [](std::string_view texte) {
-        boite_vue = true;
-        std::cerr << vers_utf8(texte) << '\n';
-    };
-    port.boites.boite_comptee = [](std::string_view) {};
-    port.boites.boite_du_compte = port.boites.boite;
 }
 
 // Writes to standard output.
@@ -131,12 +114,12 @@ int ecrit_en_place(const OptionsCalcul& options, const std::string& anciens,
     return numero == 0 ? kReussite : refuse_fichier(feuille_ecrite, numero);
 }
 
-int ecrit(const OptionsCalcul& options, const TexteFeuille& lue, const std::string& octets) {
+int ecrit(const OptionsCalcul& options, const TexteFeuille& feuille, const std::string& octets) {
     if (options.en_place)
         return ecrit_en_place(options, octets,
-                              ecrit_feuille(memoire.texte, lue.codage, FinsDeLigne::cr_lf, true));
+                              ecrit_feuille(feuille.texte, feuille.codage, FinsDeLigne::cr_lf, true));
     const Codage sortie = options.codage == "windows-1252" ? Codage::windows_1252 : Codage::utf8;
-    return montre(ecrit_feuille(memoire.texte, sortie, lue.fins, lue.fin_finale));
+    return montre(ecrit_feuille(feuille.texte, sortie, feuille.fins, feuille.fin_finale));
 }
 
 // A file that can't be written back is refused before anything is calculated.
@@ -187,6 +170,26 @@ int verifie_texte(const OptionsCalcul& options, const std::string& texte) {
                   " : le code 0 n'existe pas dans une feuille");
 }
 
+// Adds the column total to the sheet and says it. A total that fails leaves the sheet as it is.
+void ajoute_total(std::string& texte) {
+    Tente(kCommande, [&] {
+        Total total = total_colonne(texte);
+        texte = std::move(total.texte);
+        dit(total.resultat);
+    });
+}
+
+// Puts the calculated sheet in the place of `texte` and says the line that the pass is to say. True when every
+// line is calculated.
+bool calcule_texte(std::string& texte, bool colonne) {
+    Calcul calcul = calcule_feuille(texte, 0);
+    if (calcul.issue == Issue::ecrite) texte = std::move(calcul.texte);
+    const bool faite = calcul.issue == Issue::ecrite || calcul.issue == Issue::incomplete;
+    if (faite) Tente(kRecalcul, [&] { dit(calcul.message(texte)); });
+    if (colonne && faite && !calcul.erreur) ajoute_total(texte);
+    return !calcul.erreur && !terminal.boite_vue;
+}
+
 int calcule(const OptionsCalcul& options) {
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
     std::string octets;
@@ -197,15 +200,14 @@ int calcule(const OptionsCalcul& options) {
     if (const int statut = reprise ? prend_reprise(options, nom, octets) : kReussite; statut != kReussite)
         return statut;
     RefusFeuille refus;
-    const auto lue = lit_feuille(
+    auto lue = lit_feuille(
         octets, reprise ? Codage::windows_1252 : codage_entree(options, octets, fichier), refus);
     if (!lue) return refuse_texte(nom, refus);
     if (const int nul = verifie_texte(options, lue->texte); nul != kReussite) return nul;
-    port.texte.pose_texte(std::string(lue->texte));
-    execute_commande(options.colonne ? "mnuCalculColonneItem" : "mnuCalculItem");
+    const bool reussi = calcule_texte(lue->texte, options.colonne);
     const int ecriture = ecrit(options, *lue, octets);
     if (ecriture != kReussite) return ecriture;
-    return formule_en_erreur() || boite_vue ? kLigneEnErreur : kReussite;
+    return reussi ? kReussite : kLigneEnErreur;
 }
 
 }  // namespace
@@ -220,7 +222,7 @@ int main(int argc, char** argv) {
         return montre(lecture.sortie);
     }
     installe_port_terminal();
-    reinitialise_tout();
+    reinitialise_calcul();
     applique_options(lecture.options);
     return calcule(lecture.options);
 }

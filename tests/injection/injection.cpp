@@ -13,8 +13,7 @@
 #include "injection/sheets.hpp"
 #include "platform/stack.hpp"
 #include "settings/settings.hpp"
-#include "sheet/column.hpp"
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "state/variables.hpp"
 #include "support/program.hpp"
 

@@ -11,11 +11,11 @@
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "documents/working_copies.hpp"
-#include "platform/memory.hpp"
 #include "platform/paths.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 #include "shell/help_mode.hpp"
+#include "support/memory.hpp"
 #include "support/script.hpp"
 
 namespace {

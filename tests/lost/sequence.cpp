@@ -6,9 +6,9 @@
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
-#include "platform/memory.hpp"
 #include "shell/commands.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 #include "support/script.hpp"
 
 namespace {

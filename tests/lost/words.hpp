@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/memory.hpp"
+#include "support/memory.hpp"
 
 using Mots = std::set<std::string>;
 using Fichiers = std::map<std::string, Mots, OrdreChemin>;   // words of each file, by its full path

@@ -16,7 +16,6 @@
 #include "documents/open_documents.hpp"
 #include "editing/search.hpp"
 #include "editing/words.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 #include "shell/commands.hpp"
@@ -24,6 +23,7 @@
 #include "shell/reset.hpp"
 #include "support/job_program.hpp"
 #include "support/job_text.hpp"
+#include "support/memory.hpp"
 
 namespace {
 

@@ -7,12 +7,12 @@
 
 #include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
-#include "platform/memory.hpp"
 #include "settings/settings.hpp"
 #include "shell/menus.hpp"
 #include "shell/key_codes.hpp"
 #include "shell/window.hpp"
 #include "support/job_text.hpp"
+#include "support/memory.hpp"
 #include "support/script.hpp"
 #include "support/script_words.hpp"
 

@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "base/codepage.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "shell/commands.hpp"
 #include "shell/reset.hpp"
+#include "support/memory.hpp"
 
 // The random numbers are the same in every run.
 inline std::uint64_t graine_de_test() { return 20260101; }

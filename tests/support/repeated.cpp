@@ -8,11 +8,11 @@
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
 #include "functions/repetition.hpp"
-#include "platform/memory.hpp"
 #include "platform/patience.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/matrices.hpp"
+#include "support/memory.hpp"
 
 namespace {
 

@@ -9,12 +9,12 @@
 #include <utility>
 
 #include "base/failure.hpp"
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
 #include "shell/events.hpp"
 #include "shell/reset.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 #include "support/script_hand.hpp"
 #include "support/script_look.hpp"
 #include "support/script_recovery.hpp"

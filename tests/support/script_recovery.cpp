@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "documents/recovery.hpp"
-#include "platform/memory.hpp"
 #include "platform/paths.hpp"
 #include "shell/events.hpp"
+#include "support/memory.hpp"
 #include "support/script.hpp"
 
 namespace {

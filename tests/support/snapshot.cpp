@@ -9,14 +9,14 @@
 #include "documents/open_documents.hpp"
 #include "documents/recovery.hpp"
 #include "editing/search.hpp"
-#include "platform/memory.hpp"
 #include "platform/message.hpp"
 #include "settings/settings.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
-#include "shell/menus.hpp"
 #include "shell/key_codes.hpp"
+#include "shell/menus.hpp"
 #include "shell/window.hpp"
+#include "support/memory.hpp"
 
 namespace {
 

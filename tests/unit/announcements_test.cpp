@@ -4,10 +4,10 @@
 #include <doctest/doctest.h>
 
 #include "base/codepage.hpp"
+#include "shell/calculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/events.hpp"
 #include "shell/window.hpp"
-#include "sheet/recalculation.hpp"
 #include "unit/helpers.hpp"
 
 namespace {

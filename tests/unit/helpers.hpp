@@ -6,7 +6,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "platform/memory.hpp"
+#include "support/memory.hpp"
 
 // Number of the failure that `instruction` raises, 0 when it raises none.
 template <class Instruction>

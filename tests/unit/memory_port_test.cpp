@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/memory.hpp"
 #include "platform/platform.hpp"
+#include "support/memory.hpp"
 #include "unit/helpers.hpp"
 
 TEST_CASE("memory port: a new text puts the cursor at its start") {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "sheet/recalculation.hpp"
+#include "shell/calculation.hpp"
 #include "state/modes.hpp"
 #include "state/sheet.hpp"
 #include "support/program.hpp"

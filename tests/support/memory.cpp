@@ -1,6 +1,6 @@
 // The filler memory: text, selection, journal of what is heard, prepared answers, and files with
 // the rules of Windows paths. Changes `memoire`.
-#include "platform/memory.hpp"
+#include "support/memory.hpp"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,8 @@
 // Reading and writing the options of the menu Outils. Changes `outils` and its file.
 #include "settings/tool_options.hpp"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "base/codepage.hpp"
@@ -13,7 +15,15 @@ OptionsOutils outils;
 
 namespace {
 
-constexpr std::string_view kSon = "son";
+// The options that are on or off, by their names in the file, in the order in which they stand there.
+struct OptionNommee {
+    std::string_view nom;
+    bool OptionsOutils::*valeur;
+};
+constexpr std::array kOptions = {
+    OptionNommee{"son", &OptionsOutils::son},
+};
+
 constexpr std::string_view kFinLigne = "\r\n";
 constexpr std::size_t kLigneMaxi = 200;        // bytes of a line that isn't ours, to be kept
 constexpr std::size_t kInconnuesMaxi = 4096;   // bytes of all these lines
@@ -35,8 +45,9 @@ void garde_inconnue(OptionsOutils& options, std::string_view ligne) {
 void prend_ligne(OptionsOutils& options, std::string_view ligne) {
     const std::size_t egal = ligne.find('=');
     const std::string_view nom = sans_blancs(ligne.substr(0, egal));
-    if (nom != kSon || egal == std::string_view::npos) return garde_inconnue(options, ligne);
-    options.son = sans_blancs(ligne.substr(egal + 1)) == "1";
+    const auto option = std::ranges::find(kOptions, nom, &OptionNommee::nom);
+    if (option == kOptions.end() || egal == std::string_view::npos) return garde_inconnue(options, ligne);
+    options.*option->valeur = sans_blancs(ligne.substr(egal + 1)) == "1";
 }
 
 }  // namespace
@@ -52,8 +63,9 @@ OptionsOutils lis_outils(std::string_view contenu) {
 }
 
 std::string texte_outils(const OptionsOutils& options) {
-    std::string texte(kSon);
-    (texte += options.son ? "=1" : "=0") += kFinLigne;
+    std::string texte;
+    for (const OptionNommee& option : kOptions)
+        texte.append(option.nom).append(options.*option.valeur ? "=1" : "=0").append(kFinLigne);
     return texte += options.inconnues;
 }
 

@@ -52,7 +52,7 @@ void deplace_document(int de, int vers) {
     documents.base(vers) = documents.base(de);
 }
 
-// The sheet of that number is closed: those behind it move up, their rows aside.
+// The sheet of that number is closed: those after it move up, their rows aside.
 void retire_document(int rang) {
     ferme_changements(rang);
     for (int i = rang; i < documents.nombre_document; ++i) deplace_document(i + 1, i);
@@ -166,8 +166,8 @@ void ferme_seul() {
     documents.document_modifie(1) = 0;
 }
 
-// The last document gives way to the one before it. The status is drawn before the count falls, on
-// purpose: the closed file stays greyed in the menu until the next time.
+// The last document gives way to the one before it. The status is drawn before the count falls: the closed
+// file stays greyed in the menu until the next time. Kept: see the oddities, closed-sheet-stays-greyed.
 void ferme_dernier() {
     --documents.document_courant;
     if (!TestRepertoire()) {
@@ -178,8 +178,9 @@ void ferme_dernier() {
     --documents.nombre_document;
 }
 
-// Another document gives way to the next one, which comes up at the closed sheet's cursor, on
-// purpose: the closed row still stands at that place. False when the next one can't be read.
+// Another document gives way to the next one, which comes up at the closed sheet's cursor: the closed row
+// still stands at that place. Kept: see the oddities, cursor-of-the-closed-sheet. False when the next one
+// can't be read.
 bool ferme_milieu() {
     const int rang = documents.document_courant;
     std::string texte;
@@ -212,7 +213,8 @@ void InitNomRepertoire() {
 }
 
 bool dejaOuvert(const std::string& nomfic) {
-    // Case counts here, on purpose: the same file in other capitals is opened twice.
+    // Case counts here: under other capitals the sheet is shown without the box. Kept: see the oddities,
+    // capitals-of-an-open-name.
     for (int rang = 1; rang <= documents.nombre_document; ++rang) {
         if (reglages.table_ini(rang).nom != nomfic) continue;
         port.boites.boite(std::string(nomfic).append("déja ouvert"_fr));
@@ -264,8 +266,8 @@ void mnuNouveauItem() {
     ligne_courante_ini() = std::move(ligne);
     vide_document();
     crochets.statut();
-    // The variable itself goes to the message line, which may pad it, on purpose: the tests for the
-    // untitled sheet then no longer match.
+    // The variable itself goes to the message line, which may pad it: the tests for the untitled sheet then
+    // no longer match. Kept: see the oddities, padded-untitled-name.
     message(reglages.nom_sanstitre);
 }
 
@@ -286,6 +288,8 @@ void ouvre_ou_dit(const std::string& nom) {
     Essaie(
         [&] {
             ouvre_nom(nom);
+            // Opened by the dialog a file keeps the mark of the empty sheet. Kept: see the oddities,
+            // changed-mark-of-an-emptied-sheet.
             if (!ouvert) documents.document_modifie(documents.document_courant) = 0;
         },
         [](int numero) {

@@ -13,7 +13,7 @@ inline constexpr std::string_view kMarqueExacte = "\xEF\xBB\xBF\xEF\xBB\xBF";
 bool est_unicode(std::string_view octets);
 
 // What the file of a sheet holds so that it is read back as it was: the text itself, or, where that
-// would be taken for another coding ("Ã©" is the UTF-8 of "é"), the text in UTF-8 behind two marks.
+// would be taken for another coding ("Ã©" is the UTF-8 of "é"), the text in UTF-8 after two marks.
 std::string octets_du_fichier(std::string_view texte);
 
 // Those bytes as a text of the code page. What has no place in it has left a question mark, and one box

@@ -44,7 +44,7 @@ struct CommandeEnCours {
 // ordered to be written. Nothing inside a command.
 void releve_reprises() noexcept;
 
-// Behind an event: files of sheets that were saved or closed go, and a changed sheet is looked at soon.
+// After an event: files of sheets that were saved or closed go, and a changed sheet is looked at soon.
 void suit_reprises() noexcept;
 
 // The sheet of that number has just gone to its own file, though its mark says that it differs.

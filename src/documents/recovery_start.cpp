@@ -92,7 +92,7 @@ bool a_une_suite(const Trouvee& t, const std::vector<Trouvee>& toutes) {
 }
 
 // Leaves the sheets that can be offered. One whose file has its text isn't: its recovery file goes. The
-// files of this run are numbered behind all that are there.
+// files of this run are numbered after all that are there.
 void separe_depassees(Trouvailles& t) {
     std::vector<Trouvee> offertes;
     for (const Trouvee& feuille : t.feuilles) {
@@ -112,7 +112,7 @@ std::string nombre(std::size_t n) { return chiffres(static_cast<long long>(n)); 
 
 // ---- Oui
 
-// The row behind the open ones that has this name, or 0.
+// The row after the open ones that has this name, or 0.
 int rang_recent(const std::string& nom) {
     for (int rang = documents.nombre_document + 1; rang <= kDocumentsMaxi; ++rang)
         if (meme_chemin(reglages.table_ini(rang).nom, nom)) return rang;

@@ -25,7 +25,8 @@ namespace {
 constexpr Procedure kEnregistrerSous{" sur EnregistrerSous"_fr, true};
 
 
-// The backup's name: "bak" behind the first dot of the file's name, on purpose.
+// The backup's name: "bak" after the first dot of the file's name. Kept: see the oddities,
+// cut-at-first-dot.
 std::string nom_sauvegarde(const std::string& nom) {
     const std::size_t point = premier_point(nom);
     if (point == std::string::npos) return std::string(sans_blancs(nom)) + ".bak";
@@ -37,7 +38,8 @@ bool est_dans(const std::string& nom, const std::string& dossier) {
     return meme_document(cheminSeul(nom), dossier);
 }
 
-// The current name is cut, on purpose, unless that would make it the name of another file.
+// The current name is cut, unless that would make it the name of another file. Kept: see the oddities,
+// cut-at-first-dot.
 void coupe_nom_courant() {
     std::string& nom = ligne_courante_ini().nom;
     std::string coupe = coupe_premier_point(nom);

@@ -53,7 +53,7 @@ Changement difference(std::string_view ancien, std::string_view nouveau) {
 
 bool blanc(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-// A word takes the blanks behind it along; the character behind these begins another one.
+// A word takes the blanks after it along; the character after these begins another one.
 bool meme_mot(char gauche, char droite) { return !blanc(gauche) || blanc(droite); }
 
 // A key typed or deleted one character, and no line end.

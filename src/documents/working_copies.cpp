@@ -32,7 +32,7 @@ std::size_t position(std::int32_t champ) {
     return static_cast<std::size_t>(std::max<std::int32_t>(champ, 0));
 }
 
-// The text as lines: each with CR LF behind it, whatever its line ends are.
+// The text as lines: each with CR LF after it, whatever its line ends are.
 std::string en_lignes(std::string_view reste) {
     std::string lignes;
     lignes.reserve(reste.size() + kFinDeLigne.size());

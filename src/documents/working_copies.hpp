@@ -14,7 +14,7 @@ inline constexpr Procedure kLitNomCopie{"sur litnomcopie", true};
 // The path of the working copy that the sheet of that number has or would have under that name: no
 // other open sheet has it.
 std::string copie_pour(const std::string& nomfic, int rang);
-// That path, or with a number behind it where another open sheet has it already.
+// That path, or with a number after it where another open sheet has it already.
 std::string copie_libre(const std::string& copie, int rang);
 void rangenomcopie(const std::string& nomfic, int rang);   // sets nom_copie(rang)
 
@@ -43,6 +43,6 @@ void montre_feuille(std::string texte);  // as the current sheet, with the selec
 bool LitNomCopie() noexcept;             // fills `txt` from the current copy; false: told, `txt` as it was
 void remontre_feuille() noexcept;        // after another view: from the copy, or else from memory
 
-// A text file read line by line: each line with CR LF behind it, whatever its line ends are.
+// A text file read line by line: each line with CR LF after it, whatever its line ends are.
 // Raises the file's failure.
 std::string lit_lignes(const std::string& chemin);

@@ -108,7 +108,7 @@ void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& pos
     fin = paire == std::string_view::npos;
     const std::size_t borne = fin ? longueur : paire;
     ligne = texte.substr(position - 1, borne - position + 1);
-    // Behind the pair that closes the text one empty line is still to be read.
+    // After the pair that closes the text one empty line is still to be read.
     position = fin ? longueur + 1 : std::min(paire + 3, longueur);
 }
 

@@ -30,11 +30,12 @@ struct Etendue {
 Etendue etendue_ligne(std::int32_t numero);
 Etendue etendue_ligne(std::string_view texte, std::int32_t numero);   // the same in `texte`
 
-// Puts the cursor on the line: between the line end's two characters in front of it, which all the
-// procedures here take for the line itself. Line 1 and a line that doesn't exist leave the cursor.
+// Puts the cursor on the line `numero`, from 1: between the two characters of the line end in front of it,
+// which all procedures here take for the line itself (kept: see the oddities, cursor-in-the-line-end). Line
+// 1 and a line that doesn't exist leave the cursor where it is.
 void SurNumero(std::int32_t numero);
 
-// Reads the line at `position` of `texte` and moves `position` behind its line end. `fin` is true on
+// Reads the line at `position` of `texte` and moves `position` past its line end. `fin` is true on
 // the last line only; a text that closes with a line end has one more, empty, last line. `trouve` is
 // false past the end.
 void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,

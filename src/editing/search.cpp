@@ -50,9 +50,9 @@ void pose_sur_remplacement(std::size_t octet) {
 
 void dit_ligne_du_curseur() { dit(extraitLigne(port.texte.sel_start())); }
 
-// Position (from 1) of the last match in front of `limite`, or 0. Like a chain of forward searches
-// the walk begins a text's length from the start and leaps over each match: a match at the very
-// start that is wider than one character is never met, on purpose.
+// Position (from 1) of the last match in front of `limite`, or 0. Like a chain of forward searches the walk
+// begins a text's length from the start and leaps over each match: a match at the very start that is wider
+// than one character is never met. Kept: see the oddities, match-at-the-start.
 std::size_t derniere_avant(std::size_t limite) {
     const std::string& chaine = recherche.chaine_recherche;
     if (chaine.empty()) return 0;
@@ -66,7 +66,7 @@ std::size_t derniere_avant(std::size_t limite) {
 }
 
 // The replacement of all matches in one walk: the text as it is rebuilt so far, with the rest of
-// the old text behind it, reads at every moment like the sheet after that many replacements. Bytes
+// the old text after it, reads at every moment like the sheet after that many replacements. Bytes
 // count from 0.
 struct Reconstruction {
     const std::string& ancien;    // the text before the command
@@ -86,7 +86,7 @@ void ajoute(Reconstruction& r, std::string_view morceau) {
     r.nouveau += morceau;
 }
 
-// The text from byte `debut` of the sheet of the moment up to the next carriage return.
+// The text from byte `debut` of the current sheet up to the next carriage return.
 std::string ligne_a(const Reconstruction& r, std::size_t debut) {
     const std::size_t pris = std::min(debut, r.nouveau.size());
     const std::size_t fin = r.nouveau.find('\r', pris);
@@ -165,7 +165,7 @@ void AppelRechercheArriere() {
     port.texte.pose_selection(trouve > 0 ? trouve : port.texte.sel_start(), 0);
     if (trouve > 0) return dit_ligne_du_curseur();
     bips(2);
-    // Another word than that of the forward search, on purpose.
+    // Another word than that of the forward search. Kept: see the oddities, two-words-of-failure.
     dit("inconnu"_fr);
 }
 
@@ -211,7 +211,8 @@ void mnuRechercherArriereItem() { EntreeRecherche("3"); }
 void mnuRechercherPrecedentItem() { AppelRechercheArriere(); }
 
 void mnuRechercherSuivantItem() {
-    // The text's length is leapt over even when the cursor doesn't come from a search, on purpose.
+    // The text's length is leapt over even when the cursor doesn't come from a search. Kept: see the
+    // oddities, search-leaps.
     const std::string& chaine = recherche.chaine_recherche;
     if (find(chaine, curseur() + chaine.size()) != -1) return dit_ligne_du_curseur();
     bips(2);

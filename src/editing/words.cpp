@@ -65,7 +65,7 @@ std::size_t debut_mot_droite(std::size_t x, std::string_view ligne) {
     return sur_mot(ligne, x) ? x : 0;
 }
 
-// Column behind the run of characters of the set that begins in column x.
+// Column after the run of characters of the set that begins in column x.
 std::size_t fin_serie(std::string_view jeu, std::string_view ligne, std::size_t x) {
     while (dans(jeu, ligne, x)) ++x;
     return x;
@@ -76,7 +76,7 @@ std::size_t fin_serie(std::string_view jeu, std::string_view ligne, std::size_t 
 void enleve(std::size_t longueur_ligne, std::size_t de, std::size_t vers) {
     const std::size_t sel = port.texte.sel_start();
     const std::size_t borne = Debutligne();
-    // Behind the line feed that ends the line above; on the first line there is none.
+    // After the line feed that ends the line above; on the first line there is none.
     const std::size_t debut = borne > 1 ? borne : 0;
     std::string texte = port.texte.texte();
     if (de <= longueur_ligne) texte.erase(debut + de - 1, vers - de);
@@ -110,7 +110,7 @@ void chaineGAUCHE() {
         if (!ligne.empty()) dit(std::string_view(ligne).substr(0, 1));
         return;
     }
-    // A cursor behind the end stands on a blank.
+    // A cursor past the end stands on a blank.
     if (ligne.size() < x) ligne.resize(x, ' ');
     const std::size_t fin = fin_mot_gauche(x, ligne);
     if (fin == 0) return bips(2);
@@ -128,7 +128,8 @@ void chainedroite() {
     if (debut == 0) return bips(2);
     std::size_t fin = debut;
     surBlancDroite(fin, ligne);
-    // The line's last character is said with the word, even when it belongs to none, on purpose.
+    // The line's last character is said with the word, even when it belongs to none. Kept: see the
+    // oddities, last-character-of-the-line.
     if (fin == ligne.size()) ++fin;
     va_a_colonne(x0, debut);
     dit(std::string_view(ligne).substr(debut - 1, fin - debut));
@@ -140,9 +141,9 @@ void mnuEffaceMotItem() {
     const bool mot = !dans(" ", ligne, x);
     const std::size_t fin =
         fin_serie(mot ? std::string_view(caracteres.caracteres_identificateur) : " ", ligne, x);
-    // A character that is in no word stays, and the blanks behind it go.
+    // A character that is in no word stays, and the blanks after it go.
     const std::size_t debut = mot && fin == x ? x + 1 : x;
-    // A word takes the blanks behind it along; they aren't said.
+    // A word takes the blanks after it along; they aren't said.
     const std::size_t apres = mot ? fin_serie(" ", ligne, std::max(debut, fin)) : fin;
     enleve(ligne.size(), debut, apres);
     const std::string enleves = fin > x ? ligne.substr(x - 1, fin - x) : std::string();
@@ -157,8 +158,8 @@ void mnuTabulationAvantItem() {
     const std::size_t x = WhereX();
     const std::size_t arret = (x / kPasTabulation + 1) * kPasTabulation;
     if (arret > port.texte.texte().size()) return;
-    // The stop is added, not the distance to it, on purpose: near the end of the line the cursor
-    // goes to the end early.
+    // The stop is added, not the distance to it: near the end of the line the cursor goes to the end early.
+    // Kept: see the oddities, tab-stop-early.
     if (curseur() + arret <= fin) {
         va_a_colonne(x, arret);
         return dit_nombre(arret);

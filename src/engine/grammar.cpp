@@ -95,7 +95,7 @@ bool ajoute_terme(char operateur) {
     return true;
 }
 
-// "%" right behind the right operand: a percentage of the sum so far.
+// "%" right after the right operand: a percentage of the sum so far.
 void applique_pourcentage(char operateur) {
     lis_symbole();
     double& somme = moteur.l_valeur_expression;
@@ -161,7 +161,8 @@ void divise(double& l_terme) {
 // p to the power e, always through the logarithm and the exponential. A failure makes p 0.
 void eleve(double& p, double e) {
     if (p == 0) {
-        // 0 stays 0 whatever the exponent; only the exact inverse is an error.
+        // 0 stays 0 whatever the exponent; only the exact inverse is an error. Kept: see the oddities,
+        // zero-to-a-power.
         if (e == -1) affiche_erreur_formule("division par 0"_fr);
         return;
     }
@@ -188,7 +189,7 @@ bool debut_operande(char c) {
 
 void refuse_symbole() {
     std::string texte("attend fact: k, var, (: '"_fr);
-    affiche_erreur_formule(texte += moteur.l_symbole);   // the quote stays open
+    affiche_erreur_formule(texte += moteur.l_symbole);   // kept: see the oddities, open-quote
 }
 
 // "(" expression ")", the running sum outside kept in a local.
@@ -327,7 +328,8 @@ void compile_facteur() noexcept {
     if (test_fonction())
         moteur.l_valeur = operations.appelle_fonction();
     else if (debut_operande(tete_symbole()))
-        // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins, on purpose.
+        // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins. Kept: see the oddities,
+        // last-number-wins.
         lis_symbole();
     else if (symbole_est("("))
         lis_parenthese();
@@ -337,7 +339,8 @@ void compile_facteur() noexcept {
 }
 
 double Compile_un_argument() noexcept {
-    // One cell and no stack: a call inside an argument loses the sum outside, on purpose.
+    // One cell and no stack: a call inside an argument loses the sum outside. Kept: see the oddities,
+    // one-save-cell.
     moteur.l_sauve_expression = moteur.l_valeur_expression;
     Tente(kCompileUnArgument, [] {
         if (!reste_pile()) echoue(kPile);

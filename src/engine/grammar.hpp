@@ -1,5 +1,5 @@
 // The grammar of a formula: each procedure reads its part and leaves the value in its register of
-// `moteur`. On entry l_symbole holds the first symbol of the part, on return the first one behind it.
+// `moteur`. On entry l_symbole holds the first symbol of the part, on return the first one after it.
 #pragma once
 
 #include <cstdint>

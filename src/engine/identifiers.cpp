@@ -79,7 +79,7 @@ void lis_nom_matrice() {
 }
 
 // A variable met in a function's text: the first one is the function's, any further occurrence, of
-// the same letter too, is refused. The refusal goes straight behind the line, since errors are
+// the same letter too, is refused. The refusal goes straight after the line, since errors are
 // silent during the scan.
 bool refuse_seconde_variable() {
     if (moteur.fonction_active <= 0) {

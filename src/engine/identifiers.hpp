@@ -4,4 +4,4 @@
 
 void lis_identificateur() noexcept;   // interprets the identifier in l_symbole
 void razVar();                        // clears variables, results of the lines, matrix flags
-void TestVariable();                  // inserts "*" behind numbers in p_formule: 2X is 2*X
+void TestVariable();                  // inserts "*" after numbers in p_formule: 2X is 2*X

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Drops the trailing zeros of decimals, and the point when nothing stays behind it.
+// Drops the trailing zeros of decimals, and the point when nothing stays after it.
 void retire_zeros(std::string& texte) {
     if (texte.find('.') == std::string::npos) return;
     while (texte.size() > 1 && texte.back() == '0') texte.pop_back();
@@ -40,6 +40,7 @@ std::string puissance_negative(const std::string& s, const std::string& signe, s
 }
 
 // A value whose general text has an exponent at `e` (from 0): the exponent stays, the mantissa is cut.
+// Kept: see the oddities, digits-cut.
 std::string puissance_exposant(const std::string& s, std::size_t e, const std::string& signe,
                                std::size_t d) {
     if (d == 0) return signe + s[0] + s.substr(e);

@@ -43,7 +43,7 @@ void avance(std::size_t position) {
     moteur.p_position = static_cast<std::int16_t>(position);
 }
 
-// Cuts the symbol that starts at or behind p_position into l_symbole; answers the position behind it.
+// Cuts the symbol that starts at or after p_position into l_symbole; answers the position after it.
 std::size_t coupe_symbole() {
     const std::string& formule = moteur.p_formule;
     const std::size_t borne = std::min<std::size_t>(formule.size(), kPositionMaxi);
@@ -116,6 +116,7 @@ void lis_constante() noexcept {
     // A literal beyond the floats is told by the number of its failure alone, with its blank.
     try {
         if (tete_symbole() == "œ"_fr[0])
+            // Kept: see the oddities, words-as-always.
             affiche_erreur_formule("constante erronee"_fr);
         else
             moteur.l_valeur = valeur_litteral(moteur.l_symbole);

@@ -16,7 +16,7 @@
 
 namespace {
 
-// Reads the arguments behind the first one, which is in l_valeur. False, and reported, when one is missing.
+// Reads the arguments after the first one, which is in l_valeur. False, and reported, when one is missing.
 bool lis_autres_arguments(Lecture lecture) {
     switch (lecture) {
         case Lecture::inconnue:

@@ -17,7 +17,9 @@ double logarithme(double x);              // natural; failure 5 at 0 and below
 double factoriel(std::int16_t n) noexcept;
 std::string c_intx(double x) noexcept;    // text of the integer part, after rounding to the decimals shown
 double intx(double x) noexcept;           // value of c_intx
-double frac(double x) noexcept;           // fractional part through the general text; loses the sign
+// Fractional part through the general text; loses the sign. Kept: see the oddities,
+// whole-part-rounds-first.
+double frac(double x) noexcept;
 
 // The values of FACT, and of ANP and CNP, whose n and p are in l_argument1 and l_argument2. Each answers
 // how the call ends.

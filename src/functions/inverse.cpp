@@ -109,7 +109,7 @@ std::uint32_t rang_sans(const Ensemble& e, std::size_t otee) {
 // The minors of one order that have all their columns but the two lowest in common: a piece of the
 // level, and of the level below for each element that they are expanded along.
 struct Famille {
-    Ensemble hautes;                  // the common columns, behind two places for the lowest
+    Ensemble hautes;                  // the common columns, after two places for the lowest
     std::size_t troisieme;            // the lowest common column: the others stand below it
     std::uint32_t nombre() const { return binome(troisieme, 2); }
 };
@@ -333,7 +333,7 @@ void range_tous_cofacteurs(TableMatrice& C, const TableMatrice& M, int n, const 
 }
 
 // Inverts in place the matrix that has been expanded. The order 0 minor of a 1 by 1 matrix is 0, so its
-// inverse is 0: an oddity that stays.
+// inverse is 0. Kept: see the oddities, inverse-of-one-element.
 void inverse(TableMatrice& M, int n, const Expansion& e) {
     const double d = e.determinant;
     if (d == 0) montre_boite(" déterminant nulle matrice non inversible"_fr);
@@ -376,7 +376,8 @@ void InversionMatrice() noexcept {
     Expansion e;
     Tente(kDeterminant, [&] { e = developpe_tout(travail, travail.lignes()); });
     if (e.determinant == 0) {
-        // No error: the matrix goes on as it is, and an assignment copies it.
+        // No error: the matrix goes on as it is, and an assignment copies it. Kept: see the oddities,
+        // singular-inverse.
         Tente(kInversion, [] { moteur.l_texte_erreur = "déterminant nul"_fr; });
         return;
     }

@@ -26,8 +26,8 @@ constexpr Procedure kMultiplication{"sur MultiplicationMatrice"_fr, true};
 constexpr Procedure kNombre{"sur MultiplicationNombreMatrice"_fr, true};
 constexpr Procedure kPuissance{"sur PuissanceMatrice"_fr, true};
 
-// Reports two operands that don't fit, with their bounds. The sum and the difference say the third
-// number without its blank.
+// Reports two operands that don't fit, with their bounds. The sum and the difference say the third number
+// without its blank. Kept: see the oddities, numbers-glued.
 void refuse_bornes(const Procedure& procedure, std::string_view mots, bool troisieme_collee) {
     const TableMatrice& a = matrices.matrice_travail;
     const TableMatrice& b = matrices.matrice_travail2;
@@ -212,7 +212,7 @@ void MultiplicationMatrice() noexcept {
         return;
     }
     TableMatrice produit;
-    // Without room for the product no element has a place: nothing behind this means anything.
+    // Without room for the product no element has a place: nothing after this means anything.
     if (!Tente(kMultiplication, [&] { produit = TableMatrice(a.lignes(), b.colonnes()); })) return;
     for (int i = 1; i <= produit.lignes(); ++i)
         for (int j = 1; j <= produit.colonnes(); ++j) somme_produits(produit, i, j);

@@ -19,8 +19,8 @@ constexpr Procedure kRFrancEuro{"sur r_franc_euro"_fr, true};
 
 constexpr double kFrancsPourUnEuro = 6.55957;
 
-// Three decimals, rounded up by 5 when the third asks for it. Their leading zeros go, and a carry
-// out of them is lost: both deliberate.
+// Three decimals, rounded up by 5 when the third asks for it. Their leading zeros go, and a carry out of
+// them is lost. Kept: see the oddities, money-carry.
 std::string trois_decimales(std::string_view decimales) {
     const std::string_view trois = decimales.substr(0, 3);
     if (trois[2] <= '4') return std::string(trois);

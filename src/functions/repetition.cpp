@@ -125,7 +125,7 @@ double Repetition::evalue_programme(double x) {
 }
 
 double Repetition::evalue_texte() {
-    // The end marks that pile up behind the formula stop where nobody can see them any more.
+    // The end marks that stack up after the formula stop where nobody can see them any more.
     if (moteur.p_formule.size() > static_cast<std::size_t>(kMarquesMaxi) + 65536 &&
         moteur.p_formule.ends_with("@@"))
         moteur.p_formule.pop_back();

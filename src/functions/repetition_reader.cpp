@@ -71,7 +71,7 @@ private:
         suivant();
     }
 
-    // The operators of a rule behind its first operand, each with the operand on its right.
+    // The operators of a rule after its first operand, each with the operand on its right.
     void operateurs(std::size_t regle) {
         while (!refuse_) {
             const std::size_t rang = kRegles[regle].operateurs.find(premier());

@@ -120,8 +120,8 @@ void calcule_moyennes() {
     moyenne('Y', variable('T'));
     ecart_type('E', variable('V'), variable('X'));
     ecart_type('F', variable('U'), variable('Y'));
-    // Y is left unmarked on purpose: the result lines show the mean, but a formula that reads Y
-    // gets it only when the sheet has assigned it.
+    // Y is left unmarked: the result lines show the mean, but a formula that reads Y gets it only when the
+    // sheet has assigned it. Kept: see the oddities, mean-of-y.
     definit("XEFT");
 }
 
@@ -205,7 +205,7 @@ double ajoute_repete(double& somme, double terme, double fois) {
     return fois;
 }
 
-// Number of pairs behind pair `k`, up to `dernier`, that are the same pair.
+// Number of pairs after pair `k`, up to `dernier`, that are the same pair.
 double paires_egales(double k, double dernier) {
     const auto indice = static_cast<std::ptrdiff_t>(k);
     const std::int32_t fin =

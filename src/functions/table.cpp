@@ -48,7 +48,8 @@ constexpr Domaine exclut(F, std::string_view mots, Fin fin = Fin::cloture) {
 
 constexpr auto kPositifSeulement = [](double x, auto&) { return x <= 0; };
 constexpr auto kAuDelaDeUn = [](double x, auto&) { return !(std::fabs(x) <= 1); };
-// The tangent refuses the exact quarter turn alone: 270 degrees pass.
+// The tangent refuses the exact quarter turn alone: 270 degrees pass. Kept: see the oddities,
+// tangent-of-270.
 constexpr auto kQuartDeTour = [](double x, auto& c) {
     return std::fabs(c.a_r(x)) == moteur.pi_valeur / 2;
 };
@@ -74,8 +75,8 @@ constexpr Table kFonctions = {{
     {kSh, "SH", Lecture::un, formule([](double x, auto& c) { return sinus_hyperbolique(x, c); })},
     {kCh, "CH", Lecture::un, formule([](double x, auto& c) { return cosinus_hyperbolique(x, c); })},
     {kTh, "TH", Lecture::un, formule([](double x, auto& c) { return tangente_hyperbolique(x, c); })},
-    // ATH, ASH and ACH are TH, SH and CH without conversion, and no inverse functions, whatever their
-    // names say.
+    // ATH, ASH and ACH are TH, SH and CH without conversion, and no inverse functions, whatever their names
+    // say. Kept: see the oddities, hyperbolic-names.
     {kAth, "ATH", Lecture::un, formule([](double x, auto&) {
          return (maths::exp(x) - maths::exp(-x)) / (maths::exp(x) + maths::exp(-x));
      })},
@@ -85,7 +86,7 @@ constexpr Table kFonctions = {{
     {kFact, "FACT", Lecture::un, procedure([](double x, double& r) { return factorielle(x, r); })},
     {kFrac, "FRAC", Lecture::un, procedure([](double x, double& r) { r = frac(x); })},
     {kSqr, "SQR", Lecture::un, formule([](double x, auto& c) { return c.carre(x); })},
-    // SQRT alone ends at once when it refuses.
+    // SQRT alone ends at once when it refuses. Kept: see the oddities, call-that-ends-at-once.
     {kSqrt, "SQRT", Lecture::un, formule([](double x, auto&) { return std::sqrt(x); }),
      exclut([](double x, auto&) { return x < 0; }, "argument négatif"_fr, Fin::immediate)},
     {kSqr3, "SQR3", Lecture::un, formule([](double x, auto&) { return racine_cubique(x); })},
@@ -98,7 +99,8 @@ constexpr Table kFonctions = {{
     {kAnp, "ANP", Lecture::deux, procedure([](double, double& r) { return arrangements(r); })},
     {kCnp, "CNP", Lecture::deux, procedure([](double, double& r) { return combinaisons(r); })},
     // The sheet does the work of these lines; the value is 0. Their names are in small letters, which no
-    // symbol has: they are found only by the letters that a symbol holds.
+    // symbol has: they are found only by the letters that a symbol holds. Kept: see the oddities,
+    // words-that-hold-air.
     {kAir, "air", Lecture::trois, procedure([](double, double&) {}), {}, Place::au_milieu},
     {kInc, "inc", Lecture::trois, procedure([](double, double&) {}), {}, Place::au_milieu},
     {kFrancEuro, "FRANCEURO", Lecture::un, procedure([](double x, double& r) { r_franc_euro(r = x); })},

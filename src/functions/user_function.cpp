@@ -30,7 +30,7 @@ constexpr std::size_t kReserveAppel = 1u << 20;
 // The flag stays as it was: only the box tells of a failure here.
 constexpr Procedure kMotsFon{"sur fon"_fr, false};
 
-// Writes a refusal of the definition behind the line in calculation.
+// Writes a refusal of the definition after the line in calculation.
 void refuse_definition(std::string_view texte) {
     Tente(kCalculChaine, [&] { pose_resultat_courant(texte); });
     moteur.erreur_formule = true;

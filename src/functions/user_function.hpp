@@ -5,5 +5,6 @@
 // Takes the function's text from p_formule, a line that holds "DEFFON".
 void DefFon() noexcept;
 
-// Value of the user function at `valeur`. The variable keeps that value afterwards.
+// Value of the user function at `valeur`. The variable keeps that value afterwards. Kept: see the oddities,
+// variable-stays-bound.
 void fon(double valeur, double& resultat) noexcept;

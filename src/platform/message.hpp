@@ -11,9 +11,9 @@ struct LigneMessage {
 };
 extern LigneMessage ligne_message;
 
-// Says a text. It comes back in the form displayed: without blanks at both ends, or, when it repeats
-// the last message, with one blank in front and two after, so that the label still changes.
-// Kept: see the oddities, same-words-twice.
+// Says a text. It comes back in the form displayed: without blanks at both ends, or, when it repeats the
+// last message, with one blank in front and two after, so that the label still changes. Kept: see the
+// oddities, same-words-twice.
 void message(std::string& p_message);
 
 // Says a text that the caller doesn't need back.

@@ -22,6 +22,6 @@ bool meme_document(const std::string& a, const std::string& b);
 // Place of the first dot of the file's name; dots of its folders don't count. npos: none.
 std::size_t premier_point(std::string_view nom);
 
-// The name cut after the third character that follows its FIRST dot: "a.b.VXT" becomes "a.b.V". Kept:
-// see the oddities, cut-at-first-dot.
+// The name cut after the third character that follows its FIRST dot: "a.b.VXT" becomes "a.b.V". Kept: see
+// the oddities, cut-at-first-dot.
 std::string coupe_premier_point(std::string_view nom);

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Adds a row for the total behind the last line. A sheet of 32,767 lines has no room for it.
+// Adds a row for the total after the last line. A sheet of 32,767 lines has no room for it.
 std::int16_t ajoute_rangee_total() {
     const std::int16_t derniere = vers_16_tronque(static_cast<double>(feuille.nombre_ligne) + 1);
     feuille.nombre_ligne = derniere;

@@ -1,4 +1,4 @@
-// The column total: the sum of all lines behind a pass that has succeeded, and the new last line "Z=".
+// The column total: the sum of all lines after a pass that has succeeded, and the new last line "Z=".
 // Changes the tables of `feuille` and the variable Z.
 #pragma once
 

@@ -33,7 +33,7 @@ bool trouve(std::string_view texte, std::string_view mot) {
     return texte.find(mot) != std::string_view::npos;
 }
 
-// The groups of a call, each with its frequency and with "," behind it unless it is the last.
+// The groups of a call, each with its frequency and with "," after it unless it is the last.
 // `virgules` is the number of commas of a group whose frequency is missing.
 std::string complete_groupes(std::string_view groupes, int virgules) {
     std::string sortie;

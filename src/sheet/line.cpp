@@ -1,4 +1,4 @@
-// One line of the sheet: the old result behind it goes, the rest is calculated in the form that its
+// One line of the sheet: the old result after it goes, the rest is calculated in the form that its
 // marks call for. Changes `feuille` and the context.
 #include "sheet/line.hpp"
 
@@ -71,7 +71,7 @@ bool refuse_controle(const std::string& formule) {
     return true;
 }
 
-// Position of a mark in the formula, npos when it stands behind `limite`.
+// Position of a mark in the formula, npos when it stands after `limite`.
 std::size_t marque_avant(const TexteMarque& formule, const Marque& marque, std::size_t limite) {
     const std::size_t position = formule.position(marque);
     return position <= limite ? position : npos;
@@ -99,7 +99,7 @@ bool refuse_sans_resultat(const TexteMarque& formule, std::int16_t numero) {
     return true;
 }
 
-// Puts " = " and the error's words behind the line.
+// Puts " = " and the error's words after the line.
 void pose_erreur(std::int16_t numero) {
     Tente(kCalculChaine, [&] {
         (feuille.resultat_ligne(numero) = " = ") += moteur.l_texte_erreur;
@@ -112,7 +112,7 @@ void calcule_rangee(std::int16_t numero) {
     if (moteur.erreur_formule) pose_erreur(numero);
 }
 
-// The heading of a tabulation or an area; the letter behind the word is the variable.
+// The heading of a tabulation or an area; the letter after the word is the variable.
 bool calcule_tabulation(const TexteMarque& formule, std::int16_t numero, std::size_t limite) {
     const bool inc = marque_avant(formule, kMotInc, limite) != npos;
     const std::size_t mot = inc ? formule.position(kMotInc) : marque_avant(formule, kMotAir, limite);

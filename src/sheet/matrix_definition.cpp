@@ -1,6 +1,6 @@
 // Reading a matrix block row by row, and filling the matrix when it closes. Changes
 // `definition_de_matrice`, `matrices`, `moteur` (evaluation, defined flags) and `feuille` (the
-// result behind the DEFM line).
+// result after the DEFM line).
 #include "sheet/matrix_definition.hpp"
 
 #include <algorithm>
@@ -42,8 +42,8 @@ void ouvre_bloc(std::int16_t numero_ligne) noexcept {
     d.position_definition_matrice = static_cast<std::int32_t>(feuille.texte_reconstruit.size());
 }
 
-// Reports the letter behind a DEFM at `defm`. Its five characters come from the formula calculated
-// last, not from this line: an old oddity.
+// Reports the letter after a DEFM at `defm`. Its five characters come from the formula calculated last, not
+// from this line. Kept: see the oddities, defm-quotes-another-line.
 void refuse_lettre(std::size_t defm) noexcept {
     std::string texte;
     Tente(kTest,
@@ -170,7 +170,8 @@ void FinDefinitionMatrice() noexcept {
 
 void RangeChiffreMatrice(std::string_view element, int ligne, int colonne) noexcept {
     double valeur = 0;
-    // A plain number is read and not evaluated, so "1-2" is 1 and an empty element 0.
+    // A plain number is read and not evaluated, so "1-2" is 1 and an empty element 0. Kept: see the
+    // oddities, plain-elements.
     if (element.find_first_not_of("0123456789.-") == std::string_view::npos) {
         Tente(kRangeChiffre, [&] { valeur = prefixe_numerique(element); });
     } else {

@@ -9,12 +9,12 @@
 
 struct DefinitionMatrice {
     bool definition_matrice = false;         // a block is open; the pass starts with false
-    std::string lettre_definition_matrice;   // the letter behind DEFM; "" when nothing stands there
+    std::string lettre_definition_matrice;   // the letter after DEFM; "" when nothing stands there
     std::int16_t definition_lignes = 0;      // rows seen so far
     std::int16_t definition_colonnes = 0;    // columns, fixed by the first row
     std::string texte_definition_matrice;    // rows in capitals, each closed by a carriage return
     std::int16_t ligne_definition_matrice = 0;      // number of the DEFM line, from 1
-    std::int32_t position_definition_matrice = 0;   // bytes of rebuilt text behind the DEFM line
+    std::int32_t position_definition_matrice = 0;   // bytes of rebuilt text after the DEFM line
 };
 extern DefinitionMatrice definition_de_matrice;
 
@@ -26,7 +26,7 @@ bool TestMatrice(std::int16_t numero_ligne) noexcept;
 // the first one: the text waits in l_texte_erreur and the block is abandoned.
 void RangeDefinitionMatrice() noexcept;
 
-// Closes the block: fills the matrix and writes its dimensions behind the DEFM line. An element
+// Closes the block: fills the matrix and writes its dimensions after the DEFM line. An element
 // that can't be evaluated ends it there, with the letter not marked as defined.
 void FinDefinitionMatrice() noexcept;
 

@@ -1,6 +1,6 @@
 // The forms of the lines that a pass writes in blocks. A line that has none of them is the user's: a block
-// in which one stands is no whole block, and all of it stays. Behind the "=" of a result anything may stand,
-// as behind the result of any line.
+// in which one stands is no whole block, and all of it stays. After the "=" of a result anything may stand,
+// as after the result of any line.
 #include "sheet/old_blocks.hpp"
 
 #include <algorithm>

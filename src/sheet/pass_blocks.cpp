@@ -124,7 +124,7 @@ Suite pose_bloc(Passe& p, GenreBloc genre) {
     return pose_bloc(p, feuille.resultat_bloc, ancien_dessous(p, genre));
 }
 
-// The two lists stand in the text as they are read; behind the second one the pairs are calculated. A block
+// The two lists stand in the text as they are read; after the second one the pairs are calculated. A block
 // adds to what resultat_bloc holds, which is these lists first.
 Suite prend_liste(Passe& p) {
     commence_ligne(p, p.numero, p.ligne);
@@ -151,6 +151,7 @@ Suite prend_liste(Passe& p) {
 // data set tell that an old block may stand below.
 Suite retient_blocs(Passe& p) {
     const bool tri = p.majuscule_contient(kMotTriStatX);
+    // The word counts in a comment too. Kept: see the oddities, statx-in-a-comment.
     if (p.majuscule_contient(kMotStatX) && !tri) return retient_stat(p);
     if (tri) {
         if (!est_compte_de_tri(p.ligne_avant)) return pose_bloc(p, feuille.resultat_bloc, AncienBloc{});

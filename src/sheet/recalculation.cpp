@@ -42,7 +42,7 @@ void rend_entete(Passe& p) {
     fin_de_ligne(p);
 }
 
-// The line with what the user wrote behind its "=": a heading that isn't calculated loses only a result, which
+// The line with what the user wrote after its "=": a heading that isn't calculated loses only a result, which
 // begins with a blank.
 std::string_view sans_resultat(const Passe& p) {
     const std::string_view coupe = std::string_view(p.ligne_avant).substr(p.ligne.size());
@@ -135,7 +135,8 @@ void ferme_matrice() {
         statistiques.position_definition_statx += static_cast<std::int32_t>(ajoutes);
 }
 
-// An empty line, a comment or a line with FIN: it ends an open definition and is never calculated.
+// An empty line, a comment or a line with FIN: it ends an open definition and is never calculated. Kept:
+// see the oddities, fin-anywhere.
 Suite ferme_definitions(Passe& p) {
     if (definition_de_matrice.definition_matrice) ferme_matrice();
     if (!statistiques.definition_statx) return ligne_suivante(p);
@@ -148,7 +149,7 @@ Suite ferme_definitions(Passe& p) {
     return pose_bloc(p, GenreBloc::statistiques);
 }
 
-// Calculates the line and writes its result behind it.
+// Calculates the line and writes its result after it.
 Suite calcule_ligne(Passe& p) {
     calcul_chaine(p.numero);
     ajoute_resultat(p, p.numero);
@@ -286,7 +287,7 @@ void rend_texte(const Passe& p, Calcul& calcul) {
     calcul.issue = p.texte_complet ? Issue::ecrite : Issue::incomplete;
 }
 
-// The cursor goes to the end of its line, behind the result; that line is to be said.
+// The cursor goes to the end of its line, after the result; that line is to be said.
 void place_curseur(const Passe& p, Calcul& calcul) {
     const auto ancienne = static_cast<std::size_t>(p.ligne_curseur);
     const std::string_view montre = p.texte_complet ? std::string_view(calcul.texte) : p.source;

@@ -64,7 +64,8 @@ std::string texte_valeur(std::int16_t numero) {
     return c_intx(x);
 }
 
-// The layout of matrices: any value but 0 in the settings is a column here.
+// The layout of matrices: any value but 0 in the settings is a column here. Kept: see the oddities,
+// matrix-layout-field.
 bool matrices_en_colonne() { return reglages.table_ini(kLigneAffichage).champ1 != 0; }
 
 // The result of a matrix line: in column form a block below the line, in line form all on it.

@@ -1,4 +1,4 @@
-// From the value of a line to the text that the sheet shows behind it, in the current number mode. Changes
+// From the value of a line to the text that the sheet shows after it, in the current number mode. Changes
 // resultat_ligne and resultat_bloc of `feuille`.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The result behind the cursor's line. The table of the last pass tells it as long as the line is one that
+// The result after the cursor's line. The table of the last pass tells it as long as the line is one that
 // the pass wrote: lines above it and below it may have changed meanwhile.
 #include "sheet/spoken_result.hpp"
 
@@ -55,7 +55,7 @@ std::string_view resultat_ecrit(std::string_view ligne, std::size_t numero) {
     return colonne == 0 ? std::string_view() : ligne.substr(static_cast<std::size_t>(colonne));
 }
 
-// What stands behind the last "=" of a line, with it, when the pass would cut the line there; "==" is one mark.
+// What stands after the last "=" of a line, with it, when the pass would cut the line there; "==" is one mark.
 std::string_view resultat_lu(std::string_view ligne) {
     const std::string texte(sans_blancs(ligne));
     const std::size_t coupe = fin_gardee(texte);

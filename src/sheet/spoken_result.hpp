@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
-// The result that the last pass has written behind the line; for a line that has changed since then what
-// stands behind its "=", when the pass would cut it there. Nothing for any other line, those of the blocks of
+// The result that the last pass has written after the line; for a line that has changed since then what
+// stands after its "=", when the pass would cut it there. Nothing for any other line, those of the blocks of
 // results too.
 //
 // `texte` is the sheet as it stands now, `curseur` the bytes in front of the cursor. The answer is a part of

@@ -35,7 +35,7 @@ constexpr Ligne kLignesX[] = {
     {"X=moyenne des X= "_fr, 'X'},
     {"E=ecart type de X= "_fr, 'E'},
 };
-// "de l'origine" and "à l'origine" differ, as users have always heard them.
+// "de l'origine" and "à l'origine" differ. Kept: see the oddities, origin-words.
 constexpr Ligne kLignesXY[] = {
     {"T=somme des Y= "_fr, 'T'},
     {"U=somme des Y²= "_fr, 'U'},
@@ -76,7 +76,8 @@ void ajoute_complet(bool couples) {
     if (couples) ajoute_nombres(kLignesXY);
 }
 
-// The restricted layout: one line. No sign stands in front of B but its own minus.
+// The restricted layout: one line. No sign stands in front of B but its own minus. Kept: see the oddities,
+// no-sign-before-b.
 void ajoute_restreint(bool couples) {
     Tente(kCalculChaine, [couples] {
         std::string ligne = "N=" + forme_blanc(variable('N'));
@@ -95,6 +96,7 @@ void ajoute_restreint(bool couples) {
 
 void ajoute_resultats_stat(std::string_view genre) noexcept {
     const bool couples = genre == "STATXY";
+    // An earlier data set stays in the block. Kept: see the oddities, second-data-set.
     if (!resultat_bloc().empty()) Tente(kCalculChaine, [] { ajoute("\r\n"); });
     if (reglages.table_ini(kLigneAffichage).champ2 == 1)
         ajoute_restreint(couples);

@@ -68,7 +68,7 @@ void vide_resultats(std::int16_t numero) {
     }
 }
 
-// One row of the table: "f(x) = value", with x in the number mode of the moment too.
+// One row of the table: "f(x) = value", with x in the current number mode too.
 void ajoute_rangee(std::int16_t numero, double x) {
     const auto suivante = static_cast<std::int16_t>(numero + 1);
     affiche_valeur(numero);
@@ -99,7 +99,8 @@ bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double p
     return true;
 }
 
-// Probes an end of the interval; the box names it when the function has no value there.
+// Probes an end of the interval, or 0 within it; the box names it when the function has no value there.
+// Kept: see the oddities, air-probes.
 bool sonde(Repetition& fonction, double x, std::string_view nom) {
     double valeur = 0;
     if (evalue_en(fonction, x, valeur)) return true;

@@ -9,7 +9,7 @@ Annonces annonces;
 
 namespace {
 
-constexpr std::size_t kAuPlus = 2;                           // texts told behind one event
+constexpr std::size_t kAuPlus = 2;                           // texts told after one event
 constexpr std::string_view kLigneVide = "ligne vide";
 
 // True for a byte of a word: a letter, a digit, a part of a character beyond ASCII.

@@ -23,7 +23,7 @@ constexpr Procedure kArrierePlan{"sur ValidationCouleurArrierePlan", true};
 constexpr std::string_view kInvitePremierPlan = "Choisissez une couleur des caractères"_fr;
 constexpr std::string_view kInviteArrierePlan = "Choisissez une couleur d'arrière plan"_fr;
 
-// A line of the list behind the prompt: its words and its index in the palette.
+// A line of the list after the prompt: its words and its index in the palette.
 struct LigneCouleur {
     std::string_view mots;
     int indice;

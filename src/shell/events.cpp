@@ -58,7 +58,7 @@ void garde_focus() {
     if ((c == nullptr || !accessible(*c)) && accessible(fenetre.txt)) donne_focus(fenetre.txt);
 }
 
-// The window is brought up to date behind an event.
+// The window is brought up to date after an event.
 void montre_fenetre() {
     garde_focus();
     port.fenetre.montre();
@@ -109,8 +109,8 @@ bool disponible(const EtatItem* item) {
     return item != nullptr && item->visible && item->actif;
 }
 
-// A character in the text. Any but Escape marks the sheet as changed, also in a text that can't be
-// written, on purpose; key help alone prevents it.
+// A character in the text. Any but Escape marks the sheet as changed, also in a text that can't be written;
+// key help alone prevents it. Kept: see the oddities, read-only-marks.
 void caractere_texte(int code) {
     if (code == kToucheEchap) {
         // The list of colours, opened from the guide, takes the button away when it ends: Escape still
@@ -208,9 +208,9 @@ void evenement_remise(const std::string& commande) {
 
 void evenement_chargement() { evenement(demarre); }
 
-// The window closes all the same when the user cancels or key help is on, on purpose: the settings aren't
-// written then, and the next start offers the sheets that were not saved. It stays when a sheet couldn't be
-// saved, and when what isn't saved can't be kept for the next start.
+// The window closes all the same when the user cancels or key help is on: the settings aren't written then,
+// and the next start offers the sheets that were not saved. Kept: see the oddities, close-box-closes. It
+// stays when a sheet couldn't be saved, and when what isn't saved can't be kept for the next start.
 void evenement_fermeture() {
     documents.enregistrement_rate = false;
     evenement([] { execute_commande(kItemQuitter); });

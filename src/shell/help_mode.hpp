@@ -17,5 +17,6 @@ inline constexpr std::string_view kMotsModifTexte = "Remplacement sur le texte"_
 inline constexpr std::string_view kMotsQuitter = "quitter la calculatrice"_fr;
 
 // In key-help mode says a command's words, notes that the key was handled and answers true: the command is
-// not run. A command without words acts in key-help mode too.
+// not run. A command without words acts in key-help mode too. Kept: see the oddities,
+// items-that-act-in-key-help.
 bool annonce_mots(std::string_view mots);

@@ -39,7 +39,7 @@ bool alt_en_attente() {
     });
 }
 
-// The modifiers of both moments. AltGr that comes behind a key that has typed is on its way to the next
+// The modifiers of both moments. AltGr that comes after a key that has typed is on its way to the next
 // sign.
 FrappeTouche reunit(const FrappeTouche& pression, const FrappeTouche& relache) {
     const bool a_tape = !pression.ctrl && !pression.alt &&

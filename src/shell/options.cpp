@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kDecimalesRefusees = 101;
 
-// Stores the modes of the moment in the settings table. The hexadecimal mode leaves the decimal form
+// Stores the current modes in the settings table. The hexadecimal mode leaves the decimal form
 // alone, and it isn't stored again.
 void note_modes(bool avec_affichage) {
     article& nombres = reglages.table_ini(kLigneNombres);
@@ -40,9 +40,9 @@ void change_mode(std::int16_t nombre, std::int16_t affichage) {
     AfficheStatus();
 }
 
-// Takes one answer for the decimals; one that fits no integer is told and leaves `nombre` as it was.
-// No lower bound is looked at, on purpose. True when it was refused as too large and must be asked
-// again.
+// Takes one answer for the decimals; one that fits no integer is told and leaves `nombre` as it was. There
+// is no lower bound. Kept: see the oddities, decimals-without-a-floor. True when it was refused as too
+// large and must be asked again.
 bool prend_decimales(const std::string& reponse, std::int16_t& nombre) {
     Tente(kCommande, [&] { nombre = vers_16_arrondi(prefixe_numerique(reponse)); });
     if (nombre >= kDecimalesRefusees) {
@@ -119,8 +119,9 @@ void mnuColonneMatrice() {
     dit(colonne == 1 ? "en colonne"_fr : "en ligne"_fr);
 }
 
-// Here the test is for 0, so that a value other than 0 and 1 becomes 0, on purpose. The complete
-// caption has a capital here and a small letter at start-up, on purpose too.
+// Here the test is for 0, so that a value other than 0 and 1 becomes 0. Kept: see the oddities,
+// statistics-field. The complete caption has a capital here and a small letter at start-up. Kept: see the
+// oddities, caption-of-statistics.
 void mnuLigneStat() {
     std::int32_t& restreint = reglages.table_ini(kLigneAffichage).champ2;
     restreint = restreint != 0 ? 0 : 1;

@@ -98,7 +98,7 @@ void quitter() {
             ecrit_reglages();
         },
         [&] { reglages.table_ini = lignes; });
-    // All is saved by now: a copy that stays behind is told and doesn't keep the program open.
+    // All is saved by now: a copy that can't be deleted is told and doesn't keep the program open.
     Tente(kCommande, vide_dossier_travail);
     efface_reprises();
     fenetre.fermee = true;

@@ -25,9 +25,9 @@ struct RechercheScripts {
     std::int16_t NombreBip = 0;   // 0 to 999
 };
 
-// Looks for a folder of that name (capitals) below `CheminDossier`, which ends in "\". A find ends
-// the loop of its level alone: a later one on another branch takes its place, on purpose. A folder
-// that can't be read is passed over in silence.
+// Looks for a folder of that name (capitals) below `CheminDossier`, which ends in "\". A find ends the loop
+// of its level alone: a later one on another branch takes its place. Kept: see the oddities,
+// later-reader-folder. A folder that can't be read is passed over in silence.
 void recherche_dir(RechercheScripts& r, const std::string& CheminDossier, std::string_view dossier,
                    bool& trouve) {
     if (++r.NombreBip == kDossiersParBip) {

@@ -136,8 +136,8 @@ void applique_modes(Demarrage& pas) {
     pas([] { recherche.chaine_remplacement = ligne(kLigneAffichage).nom; });
 }
 
-// The items state their option. The complete statistics have a small r here and a capital when the
-// option changes, on purpose.
+// The items state their option. The complete statistics have a small r here and a capital when the option
+// changes. Kept: see the oddities, caption-of-statistics.
 void applique_options(Demarrage& pas) {
     pas([] { fenetre.txt.police.nom = ligne(kLignePolice).nom; });
     pas([] { fenetre.txt.police.taille = prefixe_numerique(ligne(kLigneTaille).nom); });
@@ -182,7 +182,8 @@ void prepare_dialogues(Demarrage& pas) {
     }
     pas([] { reglages.nom_sanstitre = "SANSTITRE." + dlg.extension; });
     pas([] { reglages.article_vide.nom = reglages.nom_sanstitre; });
-    // The settings file keeps the replacement text, but it doesn't survive a restart, on purpose.
+    // The settings file keeps the replacement text, but it doesn't survive a restart. Kept: see the
+    // oddities, replacement-text-forgotten.
     pas([] { recherche.chaine_remplacement.clear(); });
     fenetre.CmdVoxtab.visible = false;
 }

@@ -18,7 +18,7 @@ void retablit() {
     if (!refait_changement()) dit(kRienARetablir);
 }
 
-// The choice counts at once, and is heard; a file that can't be written is told behind it.
+// The choice counts at once, and is heard; a file that can't be written is told after it.
 void mnuSonItem() {
     outils.son = !outils.son;
     pose_libelle_son(outils.son);

@@ -46,7 +46,7 @@ std::string lit_texte_programme(std::string_view nom) {
     return texte;
 }
 
-// The option button of the unit of the moment.
+// The option button of the current unit.
 Controle& option_active() {
     if (fenetre.option_angle == 1) return fenetre.OptionDegre;
     return fenetre.option_angle == 2 ? fenetre.OptionRadian : fenetre.OptionGrade;

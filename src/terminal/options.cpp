@@ -97,7 +97,7 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->type_name("CODAGE");
 }
 
-// What stands behind the last ": " of the library's words, up to a blank; or all of them.
+// What stands after the last ": " of the library's words, up to a blank; or all of them.
 std::string fin_des_mots(const std::string& texte) {
     const std::size_t deux_points = texte.rfind(": ");
     const std::string fin = deux_points == std::string::npos ? texte : texte.substr(deux_points + 2);

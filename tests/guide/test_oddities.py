@@ -1,6 +1,6 @@
 """docs/kept-oddities.md and the code agree: each oddity that a comment points to ("kept: see the oddities,
-NAME") stands there, each one there is pointed to or tested, and every test that is named there exists: the
-file, and in it the case whose name stands behind it. The names without a caller are in the code."""
+NAME") stands there, each one there is pointed to by the program's code, and every test that is named there
+exists: the file, and in it the case whose name stands after it. The names without a caller are in the code."""
 import json
 import pathlib
 import re
@@ -62,6 +62,8 @@ def main():
         elif anchor:
             faults += test_faults(anchor.group(1), row[3])
     code = dict(texts(*FOLDERS))
+    used = {name for path, text in code.items() if path.parts[0] == "src" for name in POINTER.findall(text)}
+    faults += [f"{name}: no comment of the code points to it" for name in known if name not in used]
     for path, text in code.items():
         faults += [f"{path}: no such oddity: {name}" for name in POINTER.findall(text) if name not in known]
         if path.parts[0] == "src" and BARE.search(text):

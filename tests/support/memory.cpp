@@ -1,4 +1,4 @@
-// The filler memory: text, selection, journal of what is heard, prepared answers, and files with
+// The in-memory port: text, selection, journal of what is heard, prepared answers, and files with
 // the rules of Windows paths. Changes `memoire`.
 #include "support/memory.hpp"
 

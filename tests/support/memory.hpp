@@ -1,4 +1,4 @@
-// The filler memory: the whole program runs against it without a screen. It holds the text, the
+// The in-memory port: the whole program runs against it without a screen. It holds the text, the
 // selection and the files, lists everything that is heard, and gives the answers that were
 // prepared. Files follow the rules of Windows paths: case ignored, "\" and "/" separate, drives
 // "C:".
@@ -78,7 +78,7 @@ struct Memoire {
 };
 extern Memoire memoire;
 
-// Empties the memory and installs its filler in the port. The roots and the program's folder are
+// Empties the memory and installs its implementation in the port. The roots and the program's folder are
 // there, without files.
 void installe_port_memoire();
 

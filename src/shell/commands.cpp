@@ -236,12 +236,11 @@ static_assert(differents(
               "two commands have one key of the text");
 static_assert(std::ranges::all_of(kItems,
                                   [](const LigneCommande& l) {
-                                      return l.execute != nullptr && !l.menu.empty() && !l.nom.empty() &&
-                                             !l.libelle.empty();
+                                      return !l.menu.empty() && !l.nom.empty() && !l.libelle.empty();
                                   }) &&
                   std::ranges::all_of(kAutres,
                                       [](const LigneCommande& l) {
-                                          return l.execute != nullptr && !l.nom.empty();
+                                          return !l.nom.empty();
                                       }),
               "a row is left half done");
 static_assert(std::ranges::none_of(kItems,

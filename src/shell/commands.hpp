@@ -2,6 +2,7 @@
 // the tests are made from these rows, and one dispatcher runs them. Constant data.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -25,6 +26,18 @@ struct ToucheRelachee {
 
 enum class Vues { restent, quittees };   // before a command runs: the sheet comes back from another view
 
+// What a command runs. A row without it doesn't compile.
+class Commande {
+  public:
+    template <class Procedure>
+    constexpr Commande(Procedure p) : procedure(p) {}
+    Commande(std::nullptr_t) = delete;
+    void operator()() const { procedure(); }
+
+  private:
+    void (*procedure)();
+};
+
 struct LigneCommande {
     int numero = 0;                  // of its item in the window; stays its own for ever, other rows may come
     std::string_view menu{};         // caption of the menu, Windows-1252; "" for a button
@@ -39,7 +52,7 @@ struct LigneCommande {
     Vues vues = Vues::restent;
     std::string_view refus{};        // said instead in a view where the text can't be written; "": runs there
     bool cochable = false;           // its item bears a mark
-    void (*execute)() = nullptr;
+    Commande execute;
 };
 
 // The rows of the items in the order of the tree, without the recent files.

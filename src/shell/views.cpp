@@ -113,9 +113,8 @@ void CmdModifTexte() {
     modifTexte();
 }
 
-// Going off brings the sheet back from every view: in the list of colours, the list
-// goes first. Going on keeps the sheet first: where its copy can't be
-// written the mode doesn't begin.
+// Going off brings the sheet back from every view: the list of colours goes first. Going on keeps the sheet
+// first: where its copy can't be written the mode doesn't begin.
 void mnuAideToucheItem() {
     if (aide.aide_touche) {
         if (vue_ouverte(Vue::choix_couleur)) RetourListe();

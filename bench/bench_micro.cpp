@@ -9,7 +9,7 @@
 #include "engine/number_text.hpp"
 #include "mixed_sheet.hpp"
 #include "program.hpp"
-#include "sheet/line.hpp"
+#include "sheet/old_result.hpp"
 #include "shell/calculation.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"

@@ -13,7 +13,6 @@
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
-#include "platform/boxes.hpp"
 #include "sheet/line.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
@@ -31,25 +30,6 @@ constexpr char kRetour = '\r';
 
 bool trouve(std::string_view texte, std::string_view mot) {
     return texte.find(mot) != std::string_view::npos;
-}
-
-// The groups of a call, each with its frequency and with "," after it unless it is the last.
-// `virgules` is the number of commas of a group whose frequency is missing.
-std::string complete_groupes(std::string_view groupes, int virgules) {
-    std::string sortie;
-    sortie.reserve(2 * groupes.size());
-    int compte = 0;
-    for (const char c : groupes) {
-        if (c == ';' || c == ')') {
-            if (compte == virgules) sortie += ",1";
-            compte = 0;
-            if (c == ';') sortie += ',';
-            continue;
-        }
-        if (c == ',') ++compte;
-        sortie += c;
-    }
-    return sortie;
 }
 
 // True when a line, given in capitals, is the heading of a STATX block.
@@ -140,25 +120,6 @@ std::string appel_statxy(const std::vector<std::string_view>& x,
 }
 
 }  // namespace
-
-bool TestEffectif(std::string_view NomStat) {
-    const std::string& formule = moteur.p_formule;
-    const std::size_t ouvrante = formule.find('(');
-    if (ouvrante == std::string::npos) return false;
-    const std::size_t fermante = formule.find(')');
-    if (fermante == std::string::npos) {
-        montre_boite(std::string("manque ) sur "_fr).append(NomStat));
-        return false;
-    }
-    std::string_view groupes;
-    if (fermante > ouvrante)
-        groupes = std::string_view(formule).substr(ouvrante + 1, fermante - ouvrante);
-    std::string nouvelle = formule.substr(0, ouvrante + 1);
-    nouvelle += complete_groupes(groupes, NomStat.ends_with('X') ? 0 : 1);
-    nouvelle.append(formule, fermante);
-    moteur.p_formule = std::move(nouvelle);
-    return true;
-}
 
 bool TestStatX(std::int16_t numero_ligne) noexcept {
     std::string majuscule;

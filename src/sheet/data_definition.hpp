@@ -6,10 +6,6 @@
 #include <cstdint>
 #include <string_view>
 
-// Completes the frequencies of the call in p_formule and makes its ";" commas. False when the line
-// is not to be evaluated: a bare word, or a call that isn't closed.
-bool TestEffectif(std::string_view NomStat);
-
 // True when the line opens a STATX block and needs nothing more.
 bool TestStatX(std::int16_t numero_ligne) noexcept;
 

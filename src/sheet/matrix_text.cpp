@@ -7,7 +7,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "sheet/rendering.hpp"
+#include "sheet/number_result.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
 

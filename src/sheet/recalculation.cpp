@@ -24,6 +24,7 @@
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
+#include "sheet/old_result.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/rendering.hpp"
 #include "sheet/sorted_block.hpp"

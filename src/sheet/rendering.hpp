@@ -5,5 +5,3 @@
 #include <cstdint>
 
 void affiche_valeur(std::int16_t numero) noexcept;          // the line's result, matrices included
-void Affiche_valeur_nombre(std::int16_t numero) noexcept;   // the line's number
-void AffichePi(std::int16_t numero, bool& trouve) noexcept; // a listed multiple of Pi

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "base/codepage.hpp"
-#include "sheet/line.hpp"
+#include "sheet/old_result.hpp"
 #include "state/sheet.hpp"
 
 namespace {

@@ -14,7 +14,7 @@
 #include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
-#include "sheet/line.hpp"
+#include "sheet/old_result.hpp"
 #include "sheet/rendering.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"

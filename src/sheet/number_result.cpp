@@ -1,0 +1,81 @@
+// From a number to the result of its line, in the current number mode. Changes resultat_ligne of `feuille`.
+#include "sheet/number_result.hpp"
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/failure.hpp"
+#include "engine/number_text.hpp"
+#include "functions/functions.hpp"
+#include "state/context.hpp"
+#include "state/sheet.hpp"
+
+namespace {
+
+constexpr Procedure kAfficheValeurNombre{" sur Affiche_valeur_nombre"_fr, false};
+constexpr Procedure kAffichePi{" sur AffichePi"_fr, false};
+
+// The positive multiples of Pi that have a notation, in the order in which they are compared; each
+// value is computed from pi_valeur as its text says. The negative ones mirror them.
+struct MultiplePi {
+    double facteur, diviseur;
+    std::string_view texte;
+};
+constexpr std::array<MultiplePi, 6> kMultiplesPi = {{{1, 4, "Pi/4"},
+                                                     {1, 2, "Pi/2"},
+                                                     {3, 4, "3Pi/4"},
+                                                     {1, 1, "Pi"},
+                                                     {3, 2, "3Pi/2"},
+                                                     {2, 1, "2Pi"}}};
+
+// Text of a listed multiple of Pi without its sign, or an empty text. No tolerance: a value that
+// differs in its last bit is no multiple.
+std::string_view multiple_pi(double absolu) {
+    if (absolu < moteur.pi_valeur / 4 || absolu > 2 * moteur.pi_valeur) return {};
+    for (const MultiplePi& m : kMultiplesPi)
+        if (absolu == m.facteur * moteur.pi_valeur / m.diviseur) return m.texte;
+    return {};
+}
+
+// Text of the line's value in the present mode.
+std::string texte_valeur(std::int16_t numero) {
+    const double x = feuille.valeur_ligne(numero);
+    if (modes.mode_nombre == 2) return texte_hexa(x);
+    if (modes.mode_affichage == 2) return FormatNombre(x);
+    if (modes.mode_affichage == 3) return FormatPuissance(x);
+    return c_intx(x);
+}
+
+}  // namespace
+
+bool formule_contient(std::int16_t numero, const Marque& marque) {
+    const std::string& formule = feuille.formule_ligne(numero);
+    if ((lettres_de(formule) & marque.lettres) != marque.lettres) return false;
+    return capitales(formule).find(marque.mot) != std::string::npos;
+}
+
+void Affiche_valeur_nombre(std::int16_t numero) noexcept {
+    bool pi = false;
+    if (modes.mode_nombre == 1) AffichePi(numero, pi);
+    if (pi) return;
+    std::string texte;
+    Tente(kAfficheValeurNombre, [&] { texte = texte_valeur(numero); });
+    Tente(kAfficheValeurNombre, [&] {
+        (feuille.resultat_ligne(numero) = " = ") += texte;
+    });
+}
+
+void AffichePi(std::int16_t numero, bool& trouve) noexcept {
+    trouve = false;
+    Tente(kAffichePi, [&] {
+        const double x = feuille.valeur_ligne(numero);
+        const std::string_view texte = multiple_pi(std::fabs(x));
+        // Who wrote Pi into the line wants digits.
+        if (texte.empty() || formule_contient(numero, kMotPi)) return;
+        (feuille.resultat_ligne(numero) = x < 0 ? " = -" : " = ") += texte;
+        trouve = true;
+    });
+}

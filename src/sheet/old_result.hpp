@@ -1,0 +1,18 @@
+// The result that an earlier pass wrote after a line: where it begins, and the line without it, as the engine
+// wants it. Changes formule_ligne of `feuille`, p_formule and erreur_formule.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+// Cuts the old result from `ligne` and leaves in formule_ligne of the line what is to be evaluated.
+// `correct` is false when a control character stands in that: the box has told it.
+void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexcept;
+
+// Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the
+// echo of a statistics result, a line without a result.
+std::size_t fin_gardee(const std::string& ligne);
+
+// Puts a line's text into p_formule the way the engine wants it: "²" as "^2", capitals, trimmed.
+void prepare_formule(const std::string& texte);

@@ -14,6 +14,7 @@
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
 #include "state/pass_result.hpp"
+#include "state/sheet.hpp"
 #include "state/variables.hpp"
 
 namespace {
@@ -46,9 +47,9 @@ void recalcul() noexcept {
 
 void calcul_colonne() {
     if (port.texte.texte().empty()) return;
-    note_calcul_en_colonne(true);
+    feuille.calcul_en_colonne = true;
     recalcul();
-    note_calcul_en_colonne(false);
+    feuille.calcul_en_colonne = false;
     if (formule_en_erreur() || passe_refusee()) return;
     Total total = total_colonne(port.texte.texte());
     const std::size_t fin = total.texte.size();

@@ -13,7 +13,7 @@ NAME = re.compile(r"[A-Za-z_]\w*")
 WORD = re.compile(r"[A-Z]+(?![a-z])|[A-Z]?[a-z]+")
 # Comments, preprocessor lines, texts and characters, numbers, names of the libraries.
 NO_NAME = re.compile(r'//[^\n]*|/\*.*?\*/|^\s*#[^\n]*|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'|\b\d[\w\']*'
-                     r"|\bstd::\w+(?:::\w+)*|\bwx\w+", re.S | re.M)
+                     r"|\b(?:std|nlohmann|doctest)::\w+(?:::\w+)*|\bwx\w+", re.S | re.M)
 
 
 def names(pattern, *folders):
@@ -36,7 +36,7 @@ def main():
     rows = [row.split("|")[1] for row in text[start:end].splitlines() if row.startswith("| ")]
     french = {word.strip() for row in rows[1:] for word in row.split(",")}
     english = set(ENGLISH.read_text(encoding="utf-8").split())
-    headers, code = names("*.hpp", "src"), names("*.[ch]pp", "src", "tests")
+    headers, code = names("*.hpp", "src", "tests/support"), names("*.[ch]pp", "src", "tests")
     code_words = {word for name in code for word in words(name)}
     faults = [f"{path}: {name}: the glossary lacks \"{word}\"" for name, path in headers.items()
               for word in words(name) if word not in french | english]

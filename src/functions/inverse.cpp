@@ -28,7 +28,7 @@
 #include "platform/boxes.hpp"
 #include "platform/patience.hpp"
 #include "platform/side_by_side.hpp"
-#include "state/context.hpp"
+#include "state/formula_error.hpp"
 
 namespace {
 
@@ -357,8 +357,8 @@ std::string refus_bornes(std::string_view mots) {
 void Determinantmatrice(double& resultat) noexcept {
     const TableMatrice& travail = matrices.matrice_travail;
     if (travail.lignes() != travail.colonnes()) {
-        Tente(kDeterminant, [] { moteur.l_texte_erreur = refus_bornes("matrice non carée "_fr); });
-        moteur.erreur_formule = true;
+        Tente(kDeterminant, [] { note_texte_erreur(refus_bornes("matrice non carée "_fr)); });
+        marque_erreur_formule();
         resultat = 0;
         return;
     }
@@ -369,8 +369,8 @@ void InversionMatrice() noexcept {
     TableMatrice& travail = matrices.matrice_travail;
     if (travail.lignes() != travail.colonnes()) {
         Tente(kInversion,
-              [] { moteur.l_texte_erreur = refus_bornes("matrice à inverser non carée "_fr); });
-        moteur.erreur_formule = true;
+              [] { note_texte_erreur(refus_bornes("matrice à inverser non carée "_fr)); });
+        marque_erreur_formule();
         return;
     }
     Expansion e;
@@ -378,7 +378,7 @@ void InversionMatrice() noexcept {
     if (e.determinant == 0) {
         // No error: the matrix goes on as it is, and an assignment copies it. Kept: see the oddities,
         // singular-inverse.
-        Tente(kInversion, [] { moteur.l_texte_erreur = "déterminant nul"_fr; });
+        Tente(kInversion, [] { note_texte_erreur(std::string("déterminant nul"_fr)); });
         return;
     }
     Tente(kInversion, [&] { inverse(travail, travail.lignes(), e); });

@@ -6,7 +6,7 @@
 
 #include "base/codepage.hpp"
 #include "platform/boxes.hpp"
-#include "state/context.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -32,7 +32,7 @@ std::string complete_groupes(std::string_view groupes, int virgules) {
 }  // namespace
 
 bool TestEffectif(std::string_view NomStat) {
-    const std::string& formule = moteur.p_formule;
+    const std::string& formule = formule_lue();
     const std::size_t ouvrante = formule.find('(');
     if (ouvrante == std::string::npos) return false;
     const std::size_t fermante = formule.find(')');
@@ -46,6 +46,6 @@ bool TestEffectif(std::string_view NomStat) {
     std::string nouvelle = formule.substr(0, ouvrante + 1);
     nouvelle += complete_groupes(groupes, NomStat.ends_with('X') ? 0 : 1);
     nouvelle.append(formule, fermante);
-    moteur.p_formule = std::move(nouvelle);
+    formule_lue() = std::move(nouvelle);
     return true;
 }

@@ -10,8 +10,9 @@
 #include "base/failure.hpp"
 #include "engine/number_text.hpp"
 #include "functions/functions.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -34,9 +35,9 @@ constexpr std::array<MultiplePi, 6> kMultiplesPi = {{{1, 4, "Pi/4"},
 // Text of a listed multiple of Pi without its sign, or an empty text. No tolerance: a value that
 // differs in its last bit is no multiple.
 std::string_view multiple_pi(double absolu) {
-    if (absolu < moteur.pi_valeur / 4 || absolu > 2 * moteur.pi_valeur) return {};
+    if (absolu < pi_valeur() / 4 || absolu > 2 * pi_valeur()) return {};
     for (const MultiplePi& m : kMultiplesPi)
-        if (absolu == m.facteur * moteur.pi_valeur / m.diviseur) return m.texte;
+        if (absolu == m.facteur * pi_valeur() / m.diviseur) return m.texte;
     return {};
 }
 

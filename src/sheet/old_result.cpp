@@ -10,9 +10,10 @@
 #include "base/number.hpp"
 #include "platform/boxes.hpp"
 #include "sheet/marks.hpp"
-#include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -58,7 +59,7 @@ bool refuse_controle(const std::string& formule) {
     if (controle == formule.end()) return false;
     montre_boite(std::string("code < 32 en colonne "_fr) +
                       chiffres(controle - formule.begin() + 1));
-    moteur.erreur_formule = true;
+    marque_erreur_formule();
     return true;
 }
 
@@ -86,7 +87,7 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
 }
 
 void prepare_formule(const std::string& texte) {
-    std::string& formule = moteur.p_formule;
+    std::string& formule = formule_lue();
     const std::string_view garde = sans_blancs(texte);
     constexpr char kCarreEcrit = "²"_fr[0];
     if (garde.find(kCarreEcrit) == npos) {

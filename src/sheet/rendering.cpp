@@ -12,10 +12,10 @@
 #include "sheet/marks.hpp"
 #include "sheet/matrix_text.hpp"
 #include "sheet/number_result.hpp"
-#include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -51,7 +51,7 @@ bool est_ligne_matrice(const std::string& formule) {
 }  // namespace
 
 void affiche_valeur(std::int16_t numero) noexcept {
-    const std::string& formule = moteur.p_formule;
+    const std::string& formule = formule_lue();
     if (TexteMarque(formule).contient(kMotTriStatX)) {
         Tente(kAfficheValeur, [&] {
             feuille.resultat_ligne(numero) = " = " + chiffres(borne_table_x());

@@ -14,7 +14,6 @@
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
 #include "state/pass_result.hpp"
-#include "state/sheet.hpp"
 #include "state/variables.hpp"
 
 namespace {
@@ -47,9 +46,9 @@ void recalcul() noexcept {
 
 void calcul_colonne() {
     if (port.texte.texte().empty()) return;
-    feuille.calcul_en_colonne = true;
+    note_calcul_en_colonne(true);
     recalcul();
-    feuille.calcul_en_colonne = false;
+    note_calcul_en_colonne(false);
     if (formule_en_erreur() || passe_refusee()) return;
     Total total = total_colonne(port.texte.texte());
     const std::size_t fin = total.texte.size();

@@ -21,6 +21,10 @@ void definit_variable(std::size_t rang, double valeur) {
     moteur.variable_definie[rang] = true;
 }
 
+std::string& formule_lue() { return moteur.p_formule; }
+
+double pi_valeur() { return moteur.pi_valeur; }
+
 bool formule_en_erreur() { return moteur.erreur_formule; }
 
 void pose_pi(double pi) { moteur.pi_valeur = pi; }

@@ -2,6 +2,7 @@
 #include "state/formula_error.hpp"
 
 #include <string>
+#include <utility>
 
 #include "platform/message.hpp"
 #include "state/context.hpp"
@@ -23,3 +24,7 @@ void affiche_erreur_formule(std::string_view texte) noexcept {
         moteur.l_symbole.clear();
     }
 }
+
+void note_texte_erreur(std::string texte) noexcept { moteur.l_texte_erreur = std::move(texte); }
+
+void marque_erreur_formule() noexcept { moteur.erreur_formule = true; }

@@ -28,6 +28,9 @@ std::string& resultat_bloc();
 // Notes that this pass has a result of statistics, of pairs or of single values.
 void note_statistiques(bool couples);
 
+// Says that the column calculation runs the pass, or that it no longer does.
+void note_calcul_en_colonne(bool en_colonne);
+
 // Puts a text after the line in calculation. Fails where no line is.
 void pose_resultat_courant(std::string_view texte);
 

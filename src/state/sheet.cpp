@@ -15,6 +15,8 @@ std::string& resultat_bloc() { return feuille.resultat_bloc; }
 
 void note_statistiques(bool couples) { (couples ? feuille.statxy_present : feuille.statx_present) = true; }
 
+void note_calcul_en_colonne(bool en_colonne) { feuille.calcul_en_colonne = en_colonne; }
+
 void pose_resultat_courant(std::string_view texte) { feuille.resultat_ligne(feuille.ligne_courante) = texte; }
 
 void efface_resultats() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 // Number of a letter: 1 for "A" to 26 for "Z"; other characters give other numbers.
 inline int rang_lettre(char c) { return static_cast<unsigned char>(c) - 'A' + 1; }
@@ -16,6 +17,12 @@ bool variable_definie(std::size_t rang);
 
 // Gives variable number `rang`, 1 to 26, a value in this pass.
 void definit_variable(std::size_t rang, double valeur);
+
+// The formula that is read, Windows-1252 capitals.
+std::string& formule_lue();
+
+// Pi, as the start has set it.
+double pi_valeur();
 
 // Whether an error or a failure marked the last evaluation.
 bool formule_en_erreur();

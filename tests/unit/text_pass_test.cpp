@@ -11,8 +11,9 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
-#include "state/context.hpp"
+#include "state/modes.hpp"
 #include "state/sheet.hpp"
+#include "state/variables.hpp"
 #include "unit/helpers.hpp"
 
 namespace {
@@ -123,8 +124,8 @@ TEST_CASE("text pass: the total is a new last line, and the value of Z") {
     const Total total = total_colonne(calcul.texte);
     CHECK(total.texte == "1+1 = 2\r\n2*5 = 10\r\nZ= 12");
     CHECK(total.resultat == " = 12");
-    CHECK(moteur.valeur_variable[26] == 12);
-    CHECK(moteur.variable_definie[26]);
+    CHECK(valeur_variable(26) == 12);
+    CHECK(variable_definie(26));
 }
 
 TEST_CASE("text pass: a full sheet has no room for a total") {

@@ -109,10 +109,6 @@ def main() -> int:
     with tempfile.TemporaryDirectory() as place:
         root = pathlib.Path(place)
         shutil.copytree(PROJECT / "src", root / "src")
-        baseline = PROJECT / "scripts/upward-includes.txt"
-        if baseline.is_file():
-            (root / "scripts").mkdir()
-            shutil.copy(baseline, root / "scripts")
         expect("the sources as they are", root, [])
         includes(root)
         circle(root, 2)

@@ -129,6 +129,7 @@ bool ouvre_ecran(char** argv) {
 
 }  // namespace
 
+[[maybe_unused]] Application& wxGetApp();   // the macro makes it, and clang asks who calls it
 wxIMPLEMENT_APP_NO_MAIN(Application);
 
 int main(int argc, char** argv) {

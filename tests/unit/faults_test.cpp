@@ -126,7 +126,9 @@ bool reprise_entiere(const std::string& contenu) {
 // Every file is an old or a new one, whole; those outside of the working folder are all there. Recovery
 // files come and go with the sheets.
 void verifie_fichiers(const Contenus& contenus, const std::set<std::string>& anciens) {
-    for (const auto& [chemin, fichier] : memoire.fichiers) {
+    for (const auto& entree : memoire.fichiers) {
+        const auto& chemin = entree.first;
+        const auto& fichier = entree.second;
         if (fichier.dossier) continue;
         CAPTURE(chemin);
         CAPTURE(fichier.contenu);

@@ -98,9 +98,10 @@ void pose_feuilles() {
 }
 
 void verifie_feuilles() {
-    for (const auto& [chemin, texte] : kFeuilles) {
+    for (const auto& feuille : kFeuilles) {
+        const auto& chemin = feuille.first;
         CAPTURE(chemin);
-        CHECK(lit_memoire(chemin) == std::optional(texte));
+        CHECK(lit_memoire(chemin) == std::optional(feuille.second));
     }
 }
 

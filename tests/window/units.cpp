@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/codepage.hpp"
@@ -15,13 +16,15 @@
 
 namespace {
 
+constexpr std::string_view kAccents = "été = 3\r\nœuvre à 5 €\r\n\r\n²"_fr;
+
 const std::vector<std::string> kFeuilles = {
     "",
     "A=3",
     "\r\n",
     "A=3\r\nB=4",
     "A=3\r\n\r\n\r\nB=4\r\n",
-    std::string("été = 3\r\nœuvre à 5 €\r\n\r\n²"_fr),
+    std::string(kAccents),
     std::string("\x81\x8D\x8F\x90\x9D\r\n\xFF\r\n"),
     std::string("a\tb\fc\r\n"),
     std::string("x\0y\r\nz", 6),

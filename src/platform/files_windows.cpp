@@ -24,7 +24,7 @@ namespace {
 
 constexpr DWORD kPartage = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t kCheminCourt = 240;   // characters that every call of the system takes
-constexpr int kEssais = 25;                 // of a replacement that another program holds up
+constexpr int kEssais = 100;                // of a replacement that another program holds up: two seconds
 constexpr DWORD kAttente = 20;              // milliseconds between two of them
 constexpr DWORD kQuotaDepasse = 1295;       // the system's number for a user's share of the disk
 constexpr DWORD kBloc = 1 << 16;            // bytes read or written by one call

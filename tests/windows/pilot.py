@@ -10,7 +10,7 @@ import subprocess
 import threading
 import time
 
-LIMIT = 20.0    # seconds that a wait may last
+LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 PAUSE = 0.02    # seconds between two looks
 
 # Identifiers of the controls, as scripts of a screen reader know them.

@@ -1,4 +1,4 @@
-// What stays of a line in front of an old result. Changes formule_ligne of `feuille`, p_formule and
+// What stays of a line in front of an old result. Changes the formula of the line, p_formule and
 // erreur_formule.
 #include "sheet/old_result.hpp"
 
@@ -12,7 +12,7 @@
 #include "sheet/marks.hpp"
 #include "state/formula_error.hpp"
 #include "state/matrices.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 #include "state/variables.hpp"
 
 namespace {
@@ -80,7 +80,7 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
         if (garde.size() != ligne.size()) ligne = std::string(garde);
     });
     Tente(kEffaceEgalite, [&] {
-        std::string& formule = feuille.formule_ligne(numero);
+        std::string& formule = formule_de(numero);
         formule.assign(ligne, 0, ligne.find('!'));
         correct = !refuse_controle(formule);
     });

@@ -29,7 +29,7 @@
 #include "shell/status.hpp"
 #include "shell/window.hpp"
 #include "state/modes.hpp"
-#include "state/sheet.hpp"
+#include "state/pass_result.hpp"
 #include "state/variables.hpp"
 
 namespace {
@@ -294,8 +294,8 @@ void demarre() noexcept {
     if (!ouverte) ouvre_sans_titre(pas);
     bool reprises = false;
     pas([&] { reprises = reprend_feuilles(ouverte && !pas.commande.empty()); });
-    pas([] { feuille.formule_ligne.redimensionne(1); });
-    pas([] { feuille.valeur_ligne.redimensionne(1); });
+    pas([] { prepare_formules(1); });
+    pas([] { prepare_valeurs(1); });
     pas([] { AfficheStatus(); });
     if (reprises) pas([] { dit_ligne_sous_curseur(); });
     oublie_changements();

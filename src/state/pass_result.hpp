@@ -2,6 +2,7 @@
 // that others give it to write. It stands in the tables of the sheet (state/sheet.hpp).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -33,6 +34,13 @@ void note_calcul_en_colonne(bool en_colonne);
 
 // Puts a text after the line in calculation. Fails where no line is.
 void pose_resultat_courant(std::string_view texte);
+
+// What is evaluated of a line: no old result, no comment. Fails where no line is.
+std::string& formule_de(std::int16_t numero);
+
+// Room for the formulas, and for the values, of so many lines.
+void prepare_formules(std::size_t lignes);
+void prepare_valeurs(std::size_t lignes);
 
 // Forgets the results of all lines.
 void efface_resultats();

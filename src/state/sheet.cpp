@@ -19,6 +19,11 @@ void note_calcul_en_colonne(bool en_colonne) { feuille.calcul_en_colonne = en_co
 
 void pose_resultat_courant(std::string_view texte) { feuille.resultat_ligne(feuille.ligne_courante) = texte; }
 
+std::string& formule_de(std::int16_t numero) { return feuille.formule_ligne(numero); }
+
+void prepare_formules(std::size_t lignes) { feuille.formule_ligne.redimensionne(lignes); }
+void prepare_valeurs(std::size_t lignes) { feuille.valeur_ligne.redimensionne(lignes); }
+
 void efface_resultats() {
     for (std::string& resultat : feuille.resultat_ligne) resultat.clear();
     for (double& valeur : feuille.valeur_ligne) valeur = 0;

@@ -9,8 +9,8 @@ def question(count):
 
 def overtaken(left, sheet):
     """Whether no question comes about these recovery files: the sheet's file has the text of each."""
-    saved = sheet.read_bytes().decode("cp1252").removesuffix("\r\n")
-    return all(head["nom"] and text.removesuffix("\r\n") == saved for head, text in left)
+    saved = sheet.read_bytes().decode("cp1252")
+    return all(head["nom"] and text + "\r\n" == saved for head, text in left)
 
 
 def asked_about(words, most):

@@ -116,7 +116,10 @@ class Program:
 
     def ready(self, text=None):
         """Waits until the user could type, and types a first text."""
-        wait(self.title, "the window")
+        try:
+            wait(self.title, "the window")
+        except Failed as error:
+            raise Failed(f"{error}; the program's end: {self.process.poll()}, its box: {self.box()!r}") from None
         wait(lambda: self.focus() == TXT, "the focus in the text")
         if text is not None:
             self.type(text)

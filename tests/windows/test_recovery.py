@@ -165,10 +165,14 @@ class Typist:
         words = wait(self.p.words_of_box, "the question")[0]
         if asked_about([words], len(left)):
             self.p.key("Alt+O")
-            wait(lambda: (self.p.words_of_box() or [""])[0] != words, "the end of the question")
-            words = (self.p.words_of_box() or [""])[0]
+            words = wait(lambda: self.after(words), "what follows the question")
         if "plus ancienne" in words:
             self.p.key("Entrée")
+
+    def after(self, words):
+        """What another box than that says, or the title of the window."""
+        now = (self.p.words_of_box() or [words])[0]
+        return now if now != words else self.p.title()
 
     def offered(self):
         """Starts the program and takes back what it offers: all lines that the user has then."""

@@ -150,18 +150,26 @@ static_assert(std::all_of(kFonctions.begin(), kFonctions.end(), [](const LigneFo
     return refuse == !f.domaine.mots.empty() && (!refuse || f.valeur.simple != nullptr);
 }), "a formula that refuses arguments says so in words");
 
+// The names alone, close together: a symbol is looked up among them all the time.
+constexpr auto kNoms = [] {
+    std::array<std::string_view, kNombreFonctions + 1> t{};
+    for (const LigneFonction& f : kFonctions) t[static_cast<std::size_t>(f.numero)] = f.nom;
+    return t;
+}();
+
 // For each first character, the rows with that name in ascending order, closed by 0: the search by
 // equality looks at these alone.
 constexpr auto kRangsParLettre = [] {
-    std::array<std::array<std::int16_t, 16>, 256> t{};
+    std::array<std::array<std::int8_t, 16>, 256> t{};
     for (const LigneFonction& f : kFonctions) {
         auto& rangs = t[static_cast<unsigned char>(f.nom[0])];
         std::size_t n = 0;
         while (rangs[n] != 0) ++n;
-        rangs[n] = f.numero;
+        rangs[n] = static_cast<std::int8_t>(f.numero);
     }
     return t;
 }();
+static_assert(kNombreFonctions <= 127, "each function has a rank that fits the table of first letters");
 
 // The names that a symbol may have in it, in capitals.
 struct Milieu {
@@ -198,9 +206,9 @@ int nom_au_milieu(std::string_view symbole) {
 const LigneFonction& ligne_fonction(int rang) { return kFonctions[static_cast<std::size_t>(rang) - 1]; }
 
 int fonction_nommee(std::string_view symbole) {
-    for (const std::int16_t rang : kRangsParLettre[static_cast<unsigned char>(symbole[0])]) {
+    for (const std::int8_t rang : kRangsParLettre[static_cast<unsigned char>(symbole[0])]) {
         if (rang == 0) break;
-        if (symbole == ligne_fonction(rang).nom) return rang;
+        if (symbole == kNoms[static_cast<std::size_t>(rang)]) return rang;
     }
     return nom_au_milieu(symbole);
 }

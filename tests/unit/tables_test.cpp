@@ -282,6 +282,6 @@ TEST_CASE("menus: every item keeps its number in the window") {
         REQUIRE(ligne_numero(numero) != nullptr);
         CHECK(ligne_numero(numero++)->nom == nom);
     }
-    CHECK(ligne_numero(numero) == nullptr);
+    CHECK(ligne_numero(static_cast<int>(lignes_menu().size())) == nullptr);   // the next free one
     CHECK(ligne_numero(-1) == nullptr);
 }

@@ -2,6 +2,7 @@
 how long anything takes: after each key the program is asked whether it has dealt with it, what comes
 later still is waited for, and only a program that hangs reaches the limit."""
 import faulthandler
+import functools
 import os
 import pathlib
 import shutil
@@ -15,7 +16,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 from screen import Screen  # noqa: E402
-from shared import cpu_seconds  # noqa: E402
+from shared import Failed, cpu_seconds, until_same  # noqa: E402
 
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 
@@ -40,10 +41,6 @@ BOXES = ("dialog", "alert", "file chooser", "font chooser", "color chooser")
 Atspi.set_timeout(int(LIMIT * 1000), int(LIMIT * 1000))
 
 
-class Failed(AssertionError):
-    """What was expected did not come."""
-
-
 class LeftOut(Exception):
     """The machine doesn't permit what the case needs. The test then ends as skipped, not as passed."""
 
@@ -65,18 +62,7 @@ def wait(condition, what, limit=LIMIT):
     raise Failed(f"waited {limit} s for {what}; last seen: {last!r}")
 
 
-def wait_same(look, expected, what):
-    """Waits until `look` gives what is expected."""
-    seen = None
-
-    def found():
-        nonlocal seen
-        seen = look()
-        return seen == expected
-    try:
-        wait(found, what)
-    except Failed:
-        raise Failed(f"{what}: {seen!r}, expected {expected!r}") from None
+wait_same = functools.partial(until_same, wait)   # waits until `look` gives what is expected
 
 
 def busy(pid, seconds=1.0):

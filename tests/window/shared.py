@@ -1,8 +1,27 @@
-"""What the tests of the window share on both systems: faults that don't end a test, the work of a process."""
+"""What the tests of the window share on both systems: faults that end a test and those that don't, a wait for a
+value, the work of a process."""
 import os
 import pathlib
 
 failures = []
+
+
+class Failed(AssertionError):
+    """What was expected did not come."""
+
+
+def until_same(wait, look, expected, what):
+    """Waits, the way of that system, until `look` gives what is expected."""
+    seen = None
+
+    def found():
+        nonlocal seen
+        seen = look()
+        return seen == expected
+    try:
+        wait(found, what)
+    except Failed:
+        raise Failed(f"{what}: {seen!r}, expected {expected!r}") from None
 
 
 def check(condition, what):

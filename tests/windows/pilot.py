@@ -1,6 +1,7 @@
 """Drives VOXTAB.EXE under Wine with key events, looks at it through window messages (probe.exe) and
 hears it as a screen reader does (listener.exe). Every wait has a time limit and ends as soon as what
 is waited for is there."""
+import functools
 import json
 import os
 import pathlib
@@ -9,6 +10,8 @@ import shutil
 import subprocess
 import threading
 import time
+
+from shared import Failed, until_same
 
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 PAUSE = 0.02    # seconds between two looks
@@ -24,10 +27,6 @@ KEYS = {"Ctrl": "Control_L", "Maj": "Shift_L", "Alt": "Alt_L", "AltGr": "108",  
         "Espace": "space"}
 
 
-class Failed(AssertionError):
-    """What was expected did not come."""
-
-
 def wait(condition, what, limit=LIMIT):
     """Waits until `condition` gives something true, and returns it."""
     end = time.monotonic() + limit
@@ -40,18 +39,7 @@ def wait(condition, what, limit=LIMIT):
         time.sleep(PAUSE)
 
 
-def wait_same(look, expected, what):
-    """Waits until `look` gives what is expected."""
-    seen = None
-
-    def found():
-        nonlocal seen
-        seen = look()
-        return seen == expected
-    try:
-        wait(found, what)
-    except Failed:
-        raise Failed(f"{what}: {seen!r}, expected {expected!r}") from None
+wait_same = functools.partial(until_same, wait)   # waits until `look` gives what is expected
 
 
 def expect(condition, what):

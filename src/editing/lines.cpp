@@ -86,6 +86,12 @@ Etendue etendue_ligne(std::string_view texte, std::int32_t numero) {
 
 Etendue etendue_ligne(std::int32_t numero) { return etendue_ligne(port.texte.texte(), numero); }
 
+Etendue etendue_autour(std::string_view texte, std::size_t position) {
+    const std::size_t paire = position == 0 ? std::string_view::npos : texte.rfind("\r\n", position - 1);
+    const std::size_t debut = paire == std::string_view::npos ? 0 : paire + 2;
+    return {debut, std::min(texte.find("\r\n", debut), texte.size())};
+}
+
 void SurNumero(std::int32_t numero) {
     const std::size_t debut = debut_ligne(port.texte.texte(), numero);
     if (debut > 0) port.texte.pose_selection(debut - 1, 0);

@@ -30,6 +30,10 @@ struct Etendue {
 Etendue etendue_ligne(std::int32_t numero);
 Etendue etendue_ligne(std::string_view texte, std::int32_t numero);   // the same in `texte`
 
+// Extent of the line that holds a position (from 0); between the two characters of a line end it is the line
+// below.
+Etendue etendue_autour(std::string_view texte, std::size_t position);
+
 // Puts the cursor on the line `numero`, from 1: between the two characters of the line end in front of it,
 // which all procedures here take for the line itself (kept: see the oddities, cursor-in-the-line-end). Line
 // 1 and a line that doesn't exist leave the cursor where it is.

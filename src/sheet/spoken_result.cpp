@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/codepage.hpp"
+#include "editing/lines.hpp"
 #include "sheet/old_result.hpp"
 #include "state/sheet.hpp"
 
@@ -16,19 +17,6 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr std::size_t kInconnue = npos;
 
-// Extent of a line in bytes from 0, its line end not included.
-struct Ligne {
-    std::size_t debut;
-    std::size_t fin;
-};
-
-// The line of the cursor; between carriage return and line feed it is on the line below.
-Ligne ligne_de(std::string_view texte, std::size_t curseur) {
-    const std::size_t avant = curseur == 0 ? npos : texte.rfind("\r\n", curseur - 1);
-    const std::size_t debut = avant == npos ? 0 : avant + 2;
-    return {debut, std::min(texte.find("\r\n", debut), texte.size())};
-}
-
 // True when a line of `texte` can end at `position`.
 bool est_fin(std::string_view texte, std::size_t position) {
     return position == texte.size() || texte.substr(position).starts_with("\r\n");
@@ -36,7 +24,7 @@ bool est_fin(std::string_view texte, std::size_t position) {
 
 // Number, from 0, of the line in the text of the last pass that stands unchanged in the present text: all
 // above it or all below it is as it was. kInconnue when it is not one of the pass.
-std::size_t ligne_ecrite(std::string_view actuel, const Ligne& ligne) {
+std::size_t ligne_ecrite(std::string_view actuel, const Etendue& ligne) {
     const std::string_view ancien = feuille.texte_ecrit;
     if (feuille.colonne_resultat.empty()) return kInconnue;
     if (ancien.starts_with(actuel.substr(0, ligne.fin)) && est_fin(ancien, ligne.fin))
@@ -68,7 +56,7 @@ std::string_view resultat_lu(std::string_view ligne) {
 }  // namespace
 
 std::string_view resultat_sous_curseur(std::string_view texte, std::size_t curseur) {
-    const Ligne ligne = ligne_de(texte, std::min(curseur, texte.size()));
+    const Etendue ligne = etendue_autour(texte, std::min(curseur, texte.size()));
     const std::string_view mots = texte.substr(ligne.debut, ligne.fin - ligne.debut);
     const std::size_t numero = ligne_ecrite(texte, ligne);
     return numero == kInconnue ? resultat_lu(mots) : resultat_ecrit(mots, numero);

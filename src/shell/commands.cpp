@@ -16,6 +16,7 @@
 #include "editing/search.hpp"
 #include "editing/words.hpp"
 #include "platform/message.hpp"
+#include "shell/brackets.hpp"
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/help_mode.hpp"
@@ -182,6 +183,10 @@ constexpr auto kItems = std::to_array<LigneCommande>({
      .refus = kRienARetablir, .execute = retablit},
     {.numero = 46, .menu = kOutils, .nom = kItemSon, .libelle = "Son à la fin du calcul"_fr,
      .raccourci = ctrl(kToucheF8), .mots_aide = "son à la fin du calcul"_fr, .execute = mnuSonItem},
+
+    {.numero = 55, .menu = kOutils, .nom = "mnuParentheseItem",
+     .libelle = "Parenthèse correspondante"_fr, .raccourci = ctrl('B'),
+     .mots_aide = "parenthèse correspondante"_fr, .execute = mnuParentheseItem},
 
     {.numero = 47, .menu = kAide, .nom = "mnuAideToucheItem",
      .libelle = "&Aide mémoire des touches"_fr, .raccourci = seule(kToucheF1),

@@ -184,6 +184,11 @@ double prefixe_numerique(std::string_view texte) {
     return p.negatif ? -valeur : valeur;
 }
 
+std::size_t longueur_prefixe(std::string_view texte) {
+    const Prefixe p = decoupe(texte);
+    return p.fin == p.debut ? 0 : p.fin;
+}
+
 std::string texte_general(double x) {
     if (x == 0) return "0";
     if (std::isnan(x)) return "NAN";   // never with a sign

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@
 // with at most one ".", then "E" or "D" with an optional sign when a digit follows. 0 when nothing
 // reads, and for a value too small. Raises failure 6 for a value too large.
 double prefixe_numerique(std::string_view texte);
+
+// Characters of `texte` that take part in that value; 0 when nothing reads.
+std::size_t longueur_prefixe(std::string_view texte);
 
 // General text: C's %.15G. Zero and minus zero are "0".
 std::string texte_general(double x);

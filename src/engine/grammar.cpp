@@ -13,6 +13,7 @@
 #include "base/maths.hpp"
 #include "base/number.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/notes.hpp"
 #include "engine/operations.hpp"
 #include "engine/reader.hpp"
 #include "platform/patience.hpp"
@@ -64,6 +65,16 @@ bool range_nombre() {
     moteur.valeur_variable[rang] = moteur.l_valeur_expression;
     moteur.variable_definie[rang] = true;
     return true;
+}
+
+// Notes which variable or matrix the value is given to; the "=" stands at `place`.
+void note_affectation(std::int32_t place) {
+    if (moteur.releve == nullptr) return;
+    const bool matrice = moteur.l_matrice != ' ' && moteur.l_var == 0;
+    const int cible = matrice ? -rang_lettre(moteur.l_matrice) : moteur.l_var;
+    moteur.releve->affectee = static_cast<std::int16_t>(cible);
+    note_operation(GenreNoeud::egale, 2, place, moteur.l_valeur_expression,
+                   matrice ? SorteCalcul::matrices : SorteCalcul::nombres, cible);
 }
 
 // Stores the work matrix in the matrix read first. The letter is marked as defined also when the
@@ -118,10 +129,24 @@ void combine_bits(char operateur) {
     });
 }
 
+// The node of a sign in front of an expression.
+GenreNoeud genre_signe(char signe) {
+    if (signe == '!') return GenreNoeud::complement;
+    return signe == '-' ? GenreNoeud::moins_unaire : GenreNoeud::plus_unaire;
+}
+
+// The node of a step of a sum.
+GenreNoeud genre_somme(char operateur, bool pourcent) {
+    if (operateur == '+') return pourcent ? GenreNoeud::plus_pourcent : GenreNoeud::plus;
+    if (operateur == '-') return pourcent ? GenreNoeud::moins_pourcent : GenreNoeud::moins;
+    return operateur == 'O' ? GenreNoeud::ou : GenreNoeud::oux;
+}
+
 // The sign in front of an expression, then its first term.
 void lis_premier_terme() {
     const char signe = tete_symbole();
     if (signe == '+' || signe == '-' || signe == '!') {
+        const std::int32_t place = place_symbole();
         lis_symbole();
         compile_terme();
         Tente(kCompileExpression, [&] {
@@ -129,6 +154,7 @@ void lis_premier_terme() {
                                          : signe == '-' ? -moteur.l_valeur_terme
                                                         : moteur.l_valeur_terme;
         });
+        note_operation(genre_signe(signe), 1, place, moteur.l_valeur_expression);
     } else {
         compile_terme();
         moteur.l_valeur_expression = moteur.l_valeur_terme;
@@ -137,17 +163,29 @@ void lis_premier_terme() {
 
 // "*" between numbers, between a number and a matrix, and, at the very end of the formula, between
 // two matrices. A matrix operand has the value 0, so the number is the side that is not 0.
-void multiplie(double& l_terme) {
+// Answers what was multiplied.
+SorteCalcul multiplie(double& l_terme) {
     const double exposant = moteur.l_valeur_exposant;
     if (produit_par_nombre()) {
         double nombre = l_terme != 0 ? l_terme : exposant;
         operations.produit_par_nombre(nombre);
-    } else if (moteur.flag_travail && moteur.flag_travail2) {
+        return SorteCalcul::matrice_par_nombre;
+    }
+    if (moteur.flag_travail && moteur.flag_travail2) {
         operations.multiplication();
         moteur.flag_travail2 = false;
-    } else {
-        Tente(kCompileTerme, [&] { range(l_terme, l_terme * exposant, l_terme, exposant); });
+        return SorteCalcul::matrices;
     }
+    Tente(kCompileTerme, [&] { range(l_terme, l_terme * exposant, l_terme, exposant); });
+    return SorteCalcul::nombres;
+}
+
+// AND on 32-bit integers.
+void combine_et(double& l_terme) {
+    note_trait(kTraitBits);
+    Tente(kCompileTerme, [&] {
+        l_terme = vers_32_tronque(l_terme) & vers_32_tronque(moteur.l_valeur_exposant);
+    });
 }
 
 void divise(double& l_terme) {
@@ -187,14 +225,27 @@ bool debut_operande(char c) {
            c == "œ"_fr[0];
 }
 
+// Reports a symbol that can't begin a factor.
 void refuse_symbole() {
-    std::string texte("attend fact: k, var, (: '"_fr);
-    affiche_erreur_formule(texte += moteur.l_symbole);   // kept: see the oddities, open-quote
+    Tente(kCompileFacteur, [] {
+        std::string texte("attend fact: k, var, (: '"_fr);
+        affiche_erreur_formule(texte += moteur.l_symbole);   // kept: see the oddities, open-quote
+    });
+    note_operande();
+}
+
+// An operand: its value is there. Reading the next symbol may overwrite it: in "2 3" the 3 wins. Kept: see the
+// oddities, last-number-wins.
+void lis_operande() {
+    note_operande();
+    lis_symbole();
+    note_remplacement();
 }
 
 // "(" expression ")", the running sum outside kept in a local.
 void lis_parenthese() {
     const double garde = moteur.l_valeur_expression;
+    const std::int32_t place = place_symbole();
     lis_symbole();
     Tente(kCompileFacteur, [] {
         if (!reste_pile()) echoue(kPile);
@@ -206,6 +257,33 @@ void lis_parenthese() {
         lis_symbole();
     else
         affiche_erreur_formule("manque )"_fr);
+    note_operation(GenreNoeud::parenthese, 1, place, moteur.l_valeur);
+    note_remplacement();
+}
+
+// Applies the operator at `place` to the sum so far and the term just read. Answers false when the expression
+// ends at once.
+bool applique_operateur(char operateur, std::int32_t place) {
+    const bool pourcent = symbole_est("%");
+    const SorteCalcul sorte = contexte_matrice() ? SorteCalcul::matrices : SorteCalcul::nombres;
+    bool continue_ici = true;
+    if (pourcent)
+        applique_pourcentage(operateur);
+    else if (operateur != '+' && operateur != '-')
+        combine_bits(operateur);
+    else
+        continue_ici = ajoute_terme(operateur);
+    note_operation(genre_somme(operateur, pourcent), 2, place, moteur.l_valeur_expression, sorte);
+    if (pourcent) note_trait(kTraitPourcent);
+    if (operateur != '+' && operateur != '-') note_trait(kTraitBits);
+    return continue_ici;
+}
+
+// Reads the term of a step of a sum, and whether the sum so far has come through it.
+void lis_terme() {
+    const double somme = moteur.l_valeur_expression;
+    compile_terme();
+    note_perte(kTraitSommePerdue, somme, moteur.l_valeur_expression);
 }
 
 }  // namespace
@@ -225,8 +303,10 @@ double evalue_formule() noexcept {
         moteur.p_formule += '@';
     });
     if (!prete) return 0;
+    if (moteur.releve != nullptr) [[unlikely]] vide_releve(*moteur.releve);
     lis_symbole();
     compile_egalite();
+    if (moteur.releve != nullptr) [[unlikely]] releve_fin();
     return moteur.l_valeur_egalite;
 }
 
@@ -245,10 +325,12 @@ void compile_egalite() noexcept {
     compile_expression();
     cible.remet();
     if (tete_symbole() == '=') {
+        const std::int32_t place = place_symbole();
         lis_symbole();
         cible.remet();
         compile_expression();
         cible.remet();
+        note_affectation(place);
         if (moteur.l_matrice == ' ' || moteur.l_var != 0) {
             if (!range_nombre()) return;
         } else {
@@ -263,14 +345,10 @@ void compile_expression() noexcept {
     for (;;) {
         const char operateur = tete_symbole();
         if (operateur != '+' && operateur != '-' && !symbole_est("OR") && !symbole_est("XOR")) return;
+        const std::int32_t place = place_symbole();
         lis_symbole();
-        compile_terme();
-        if (symbole_est("%"))
-            applique_pourcentage(operateur);
-        else if (operateur != '+' && operateur != '-')
-            combine_bits(operateur);
-        else if (!ajoute_terme(operateur))
-            return;
+        lis_terme();
+        if (!applique_operateur(operateur, place)) return;
     }
 }
 
@@ -280,16 +358,19 @@ void compile_terme() noexcept {
     for (;;) {
         const char operateur = tete_symbole();
         if (operateur != '*' && operateur != '/' && !symbole_est("AND")) break;
+        const std::int32_t place = place_symbole();
         lis_symbole();
         compile_exposant();
-        if (operateur == '*')
-            multiplie(l_terme);
-        else if (operateur == '/')
+        if (operateur == '*') {
+            const SorteCalcul sorte = multiplie(l_terme);
+            note_operation(GenreNoeud::fois, 2, place, l_terme, sorte);
+        } else if (operateur == '/') {
             divise(l_terme);
-        else
-            Tente(kCompileTerme, [&] {
-                l_terme = vers_32_tronque(l_terme) & vers_32_tronque(moteur.l_valeur_exposant);
-            });
+            note_operation(GenreNoeud::divise, 2, place, l_terme);
+        } else {
+            combine_et(l_terme);
+            note_operation(GenreNoeud::et, 2, place, l_terme);
+        }
     }
     moteur.l_valeur_terme = l_terme;
 }
@@ -298,16 +379,21 @@ void compile_exposant() noexcept {
     compile_not();
     double p = moteur.l_valeur_not;
     while (tete_symbole() == '^') {
+        const std::int32_t place = place_symbole();
         lis_symbole();
         compile_not();
         double e = moteur.l_valeur_not;
+        note_trait(kTraitPuissance);
         if (moteur.flag_travail && !moteur.flag_travail2) {
             operations.puissance(e);
+            note_operation(GenreNoeud::puissance, 2, place, 0, SorteCalcul::matrices);
         } else if (moteur.flag_travail2) {
             affiche_erreur_formule("une seule matrice en puissance"_fr);
+            note_operation(GenreNoeud::puissance, 2, place, p, SorteCalcul::matrices);
             return;
         } else {
             eleve(p, e);
+            note_operation(GenreNoeud::puissance, 2, place, p);
         }
     }
     moteur.l_valeur_exposant = p;
@@ -319,22 +405,23 @@ void compile_not() noexcept {
         moteur.l_valeur_not = moteur.l_valeur_facteur;
         return;
     }
+    const std::int32_t place = place_symbole();
     lis_symbole();
     compile_facteur();
     Tente(kCompileNot, [] { moteur.l_valeur_not = ~vers_32_tronque(moteur.l_valeur_facteur); });
+    note_operation(GenreNoeud::non, 1, place, moteur.l_valeur_not);
+    note_trait(kTraitNon);
 }
 
 void compile_facteur() noexcept {
     if (test_fonction())
         moteur.l_valeur = operations.appelle_fonction();
     else if (debut_operande(tete_symbole()))
-        // Reading the next symbol may overwrite l_valeur: in "2 3" the 3 wins. Kept: see the oddities,
-        // last-number-wins.
-        lis_symbole();
+        lis_operande();
     else if (symbole_est("("))
         lis_parenthese();
     else
-        Tente(kCompileFacteur, [] { refuse_symbole(); });
+        refuse_symbole();
     moteur.l_valeur_facteur = moteur.l_valeur;
 }
 
@@ -357,9 +444,12 @@ bool lis_argument(double& registre) noexcept {
         return false;
     }
     const std::int16_t garde = moteur.type_f;
+    const double argument1 = moteur.l_argument1, argument2 = moteur.l_argument2;
     lis_symbole();
     registre = Compile_un_argument();
     moteur.type_f = garde;
+    if (&registre != &moteur.l_argument1) note_perte(kTraitArgumentPerdu, argument1, moteur.l_argument1);
+    if (&registre == &moteur.l_argument3) note_perte(kTraitArgumentPerdu, argument2, moteur.l_argument2);
     return true;
 }
 

@@ -19,10 +19,6 @@ namespace {
 
 constexpr Procedure kLisIdentificateur{" sur lis_identificateur"_fr, true};
 
-bool est_mot_operateur(const std::string& symbole) {
-    return symbole == "OR" || symbole == "XOR" || symbole == "AND" || symbole == "NOT";
-}
-
 // True when the formula starts with `tete` and "=": it assigns to that name, wherever the name read
 // now stands. A blank in front of the "=" breaks the rule.
 bool formule_affecte(char lettre) {
@@ -110,6 +106,10 @@ void lis_variable() {
 
 }  // namespace
 
+bool est_mot_operateur(std::string_view symbole) {
+    return symbole == "OR" || symbole == "XOR" || symbole == "AND" || symbole == "NOT";
+}
+
 void lis_identificateur() noexcept {
     moteur.l_var = static_cast<std::int16_t>(rang_lettre(moteur.l_symbole[0]));
     moteur.l_matrice = ' ';
@@ -128,6 +128,23 @@ void razVar() {
     std::fill(moteur.variable_definie.begin() + 1, moteur.variable_definie.end(), false);
     efface_resultats();
     moteur.matrice_definie.fill(false);
+}
+
+void prepare_formule(std::string_view texte) {
+    std::string& formule = moteur.p_formule;
+    const std::string_view garde = sans_blancs(texte);
+    constexpr char kCarreEcrit = "²"_fr[0];
+    if (garde.find(kCarreEcrit) == std::string_view::npos) {
+        range_capitales(formule, garde);
+        return;
+    }
+    formule.clear();
+    for (const char c : garde) {
+        if (c == kCarreEcrit)
+            formule += "^2";
+        else
+            formule += capitale(c);
+    }
 }
 
 void TestVariable() {

@@ -13,6 +13,7 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/notes.hpp"
 #include "engine/number_text.hpp"
 #include "engine/operations.hpp"
 #include "state/context.hpp"
@@ -61,11 +62,13 @@ std::size_t coupe_symbole() {
     } else {
         moteur.l_symbole.assign(formule, debut, fin - debut);
     }
+    note_symbole(debut + 1, fin);
     return fin + 1;
 }
 
 // Appends the parts of an exponent cut by the separators "+" and "-" to the number in l_symbole.
 void joint_exposant() {
+    const std::int32_t debut = place_symbole();
     std::string garde = moteur.l_symbole;
     p_lis_symbole();
     garde += moteur.l_symbole;
@@ -74,6 +77,7 @@ void joint_exposant() {
         garde += moteur.l_symbole;
     }
     moteur.l_symbole = std::move(garde);
+    note_symbole_joint(debut);
 }
 
 }  // namespace

@@ -2,12 +2,14 @@
 #include "functions/call.hpp"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
+#include "engine/notes.hpp"
 #include "engine/reader.hpp"
 #include "functions/formulas.hpp"
 #include "functions/table.hpp"
@@ -56,29 +58,40 @@ Fin calcule(const LigneFonction& f, double& resultat) {
     return f.lecture == Lecture::groupes ? Fin::immediate : fin;   // they have read their own bracket
 }
 
-}  // namespace
-
-double compile_f() noexcept {
-    const std::int16_t fonction = moteur.type_f;
-    const LigneFonction& ligne = ligne_fonction(fonction);
+// Reads the brackets and what stands in them, and computes. Leaves the place of the "(" in `parenthese`.
+double lis_appel(const LigneFonction& ligne, std::int32_t& parenthese) {
     double resultat = 0;
-    if (ligne.lecture == Lecture::nom_seul) {
-        ligne.valeur.procedure(0, resultat);
-        lis_symbole();
-        return resultat;
-    }
     lis_symbole();
     if (moteur.l_symbole != "(") {
         affiche_erreur_formule("Manque une ("_fr);
         return 0;
     }
+    parenthese = place_symbole();
     lis_symbole();
     moteur.l_valeur = Compile_un_argument();
-    moteur.type_f = fonction;
+    moteur.type_f = ligne.numero;
     if (calcule(ligne, resultat) == Fin::immediate) return resultat;
     if (moteur.l_symbole == ")")
         lis_symbole();
     else
         affiche_erreur_formule("manque )"_fr);
+    return resultat;
+}
+
+}  // namespace
+
+double compile_f() noexcept {
+    const LigneFonction& ligne = ligne_fonction(moteur.type_f);
+    const std::int32_t debut = place_symbole();
+    const std::size_t parts = parts_relevees();
+    std::int32_t parenthese = 0;
+    double resultat = 0;
+    if (ligne.lecture == Lecture::nom_seul) {
+        ligne.valeur.procedure(0, resultat);
+        lis_symbole();
+    } else {
+        resultat = lis_appel(ligne, parenthese);
+    }
+    note_appel(ligne.numero, debut, parenthese, parts, resultat);
     return resultat;
 }

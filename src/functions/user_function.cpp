@@ -81,6 +81,7 @@ void fon(double valeur, double& resultat) noexcept {
     if (appels_finis()) return;
     Registres& registres = moteur;
     Registres appelant = std::move(registres);
+    Releve* const releve = std::exchange(moteur.releve, nullptr);   // the record is that of the line
     ++moteur.appels_fon;
     Tente(kMotsFon, [] {
         moteur.p_formule = moteur.nom_fonction;
@@ -88,5 +89,6 @@ void fon(double valeur, double& resultat) noexcept {
     });
     resultat = evalue_formule();
     registres = std::move(appelant);
+    moteur.releve = releve;
     if (--moteur.appels_fon == 0) moteur.appels_epuises = false;
 }

@@ -1,4 +1,4 @@
-// What stays of a line in front of an old result. Changes the formula of the line, p_formule and
+// What stays of a line in front of an old result. Changes the formula of the line, and
 // erreur_formule.
 #include "sheet/old_result.hpp"
 
@@ -84,21 +84,4 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
         formule.assign(ligne, 0, ligne.find('!'));
         correct = !refuse_controle(formule);
     });
-}
-
-void prepare_formule(const std::string& texte) {
-    std::string& formule = formule_lue();
-    const std::string_view garde = sans_blancs(texte);
-    constexpr char kCarreEcrit = "²"_fr[0];
-    if (garde.find(kCarreEcrit) == npos) {
-        range_capitales(formule, garde);
-        return;
-    }
-    formule.clear();
-    for (const char c : garde) {
-        if (c == kCarreEcrit)
-            formule += "^2";
-        else
-            formule += capitale(c);
-    }
 }

@@ -1,5 +1,5 @@
 // The result that an earlier pass wrote after a line: where it begins, and the line without it, as the engine
-// wants it. Changes formule_ligne of `feuille`, p_formule and erreur_formule.
+// wants it. Changes formule_ligne of `feuille` and erreur_formule.
 #pragma once
 
 #include <cstddef>
@@ -13,6 +13,3 @@ void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexc
 // Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the
 // echo of a statistics result, a line without a result.
 std::size_t fin_gardee(const std::string& ligne);
-
-// Puts a line's text into p_formule the way the engine wants it: "²" as "^2", capitals, trimmed.
-void prepare_formule(const std::string& texte);

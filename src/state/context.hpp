@@ -35,8 +35,11 @@ struct Registres {
     double l_argument3 = 0;
 };
 
+struct Releve;   // state/reading.hpp
+
 // The error flag and text are no registers: an inner evaluation clears those of the formula around it.
 struct Moteur : Registres {
+    Releve* releve = nullptr;            // takes what is read, where somebody asks for it; usually nobody does
     std::string_view l_separateurs;      // separator characters, set by each evaluation
     bool erreur_formule = false;         // an error or a failure marked this evaluation
     std::string l_texte_erreur;          // last error told in words, Windows-1252; "" for none

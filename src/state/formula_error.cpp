@@ -6,10 +6,12 @@
 
 #include "platform/message.hpp"
 #include "state/context.hpp"
+#include "state/reading.hpp"
 
 void affiche_erreur_formule(std::string_view texte) noexcept {
     if (moteur.definition_fonction_active) return;
     moteur.erreur_formule = true;
+    if (moteur.releve != nullptr) note_faute(*moteur.releve, texte);
     try {
         const std::string copie(texte);   // the text may stand in l_symbole, which is about to go
         moteur.l_symbole = "0";

@@ -1,10 +1,29 @@
 // The message line. Changes `ligne_message` and calls the port's label once per message.
 #include "platform/message.hpp"
 
+#include <cstddef>
+
 #include "base/codepage.hpp"
 #include "platform/platform.hpp"
 
 LigneMessage ligne_message;
+
+namespace {
+
+constexpr std::size_t kDitsMaxi = 8;   // of one event, no more than two are told
+
+// Keeps a text for who asks what was said. Without memory for it, it is said all the same.
+void retient(std::string_view texte) noexcept {
+    try {
+        std::vector<std::string>& dits = ligne_message.dits;
+        if (dits.size() >= kDitsMaxi) dits.erase(dits.begin());
+        dits.emplace_back(texte);
+    } catch (...) {
+        ligne_message.dits.clear();
+    }
+}
+
+}  // namespace
 
 void message(std::string& p_message) {
     std::string& dernier = ligne_message.dernier_message;
@@ -13,6 +32,7 @@ void message(std::string& p_message) {
     if (dernier == p_message) p_message = " " + p_message + "  ";
     dernier = p_message;
     ligne_message.LblMessage = p_message;
+    retient(p_message);
     port.message.etiquette(p_message);
 }
 
@@ -21,4 +41,7 @@ void dit(std::string_view texte) {
     message(copie);
 }
 
-void souffle(std::string_view texte) { port.message.annonce(texte); }
+void souffle(std::string_view texte) {
+    retient(texte);
+    port.message.annonce(texte);
+}

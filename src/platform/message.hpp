@@ -4,10 +4,12 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct LigneMessage {
     std::string dernier_message;     // text last put into the label
     std::string LblMessage;          // caption of the label
+    std::vector<std::string> dits;   // texts since they were last taken, told words too; the last ones alone
 };
 extern LigneMessage ligne_message;
 

@@ -33,13 +33,14 @@ bool lu_de_toute_facon(std::string_view mots, const Lecture& lecture) {
 
 }  // namespace
 
-void note_annonce(std::string_view utf8) {
-    std::vector<std::string>& attente = annonces.attente;
-    const std::string_view mots = sans_blancs(utf8);
+void retient_annonce(std::vector<std::string>& attente, std::string_view texte) {
+    const std::string_view mots = sans_blancs(texte);
     while (!attente.empty() && finit_par(mots, sans_blancs(attente.back()))) attente.pop_back();
-    attente.emplace_back(utf8);
+    attente.emplace_back(texte);
     if (attente.size() > kAuPlus) attente.erase(attente.begin());
 }
+
+void note_annonce(std::string_view utf8) { retient_annonce(annonces.attente, utf8); }
 
 std::vector<std::string> prend_annonces(const Lecture& lecture) {
     std::vector<std::string> dites;

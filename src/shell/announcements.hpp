@@ -20,8 +20,11 @@ struct Lecture {
     std::string titre;   // the new title of the window, where a reader reads it; "" when it is the old one
 };
 
-// Notes a message, or words beside the message line. What it repeats word for word at its end gives way
-// to it; of more than two the first goes.
+// Adds a text to those of one event that are told. What it repeats word for word at its end gives way to it;
+// of more than two the first goes.
+void retient_annonce(std::vector<std::string>& attente, std::string_view texte);
+
+// Notes a message, or words beside the message line, among those of its event.
 void note_annonce(std::string_view utf8);
 
 // The texts to tell now, and nothing waits any more. An empty message on an empty line is told as

@@ -19,6 +19,7 @@
 #include "shell/brackets.hpp"
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
+#include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
 #include "shell/options.hpp"
@@ -183,10 +184,12 @@ constexpr auto kItems = std::to_array<LigneCommande>({
      .refus = kRienARetablir, .execute = retablit},
     {.numero = 46, .menu = kOutils, .nom = kItemSon, .libelle = "Son à la fin du calcul"_fr,
      .raccourci = ctrl(kToucheF8), .mots_aide = "son à la fin du calcul"_fr, .execute = mnuSonItem},
-
     {.numero = 55, .menu = kOutils, .nom = "mnuParentheseItem",
      .libelle = "Parenthèse correspondante"_fr, .raccourci = ctrl('B'),
      .mots_aide = "parenthèse correspondante"_fr, .execute = mnuParentheseItem},
+    {.numero = 60, .menu = kOutils, .nom = kItemRepeter,
+     .libelle = "Répéter le dernier &message"_fr, .raccourci = ctrl('D'),
+     .mots_aide = "répéter le dernier message"_fr, .une_fois = true, .execute = mnuRepeterItem},
 
     {.numero = 47, .menu = kAide, .nom = "mnuAideToucheItem",
      .libelle = "&Aide mémoire des touches"_fr, .raccourci = seule(kToucheF1),

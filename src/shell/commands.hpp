@@ -52,6 +52,7 @@ struct LigneCommande {
     Vues vues = Vues::restent;
     std::string_view refus{};        // said instead in a view where the text can't be written; "": runs there
     bool cochable = false;           // its item bears a mark
+    bool une_fois = false;           // its key that is held down runs it once
     Commande execute;
 };
 

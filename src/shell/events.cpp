@@ -20,6 +20,7 @@
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
+#include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
 #include "shell/quitting.hpp"
@@ -80,6 +81,7 @@ template <class Action>
 void evenement(Action&& action) {
     if (fenetre.fermee) return;
     reprend_reserve();
+    EssaieEnSilence(prend_entendus);
     note_frappe();
     const std::uint32_t passes = passes_commencees();
     releve_reprises();
@@ -99,6 +101,7 @@ void evenement(Action&& action) {
 template <class Action>
 void frappe_en_cours(Action&& action) {
     if (fenetre.fermee) return;
+    EssaieEnSilence(prend_entendus);
     execute(std::forward<Action>(action));
     montre_fenetre();
     suit_reprises();
@@ -271,8 +274,12 @@ void evenement_lecture_seule() {
 }
 
 bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
+    const std::string_view item = item_du_raccourci(frappe);
+    note_touche_entendus(frappe.touche, item == kItemRepeter);
+    const bool repetee = est_tenue(frappe.touche);
     if (note_pression(nom == "txt", frappe)) return true;
-    if (const std::string_view item = item_du_raccourci(frappe); !item.empty()) {
+    if (!item.empty()) {
+        if (repetee && ligne_menu(item)->une_fois) return true;
         note_servie(frappe.touche);
         evenement_menu(item);
         return true;

@@ -15,6 +15,7 @@
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
 #include "shell/events.hpp"
+#include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/menus.hpp"
@@ -34,6 +35,7 @@ void reinitialise_tout() {
     historique = Historique{};
     caracteres = Caracteres{};
     aide = Aide{};
+    entendus = Entendus{};
     oublie_touches();
     couleurs = Couleurs{};
     const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises

@@ -29,6 +29,7 @@ struct NumeroOutil {
 };
 constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {55, "mnuParentheseItem"},
+    {60, "mnuRepeterItem"},
 });
 
 struct RaccourciAttendu {
@@ -73,6 +74,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuSonItem", avec_ctrl(kToucheF8)},
     {"mnuAideToucheItem", simple(kToucheF1)},
     {"mnuParentheseItem", avec_ctrl('B')},
+    {"mnuRepeterItem", avec_ctrl('D')},
 });
 
 // The items by their number in the window, which readers' scripts know.

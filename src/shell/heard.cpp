@@ -1,0 +1,50 @@
+// The messages that the user has heard, and their repetition. Changes `entendus`; the message line through
+// what is said.
+#include "shell/heard.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/message.hpp"
+#include "shell/announcements.hpp"
+#include "shell/key_codes.hpp"
+
+Entendus entendus;
+
+namespace {
+
+// Says words that no repetition will say.
+void dit_hors_liste(std::string_view texte) {
+    dit(texte);
+    ligne_message.dits.clear();
+}
+
+}  // namespace
+
+void prend_entendus() {
+    if (ligne_message.dits.empty()) return;
+    std::vector<std::string> dites;
+    for (const std::string& texte : std::exchange(ligne_message.dits, {}))
+        retient_annonce(dites, sans_blancs(texte));
+    for (std::string& texte : dites)
+        if (!texte.empty()) entendus.messages.push_back(std::move(texte));
+    const std::size_t nombre = entendus.messages.size();
+    const std::size_t trop = nombre - std::min(nombre, kEntendusMaxi);
+    const auto premier = entendus.messages.begin();
+    entendus.messages.erase(premier, premier + static_cast<std::ptrdiff_t>(trop));
+    entendus.rang = 0;
+}
+
+void note_touche_entendus(int touche, bool repetition) {
+    const bool modificateur = touche == kToucheMaj || touche == kToucheCtrl || touche == kToucheAlt;
+    if (!repetition && !modificateur) entendus.rang = 0;
+}
+
+void mnuRepeterItem() {
+    prend_entendus();
+    const std::size_t nombre = entendus.messages.size();
+    if (nombre == 0) return dit_hors_liste(kAucunMessage);
+    if (entendus.rang == nombre) return dit_hors_liste(kAucunPlusAncien);
+    ++entendus.rang;
+    dit_hors_liste(entendus.messages[nombre - entendus.rang]);
+}

@@ -137,7 +137,14 @@ int imprime(Chemin texte, Chemin police, double taille) {
 // ---- Files
 
 bool separe(char c) { return c == '\\' || c == '/'; }
-char replie(char c) { return c == '/' ? '\\' : capitale(c); }
+
+// The form in which two letters of a path are the same one.
+constexpr auto kReplie = [] {
+    std::array<char, 256> t = kCapitale;
+    t['/'] = '\\';
+    return t;
+}();
+char replie(char c) { return kReplie[static_cast<unsigned char>(c)]; }
 
 // Adds the parts of a path to `complet`: "." and empty parts fall away, ".." goes up, and blanks
 // and dots at the end of a name don't count.
@@ -356,8 +363,10 @@ bool interrompt() { return memoire.interrompt; }
 }  // namespace
 
 bool OrdreChemin::operator()(std::string_view a, std::string_view b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return static_cast<unsigned char>(replie(x)) < static_cast<unsigned char>(replie(y));
+    // Most paths begin with the same bytes, which are passed over as they stand.
+    const auto [x, y] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    return std::lexicographical_compare(x, a.end(), y, b.end(), [](char c, char d) {
+        return static_cast<unsigned char>(replie(c)) < static_cast<unsigned char>(replie(d));
     });
 }
 

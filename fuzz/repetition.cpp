@@ -40,8 +40,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* debut, std::size_t taille) {
     const std::vector<double> points = lit_points(octets);
     const std::string formule = lit_formule(octets);
     static const bool pret = (programme_de_fuzz(), true);
-    const bool pareil = pret && par_le_texte(formule, unite, points) ==
-                                    par_repetition(formule, unite, points);
-    verifie(pareil, "the repeated evaluation leaves something else than the text", formule);
+    const Trace attendu = pret ? par_le_texte(formule, unite, points) : Trace{};
+    verifie(attendu == par_repetition(formule, unite, points),
+            "the repeated evaluation leaves something else than the text", formule);
+    for (const Jeu jeu : {Jeu::commun, Jeu::avx2})
+        if (jeu_present(jeu))
+            verifie(attendu == par_blocs(formule, unite, points, jeu), "a block leaves something else than the text",
+                    formule);
     return 0;
 }

@@ -4,6 +4,8 @@
 // and stay with <cmath>. No state.
 #pragma once
 
+#include <cstddef>
+
 extern "C" {
 double voxtab_exp(double);
 double voxtab_log(double);
@@ -23,3 +25,5 @@ inline double tan(double x) { return voxtab_tan(x); }
 inline double atan(double x) { return voxtab_atan(x); }
 
 }  // namespace maths
+
+inline constexpr std::size_t kTailleBloc = 256;   // values that base/maths_loops.hpp takes at once

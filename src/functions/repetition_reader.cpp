@@ -1,4 +1,4 @@
-// The rules of plain arithmetic, read into steps. Changes p_position, l_symbole and type_f of `moteur`.
+// The rules of plain arithmetic, read into operations. Changes p_position, l_symbole and type_f of `moteur`.
 #include "functions/repetition_reader.hpp"
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 
 #include "base/failure.hpp"
 #include "engine/reader.hpp"
+#include "functions/angles.hpp"
 #include "functions/table.hpp"
 #include "state/context.hpp"
 
@@ -18,15 +19,29 @@ namespace {
 constexpr int kProfondeurMaxi = 40;           // brackets and calls one in the other
 constexpr std::size_t kFormuleMaxi = 20'000;  // characters; longer ones are read each time
 
-// A rule "operand { operator operand }" of the grammar: its operators and their steps. Its operands are
-// what the next rule reads, those of the last one are factors.
+// A rule "operand { operator operand }" of the grammar: its operators and their operations. Its operands are
+// what the next rule reads, those of the last one are factors. The first rule adds up into the running sum.
 struct Regle {
     std::string_view operateurs;
-    std::array<Pas, 2> pas;
+    std::array<Genre, 2> genres;
 };
-constexpr std::array<Regle, 3> kRegles = {{{"+-", {Pas::ajoute, Pas::retranche}},
-                                           {"*/", {Pas::multiplie, Pas::divise}},
-                                           {"^", {Pas::eleve, Pas::eleve}}}};
+constexpr std::array<Regle, 3> kRegles = {{{"+-", {Genre::ajoute, Genre::retranche}},
+                                           {"*/", {Genre::multiplie, Genre::divise}},
+                                           {"^", {Genre::eleve, Genre::eleve}}}};
+
+// The functions that have a loop of their own; what they refuse gives an infinite or undefined value. A test
+// compares each with its row of the table.
+struct Boucle {
+    Fonction fonction;
+    Genre genre;
+    bool angle;   // the argument is an angle
+};
+constexpr std::array<Boucle, 6> kBoucles = {{{kExp, Genre::exponentielle, false},
+                                             {kLn, Genre::logarithme, false},
+                                             {kSin, Genre::sinus, true},
+                                             {kCos, Genre::cosinus, true},
+                                             {kSqrt, Genre::racine, false},
+                                             {kAbs, Genre::absolue, false}}};
 
 class Lecteur {
 public:
@@ -43,7 +58,7 @@ public:
         expression();
         if (!moteur.l_symbole.empty()) refuse_ = true;   // something is left after the expression
         if (lue_.cible != 0 && lues_[static_cast<std::size_t>(lue_.cible)]) refuse_ = true;
-        if (refuse_ || hauteur_maxi_ > static_cast<int>(kHauteurPile)) lue_.programme.clear();
+        if (!refuse_) lue_.programme = assembleur_.finis();
         return std::move(lue_);
     }
 
@@ -53,13 +68,6 @@ private:
         fonction_ = test_fonction();
     }
     char premier() const { return tete_symbole(); }
-
-    // Adds a step that makes the stack `hausse` values higher.
-    void pose(Pas pas, int hausse, int rang = 0, double valeur = 0) {
-        lue_.programme.push_back({pas, static_cast<std::int16_t>(rang), valeur});
-        hauteur_ += hausse;
-        hauteur_maxi_ = std::max(hauteur_maxi_, hauteur_);
-    }
 
     // "Y=" in front of the formula.
     void lis_cible() {
@@ -78,7 +86,9 @@ private:
             if (rang == std::string_view::npos) return;
             suivant();
             operande(regle);
-            pose(kRegles[regle].pas[rang], -1);
+            if (refuse_) return;
+            const Genre genre = kRegles[regle].genres[rang];
+            regle == 0 ? assembleur_.cumule(genre) : assembleur_.deux(genre);
         }
     }
 
@@ -94,7 +104,7 @@ private:
         const char signe = premier();
         if (signe == '+' || signe == '-') suivant();
         operande(0);
-        pose(signe == '-' ? Pas::oppose : Pas::somme, -1);
+        if (!refuse_) assembleur_.commence_somme(signe == '-');
         operateurs(0);
         --profondeur_;
     }
@@ -123,7 +133,7 @@ private:
         const std::string& s = moteur.l_symbole;
         if (s.front() != '$' && s.back() == 'E') refuse_ = true;
         try {
-            pose(Pas::constante, 1, 0, valeur_litteral(s));
+            assembleur_.constante(valeur_litteral(s));
         } catch (const Defaillance&) {
             refuse_ = true;   // too large: the text reports it
         }
@@ -134,16 +144,20 @@ private:
         const auto rang = static_cast<std::size_t>(rang_lettre(premier()));
         if (!moteur.variable_definie[rang]) refuse_ = true;
         lues_[rang] = true;
-        pose(Pas::variable, 1, static_cast<int>(rang));
+        if (rang_lettre(premier()) == variable_)
+            assembleur_.variable();
+        else
+            assembleur_.constante(moteur.valeur_variable[rang]);
         suivant();
     }
 
     void parenthese() {
         suivant();
-        pose(Pas::ouvre, 1);
+        assembleur_.ouvre();
         expression();
         if (!symbole_est(")")) refuse_ = true;
-        pose(Pas::ferme, 0);
+        if (refuse_) return;
+        assembleur_.ferme();
         suivant();
     }
 
@@ -151,7 +165,7 @@ private:
         const int rang = moteur.type_f;
         suivant();
         if (rang == kPi) {
-            pose(Pas::constante, 1, 0, moteur.pi_valeur);
+            assembleur_.constante(moteur.pi_valeur);
             return;
         }
         if (ligne_fonction(rang).valeur.simple == nullptr || !symbole_est("(")) {
@@ -159,20 +173,30 @@ private:
             return;
         }
         suivant();
-        pose(Pas::sauve, 0);
+        assembleur_.sauve();
         expression();
-        pose(Pas::argument, 1);
         if (!symbole_est(")")) refuse_ = true;
-        pose(Pas::fonction, 0, rang);
+        if (refuse_) return;
+        assembleur_.argument();
+        applique(rang);
         suivant();
+    }
+
+    // The function of the argument, by its own loop where it has one.
+    void applique(int rang) {
+        const auto boucle = std::find_if(kBoucles.begin(), kBoucles.end(),
+                                         [&](const Boucle& b) { return b.fonction == rang; });
+        if (boucle == kBoucles.end()) return assembleur_.un(Genre::fonction, rang);
+        if (boucle->angle && !en_radians()) assembleur_.un(Genre::radians, 0, demi_tour(), moteur.pi_valeur);
+        assembleur_.un(boucle->genre);
     }
 
     int variable_;
     FormuleLue lue_;
+    Assembleur assembleur_;
     bool refuse_ = false;
     bool fonction_ = false;                // the current symbol is a function name
     int profondeur_ = 0;
-    int hauteur_ = 0, hauteur_maxi_ = 0;   // of the stack of values
     std::array<bool, 27> lues_{};          // variables that the formula reads
 };
 

@@ -1,4 +1,4 @@
-// Reads a formula of plain arithmetic into steps, once for all evaluations. What holds:
+// Reads a formula of plain arithmetic into operations, once for all evaluations. What holds:
 // - the symbols are cut by the engine's own reader, literals and functions are valued by the engine and the
 //   table of functions; only the rules of the grammar stand here a second time, as a table of operators;
 // - what is not plain arithmetic is refused: words, matrices, "%", two operands in a row, a function without
@@ -10,7 +10,7 @@
 #include "functions/repetition_steps.hpp"
 
 struct FormuleLue {
-    Programme programme;   // none: the formula is refused
+    Programme programme;   // without a result: the formula is refused
     int cible = 0;         // variable that the formula assigns, 1 to 26; 0 for none
 };
 

@@ -2,6 +2,8 @@
 // the two lines, resultat_bloc, the heading's variable and muet_erreur.
 #include "sheet/tabulation.hpp"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -89,11 +91,34 @@ bool evalue_en(Repetition& fonction, double x, double& valeur) {
     return !moteur.erreur_formule;
 }
 
+// As many rows as a block takes, at most `nombre`. Leaves x at the last one. False, and nothing done, when one of them
+// has to be evaluated alone.
+bool remplit_bloc(Repetition& fonction, std::int16_t numero, double& x, double pas, std::size_t nombre) {
+    std::array<double, kTailleBloc> points, valeurs;
+    points[0] = x;
+    for (std::size_t i = 1; i < nombre; ++i) points[i] = points[i - 1] + pas;
+    if (!std::isfinite(points[nombre - 1]) || !fonction.evalue_bloc(points.data(), valeurs.data(), nombre)) return false;
+    for (std::size_t i = 0; i < nombre; ++i) {
+        fonction.note(points[i], valeurs[i]);
+        feuille.valeur_ligne(numero) = valeurs[i];
+        ajoute_rangee(numero, points[i]);
+    }
+    x = points[nombre - 1];
+    return true;
+}
+
 // The rows of a table. False when the function has no value in one of them.
 bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double pas, int nombre) {
+    bool par_blocs = true;
     for (int i = 1; i <= nombre; ++i) {
-        if (!evalue_en(fonction, x, feuille.valeur_ligne(numero))) return false;
-        ajoute_rangee(numero, x);
+        const int suite = std::min(nombre - i + 1, static_cast<int>(kTailleBloc));
+        par_blocs = par_blocs && remplit_bloc(fonction, numero, x, pas, static_cast<std::size_t>(suite));
+        if (par_blocs) {
+            i += suite - 1;
+        } else {
+            if (!evalue_en(fonction, x, feuille.valeur_ligne(numero))) return false;
+            ajoute_rangee(numero, x);
+        }
         range(x, x + pas, x, pas);
     }
     return true;
@@ -122,21 +147,57 @@ bool donne_signe(double k, int& tours) {
     return abandonne();
 }
 
-// Adds up the trapezoids in valeur_ligne of the heading. Each evaluates both its ends. Answers false when
-// the sum can't be finished: the function has no value, or the user gives up.
-bool somme_trapezes(Repetition& fonction, std::int16_t numero, double x1, double h,
-                                double nombre) {
+// How many trapezoids, of `nombre` from k on, are added before the next sign of life, at most a block: none where k
+// no longer counts.
+int trapezes_du_bloc(double k, double nombre, int tours) {
+    if (nombre > 0x1p53) return 0;
+    const int muets = std::min(kTrapezesParBip - 1 - tours, static_cast<int>(kTailleBloc) - 1);
+    return static_cast<int>(std::min<double>(muets, nombre - k + 1));
+}
+
+// Adds `nombre` trapezoids from k on to the sum, each point evaluated once. False, and nothing done, when one of them
+// has to be evaluated alone.
+bool ajoute_bloc(Repetition& fonction, double k, int nombre, double x1, double h, double& somme) {
+    std::array<double, kTailleBloc> x, y;
+    const auto dernier = static_cast<std::size_t>(nombre);
+    for (int i = 0; i <= nombre; ++i) x[static_cast<std::size_t>(i)] = (k - 1 + i) * h + x1;
+    if (!std::isfinite(x[0]) || !std::isfinite(x[dernier]) || !fonction.evalue_bloc(x.data(), y.data(), dernier + 1))
+        return false;
+    double total = somme;
+    for (std::size_t i = 0; i < dernier; ++i) total += (y[i] + y[i + 1]) / 2 * h;
+    if (!std::isfinite(total)) return false;
+    somme = total;
+    fonction.note_serie(x[dernier - 1], y[dernier - 1], x[dernier], y[dernier], 2 * nombre);
+    return true;
+}
+
+// Adds one trapezoid, both of whose ends are evaluated. False when the function has no value there.
+bool ajoute_trapeze(Repetition& fonction, double k, double x1, double h, double& somme) {
+    double a = 0, b = 0, x = 0;
+    range(x, (k - 1) * h + x1, h, x1);
+    if (!evalue_en(fonction, x, a)) return false;
+    range(x, h * k + x1, h, x1);
+    if (!evalue_en(fonction, x, b)) return false;
+    range(somme, somme + (a + b) / 2 * h, somme, a, b, h);
+    return true;
+}
+
+// Adds up the trapezoids in valeur_ligne of the heading. Answers false when the sum can't be finished: the
+// function has no value, or the user gives up.
+bool somme_trapezes(Repetition& fonction, std::int16_t numero, double x1, double h, double nombre) {
     double& somme = feuille.valeur_ligne(numero);
     somme = 0;
     int tours = 0;
-    for (double k = 1; k <= nombre; k += 1) {
-        if (donne_signe(k, tours)) return false;
-        double a = 0, b = 0, x = 0;
-        range(x, (k - 1) * h + x1, h, x1);
-        if (!evalue_en(fonction, x, a)) return false;
-        range(x, h * k + x1, h, x1);
-        if (!evalue_en(fonction, x, b)) return false;
-        range(somme, somme + (a + b) / 2 * h, somme, a, b, h);
+    bool par_blocs = true;
+    for (double k = 1; k <= nombre;) {
+        const int suite = par_blocs ? trapezes_du_bloc(k, nombre, tours) : 0;
+        if (suite > 0 && (par_blocs = ajoute_bloc(fonction, k, suite, x1, h, somme))) {
+            tours += suite;
+            k += suite;
+            continue;
+        }
+        if (donne_signe(k, tours) || !ajoute_trapeze(fonction, k, x1, h, somme)) return false;
+        k += 1;
     }
     return true;
 }

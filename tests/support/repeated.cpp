@@ -86,3 +86,24 @@ Trace par_repetition(const std::string& formule, int unite, const std::vector<do
     repetition.termine();
     return releve(t.valeurs, t.erreurs);
 }
+
+Trace par_blocs(const std::string& formule, int unite, const std::vector<double>& points, Jeu jeu) {
+    prepare(formule, unite);
+    const Jeu habituel = std::exchange(jeu_de_boucles, jeu);
+    Repetition repetition(24);
+    std::vector<double> valeurs(points.size());
+    if (repetition.evalue_bloc(points.data(), valeurs.data(), points.size())) {
+        Trace t;
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            repetition.note(points[i], valeurs[i]);
+            t.valeurs.push_back(bits(valeurs[i]));
+        }
+        repetition.termine();
+        jeu_de_boucles = habituel;
+        return releve(t.valeurs, std::vector<bool>(points.size(), false));
+    }
+    Trace t = parcourt(points, [&] { return repetition.evalue(); });
+    repetition.termine();
+    jeu_de_boucles = habituel;
+    return releve(t.valeurs, t.erreurs);
+}

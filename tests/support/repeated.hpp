@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "functions/block.hpp"
+
 // What a series of evaluations leaves.
 struct Trace {
     std::vector<std::uint64_t> valeurs;
@@ -20,3 +22,6 @@ struct Trace {
 // the in-memory port's. `unite` is the angle unit.
 Trace par_le_texte(const std::string& formule, int unite, const std::vector<double>& points);
 Trace par_repetition(const std::string& formule, int unite, const std::vector<double>& points);
+
+// All points in one block first, as the tabulation does it, by the loops that `jeu` names.
+Trace par_blocs(const std::string& formule, int unite, const std::vector<double>& points, Jeu jeu);

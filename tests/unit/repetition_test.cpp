@@ -2,10 +2,14 @@
 // and the same context afterwards, whatever the formula.
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <doctest/doctest.h>
 
+#include "engine/identifiers.hpp"
+#include "functions/repetition.hpp"
+#include "state/context.hpp"
 #include "support/program.hpp"
 #include "support/repeated.hpp"
 
@@ -21,9 +25,10 @@ const std::vector<std::vector<double>> kPoints = {
 void compare(const std::string& formule) {
     for (int unite = 1; unite <= 3; ++unite)
         for (const auto& points : kPoints) {
-            const bool pareil =
-                par_le_texte(formule, unite, points) == par_repetition(formule, unite, points);
-            CHECK_MESSAGE(pareil, formule);
+            const Trace attendu = par_le_texte(formule, unite, points);
+            CHECK_MESSAGE(attendu == par_repetition(formule, unite, points), formule);
+            for (const Jeu jeu : {Jeu::commun, Jeu::avx2})
+                if (jeu_present(jeu)) CHECK_MESSAGE(attendu == par_blocs(formule, unite, points, jeu), formule);
         }
 }
 
@@ -66,5 +71,18 @@ TEST_CASE("repeated evaluation leaves what the text leaves, random formulas") {
         std::string formule = au_hasard(tirage, 4);
         if (tirage() % 6 == 0) formule = "Y=" + formule;
         compare(formule);
+    }
+}
+
+TEST_CASE("plain arithmetic is evaluated in blocks, anything else by its text") {
+    programme_neuf();
+    moteur.variable_definie[24] = true;
+    const std::vector<double> x(kTailleBloc, 1.5);
+    std::vector<double> y(kTailleBloc);
+    for (const auto& [formule, par_blocs] : {std::pair{"3X+SIN(X)/2", true}, {"FACT(3)+X", false}, {"X^2", true}}) {
+        moteur.p_formule = formule;
+        TestVariable();
+        Repetition repetition(24);
+        CHECK(repetition.evalue_bloc(x.data(), y.data(), x.size()) == par_blocs);
     }
 }

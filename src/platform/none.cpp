@@ -42,6 +42,8 @@ constexpr PortDialogues kDialogues{[](std::string&, Mots, Mots) { return false; 
                                    [](std::string&, double&, bool) { return false; },
                                    [] { return false; }};
 
+constexpr PortPressePapiers kPressePapiers{[] { return std::string(); }, [](Mots) { return false; }};
+
 constexpr PortFenetre kFenetre{[] {}, [] {},
                                [](int& largeur, int& hauteur) { largeur = hauteur = 0; }};
 
@@ -68,6 +70,7 @@ constexpr Port kPortVide{
     {[](std::string_view) {}, [](std::string_view) {}},
     kFichiers,
     kDialogues,
+    kPressePapiers,
     {[](Chemin, Chemin, double) -> int { return kAccesFichier; }},
     kFenetre,
     kSysteme,

@@ -68,6 +68,12 @@ struct PortDialogues {
     bool (*imprimante)();
 };
 
+// The system's clipboard: text alone, in UTF-8.
+struct PortPressePapiers {
+    std::string (*lit)();                                       // "" where there is no text
+    bool (*pose)(std::string_view utf8);                        // false where it can't be put there
+};
+
 // The printer: sends the text as one print call in that font and ends the document. 0 or a failure.
 struct PortImprimante {
     int (*imprime)(const std::string& texte, const std::string& police, double taille);
@@ -113,6 +119,7 @@ struct Port {
     PortMessage message;
     PortFichiers fichiers;
     PortDialogues dialogues;
+    PortPressePapiers presse_papiers;
     PortImprimante imprimante;
     PortFenetre fenetre;
     PortSysteme systeme;

@@ -19,6 +19,7 @@
 #include "shell/brackets.hpp"
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
+#include "shell/data_commands.hpp"
 #include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
@@ -190,6 +191,9 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 60, .menu = kOutils, .nom = kItemRepeter,
      .libelle = "Répéter le dernier &message"_fr, .raccourci = ctrl('D'),
      .mots_aide = "répéter le dernier message"_fr, .une_fois = true, .execute = mnuRepeterItem},
+    {.numero = 64, .menu = kOutils, .nom = "mnuImporterItem", .libelle = "&Importer des données"_fr,
+     .raccourci = ctrl('I'), .mots_aide = "importer des données"_fr, .vues = Vues::quittees,
+     .execute = mnuImporterItem},
 
     {.numero = 47, .menu = kAide, .nom = "mnuAideToucheItem",
      .libelle = "&Aide mémoire des touches"_fr, .raccourci = seule(kToucheF1),

@@ -16,6 +16,7 @@
 #include "shell/events.hpp"
 #include "shell/reset.hpp"
 #include "wx/announce.hpp"
+#include "wx/clipboard.hpp"
 #include "wx/dialogs.hpp"
 #include "wx/frame.hpp"
 #include "wx/handover.hpp"
@@ -91,6 +92,7 @@ private:
         auto* fenetre_principale = new Cadre;
         installe_fenetre(*fenetre_principale);
         installe_dialogues();
+        installe_presse_papiers();
         installe_imprimante();
         if (!fichier_pdf.empty()) imprime_vers(fichier_pdf);
         fenetre_principale->installe_port_texte();

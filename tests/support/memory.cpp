@@ -123,6 +123,12 @@ bool dialogue_police(std::string& nom, double& taille, bool imprimante) {
     return true;
 }
 
+std::string lit_presse_papiers() { return memoire.presse_papiers; }
+bool pose_presse_papiers(Mots utf8) {
+    memoire.presse_papiers = utf8;
+    return true;
+}
+
 bool dialogue_imprimante() {
     entend("dialogue", "imprimante");
     return reponse_suivante() == "ok";
@@ -411,6 +417,7 @@ void installe_port_memoire() {
                 {existe, existe_dossier, lit, remplace, copie, deplace, efface, cree_dossier,
                  liste_fichiers, liste_dossiers, meme_fichier},
                 {dialogue_ouvre, dialogue_enregistre, dialogue_police, dialogue_imprimante},
+                {lit_presse_papiers, pose_presse_papiers},
                 {imprime},
                 {[] {}, note_fin, taille_ecran},
                 {graine_horloge, [] { return memoire.dossier_programme; },

@@ -53,6 +53,7 @@ struct Memoire {
     // Answers to come, one a question: text of the entry box, file name, "oui" or "non", "Nom;12.5"
     // for a font, "ok" for the printer. Nothing, or no answer left: Cancel; No where there is none.
     std::deque<std::optional<std::string>> reponses;
+    std::string presse_papiers;   // the clipboard, UTF-8
     int bips = 0;             // beeps heard
     bool interrompt = false;  // the user gives up at the next sign of life
 

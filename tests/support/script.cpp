@@ -59,6 +59,8 @@ void echec(Etape& etape) {
     memoire.echec_numero = suit_mot(etape) ? static_cast<int>(prend_entier(etape)) : kAccesFichier;
 }
 
+void presse_papiers(Etape& etape) { memoire.presse_papiers = vers_utf8(prend_texte(etape)); }
+
 void panne(Etape& etape) { memoire.echec_impression = static_cast<int>(prend_entier(etape)); }
 
 // --- Start and end ------------------------------------------------------------------------------
@@ -191,6 +193,7 @@ constexpr std::array kVerbes = {
     Verbe{"ferme", Sorte::action, ferme},         Verbe{"entend", Sorte::regard, entend},
     Verbe{"jours", Sorte::action, jours},         Verbe{"panne_secours", Sorte::action, panne_secours},
     Verbe{"fin_session", Sorte::action, termine_session},
+    Verbe{"presse_papiers", Sorte::action, presse_papiers},
     Verbe{"voit", Sorte::regard, voit},           Verbe{"ignore", Sorte::oubli, ignore},
 };
 

@@ -172,6 +172,7 @@ void voit_taille(Etape& etape) {
     compare_entiers(prend_entier(etape), static_cast<long>(contenu.size()));
 }
 
+void voit_presse_papiers(Etape& etape) { compare(prend_texte(etape), depuis_utf8(memoire.presse_papiers).value_or("")); }
 void voit_absent(Etape& etape) { exige(!existe(prend_texte(etape)), "absent", "présent"); }
 void voit_present(Etape& etape) { exige(existe(prend_texte(etape)), "présent", "absent"); }
 
@@ -248,6 +249,7 @@ constexpr std::array kRegards = {
     Regard{"lecture_seule", voit_lecture_seule},
     Regard{"fichier", voit_fichier},
     Regard{"taille", voit_taille},
+    Regard{"presse_papiers", voit_presse_papiers},
     Regard{"absent", voit_absent},
     Regard{"présent", voit_present},
     Regard{"secours", voit_secours},

@@ -30,6 +30,7 @@ struct NumeroOutil {
 constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {55, "mnuParentheseItem"},
     {60, "mnuRepeterItem"},
+    {64, "mnuImporterItem"},
 });
 
 struct RaccourciAttendu {
@@ -75,6 +76,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuAideToucheItem", simple(kToucheF1)},
     {"mnuParentheseItem", avec_ctrl('B')},
     {"mnuRepeterItem", avec_ctrl('D')},
+    {"mnuImporterItem", avec_ctrl('I')},
 });
 
 // The items by their number in the window, which readers' scripts know.

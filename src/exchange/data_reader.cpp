@@ -1,0 +1,293 @@
+// The form of a file of data, found from the file itself. Changes no state.
+#include "exchange/data_reader.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "exchange/data_number.hpp"
+#include "exchange/data_text.hpp"
+
+namespace {
+
+constexpr std::size_t kLignesRegardees = 200;   // for the separator
+constexpr std::size_t kCelluleCitee = 30;       // characters of a cell that a sentence repeats
+
+// Lines at the start of the text in which something stands.
+std::vector<std::string_view> premieres_lignes(std::string_view texte) {
+    std::vector<std::string_view> lignes;
+    while (!texte.empty() && lignes.size() < kLignesRegardees) {
+        const std::size_t fin = std::min(texte.find('\n'), texte.size());
+        const std::string_view ligne = texte.substr(0, fin);
+        if (ligne.find_first_not_of(" \t\r") != std::string_view::npos) lignes.push_back(ligne);
+        texte.remove_prefix(std::min(fin + 1, texte.size()));
+    }
+    return lignes;
+}
+
+// How often the separator stands in the line outside of quotes.
+std::size_t compte(std::string_view ligne, char separateur) {
+    bool entre_guillemets = false;
+    std::size_t n = 0;
+    for (const char c : ligne) {
+        entre_guillemets ^= c == '"';
+        n += !entre_guillemets && c == separateur;
+    }
+    return n;
+}
+
+// True when most of the lines have it.
+bool domine(const std::vector<std::string_view>& lignes, char separateur) {
+    const auto avec = std::count_if(lignes.begin(), lignes.end(),
+                                    [=](std::string_view ligne) { return compte(ligne, separateur) > 0; });
+    return 2 * static_cast<std::size_t>(avec) > lignes.size();
+}
+
+// True when the commas of the lines are decimal marks: parted at blanks, every piece is a number with at most one
+// of them, but for headings, which have none.
+bool virgules_decimales(const std::vector<std::string_view>& lignes) {
+    bool un_nombre = false;
+    for (const std::string_view ligne : lignes) {
+        if (ligne.find('"') != std::string_view::npos) return false;
+        const RangeesLues lues = coupe_en_cellules(ligne, kBlancs);
+        if (lues.rangees.empty()) continue;
+        bool nombres = true;
+        for (const std::string_view cellule : lues.rangees.front().cellules)
+            nombres = nombres && !cellule.ends_with(',') && lis_cellule(cellule, ',').has_value();
+        const bool titre = !un_nombre && !nombres && compte(ligne, ',') == 0;
+        if (!nombres && !titre) return false;
+        un_nombre = un_nombre || nombres;
+    }
+    return un_nombre;
+}
+
+// What parts the cells. A tab or a semicolon is nothing else in numbers; a comma may be their mark.
+char separateur_de(std::string_view texte) {
+    const std::vector<std::string_view> lignes = premieres_lignes(texte);
+    for (const char separateur : {'\t', ';', '|'})
+        if (domine(lignes, separateur)) return separateur;
+    return domine(lignes, ',') && !virgules_decimales(lignes) ? ',' : kBlancs;
+}
+
+// The line "sep=;" that tells a spreadsheet the separator; it is blanked out. 0 when there is none.
+char separateur_dit(std::string& texte) {
+    if (capitales(texte.substr(0, 4)) != "SEP=" || texte.size() < 6) return 0;
+    if (texte[5] != '\r' && texte[5] != '\n') return 0;
+    const char separateur = texte[4];
+    texte.replace(0, 5, 5, ' ');
+    return separateur;
+}
+
+// The decimal mark: the one with which more cells can be read. 0 when both read the same.
+char decimale_de(const std::vector<RangeeLue>& rangees) {
+    std::size_t virgules = 0, points = 0;
+    for (const RangeeLue& rangee : rangees)
+        for (const std::string_view cellule : rangee.cellules) {
+            if (cellule.find_first_of(",.") == std::string_view::npos) continue;
+            const bool avec_virgule = lis_cellule(cellule, ',').has_value();
+            const bool avec_point = lis_cellule(cellule, '.').has_value();
+            virgules += avec_virgule && !avec_point;
+            points += avec_point && !avec_virgule;
+        }
+    return virgules == points && virgules == 0 ? char{0} : virgules > points ? ',' : '.';
+}
+
+// The lines of numbers, as they are being looked at.
+struct Lecture {
+    std::vector<RangeeLue> rangees;
+    std::size_t premiere = 0;        // the first that is no heading
+    std::size_t colonnes = 0;        // of most lines
+    std::size_t largeur = 0;         // of the longest
+    char decimale = 0;
+
+    std::string_view cellule(const RangeeLue& rangee, std::size_t colonne) const {
+        return colonne < rangee.cellules.size() ? rangee.cellules[colonne] : std::string_view();
+    }
+    std::optional<double> nombre(std::string_view cellule_lue) const {
+        return lis_cellule(cellule_lue, decimale == 0 ? '.' : decimale);
+    }
+};
+
+// The first line in which a number stands; those in front of it are headings.
+std::size_t premiere_de_nombres(const Lecture& lecture) {
+    const auto a_un_nombre = [&](const RangeeLue& rangee) {
+        return std::any_of(rangee.cellules.begin(), rangee.cellules.end(),
+                           [&](std::string_view c) { return lecture.nombre(c).has_value(); });
+    };
+    return static_cast<std::size_t>(std::find_if(lecture.rangees.begin(), lecture.rangees.end(), a_un_nombre) -
+                                    lecture.rangees.begin());
+}
+
+// How many cells most of the lines of numbers have, and the longest.
+void mesure(Lecture& lecture) {
+    std::vector<std::size_t> fois(1);
+    for (std::size_t i = lecture.premiere; i < lecture.rangees.size(); ++i) {
+        const std::size_t n = lecture.rangees[i].cellules.size();
+        if (fois.size() <= n) fois.resize(n + 1);
+        ++fois[n];
+    }
+    lecture.largeur = fois.size() - 1;
+    lecture.colonnes = static_cast<std::size_t>(std::max_element(fois.begin(), fois.end()) - fois.begin());
+}
+
+// What a column holds.
+struct Contenu {
+    std::size_t nombres = 0, mots = 0;
+    const RangeeLue* faute = nullptr;   // the first line that has no number there
+};
+
+Contenu contenu_de(const Lecture& lecture, std::size_t colonne) {
+    Contenu contenu;
+    for (std::size_t i = lecture.premiere; i < lecture.rangees.size(); ++i) {
+        const RangeeLue& rangee = lecture.rangees[i];
+        const std::string_view cellule = lecture.cellule(rangee, colonne);
+        if (lecture.nombre(cellule)) {
+            ++contenu.nombres;
+            continue;
+        }
+        contenu.mots += !cellule.empty();
+        if (contenu.faute == nullptr) contenu.faute = &rangee;
+    }
+    return contenu;
+}
+
+// "ligne 7, colonne 2 : "
+std::string lieu(std::size_t ligne, std::size_t colonne) {
+    return "ligne " + chiffres(static_cast<long long>(ligne)) + ", colonne " +
+           chiffres(static_cast<long long>(colonne)) + " : ";
+}
+
+// The sentence for a line without a number in that column, from 0.
+std::string mots_faute(const Lecture& lecture, const RangeeLue& rangee, std::size_t colonne) {
+    const std::size_t n = rangee.cellules.size();
+    if (colonne >= n || n > lecture.colonnes)
+        return "ligne " + chiffres(static_cast<long long>(rangee.ligne)) + " : " +
+               chiffres(static_cast<long long>(n)) + (n == 1 ? " colonne, " : " colonnes, ") +
+               chiffres(static_cast<long long>(lecture.colonnes)) + " sur les autres lignes";
+    const std::string_view cellule = lecture.cellule(rangee, colonne);
+    if (cellule.empty()) return lieu(rangee.ligne, colonne + 1) + "il manque un nombre";
+    std::string mots = lieu(rangee.ligne, colonne + 1) + "\"" + std::string(cellule.substr(0, kCelluleCitee));
+    mots += cellule.size() > kCelluleCitee ? "...\"" : "\"";
+    mots += " n'est pas un nombre"_fr;
+    if (lecture.decimale == ',') mots += " à virgule décimale"_fr;
+    if (lecture.decimale == '.') mots += " à point décimal"_fr;
+    return mots;
+}
+
+// A line that is longer than most, which no column of the others explains; none: nullptr.
+const RangeeLue* trop_longue(const Lecture& lecture) {
+    for (std::size_t i = lecture.premiere; i < lecture.rangees.size(); ++i) {
+        const auto& cellules = lecture.rangees[i].cellules;
+        for (std::size_t c = lecture.colonnes; c < cellules.size(); ++c)
+            if (lecture.nombre(cellules[c])) return &lecture.rangees[i];
+    }
+    return nullptr;
+}
+
+// Sorts the columns into numbers and words. The sentence for the first line that lacks a number, or "".
+std::string trie_colonnes(const Lecture& lecture, DonneesLues& donnees) {
+    const RangeeLue* fautive = trop_longue(lecture);
+    std::size_t colonne_fautive = lecture.colonnes;
+    for (std::size_t c = 0; c < lecture.largeur; ++c) {
+        const Contenu contenu = contenu_de(lecture, c);
+        if (contenu.nombres < contenu.mots || contenu.nombres == 0 || c >= lecture.colonnes) {
+            if (contenu.mots > 0) donnees.textes.push_back(c + 1);
+            continue;
+        }
+        donnees.rangs.push_back(c + 1);
+        if (contenu.faute == nullptr) continue;
+        if (fautive != nullptr && fautive->ligne <= contenu.faute->ligne) continue;
+        fautive = contenu.faute;
+        colonne_fautive = c;
+    }
+    if (fautive != nullptr) return mots_faute(lecture, *fautive, colonne_fautive);
+    return donnees.rangs.empty() ? std::string("aucune colonne de nombres dans ce fichier"_fr) : "";
+}
+
+// The line that has the headings of the columns: the first with as many cells, or with more. A single column may
+// have a heading of several words.
+const RangeeLue* ligne_de_titres(const Lecture& lecture) {
+    const RangeeLue* plus_longue = nullptr;
+    for (std::size_t i = 0; i < lecture.premiere; ++i) {
+        const RangeeLue& rangee = lecture.rangees[i];
+        if (rangee.cellules.size() == lecture.colonnes) return &rangee;
+        if (rangee.cellules.size() > lecture.colonnes && plus_longue == nullptr) plus_longue = &rangee;
+    }
+    return plus_longue;
+}
+
+// The numbers of the columns, and their headings where a line of headings has as many cells.
+void remplit(const Lecture& lecture, DonneesLues& donnees) {
+    donnees.titres = lecture.premiere;
+    donnees.table.colonnes.resize(donnees.rangs.size());
+    for (std::size_t k = 0; k < donnees.rangs.size(); ++k)
+        for (std::size_t i = lecture.premiere; i < lecture.rangees.size(); ++i)
+            donnees.table.colonnes[k].push_back(
+                lecture.nombre(lecture.cellule(lecture.rangees[i], donnees.rangs[k] - 1)).value_or(0));
+    const RangeeLue* const titre = ligne_de_titres(lecture);
+    if (titre == nullptr) return;
+    if (lecture.colonnes == 1 && titre->cellules.size() != 1)
+        donnees.table.titres.emplace_back(titre->entiere);
+    else
+        for (const std::size_t rang : donnees.rangs) donnees.table.titres.emplace_back(titre->cellules[rang - 1]);
+}
+
+// "3 lignes", "1 ligne".
+std::string combien(std::size_t n, std::string_view un, std::string_view plusieurs) {
+    return chiffres(static_cast<long long>(n)).append(" ").append(n == 1 ? un : plusieurs);
+}
+
+// The columns by their numbers in the file, with their headings: "2 Maths, 3 Anglais".
+std::string mots_colonnes(const DonneesLues& donnees) {
+    std::string mots;
+    for (std::size_t i = 0; i < donnees.rangs.size() && i < 8; ++i) {
+        mots += (i == 0 ? "" : ", ") + chiffres(static_cast<long long>(donnees.rangs[i]));
+        if (i < donnees.table.titres.size() && !donnees.table.titres[i].empty())
+            mots += " " + donnees.table.titres[i].substr(0, kCelluleCitee);
+    }
+    return donnees.rangs.size() > 8 ? mots + "..." : mots;
+}
+
+}  // namespace
+
+std::optional<DonneesLues> lis_donnees(std::string_view octets, std::string& refus) {
+    std::optional<std::string> texte = texte_des_donnees(octets, refus);
+    if (!texte) return std::nullopt;
+    const char dit = separateur_dit(*texte);
+    RangeesLues lues = coupe_en_cellules(*texte, dit != 0 ? dit : separateur_de(*texte));
+    refus = lues.refus;
+    if (!refus.empty()) return std::nullopt;
+    Lecture lecture;
+    lecture.rangees = std::move(lues.rangees);
+    lecture.decimale = decimale_de(lecture.rangees);
+    lecture.premiere = premiere_de_nombres(lecture);
+    if (lecture.premiere == lecture.rangees.size()) {
+        refus = "aucun nombre dans ce fichier"_fr;
+        return std::nullopt;
+    }
+    mesure(lecture);
+    DonneesLues donnees;
+    donnees.decimale = lecture.decimale;
+    refus = trie_colonnes(lecture, donnees);
+    if (!refus.empty()) return std::nullopt;
+    remplit(lecture, donnees);
+    return donnees;
+}
+
+std::string mots_donnees(const DonneesLues& donnees) {
+    std::string mots = combien(donnees.table.lignes(), "ligne", "lignes") + ", " +
+                       combien(donnees.rangs.size(), "colonne", "colonnes");
+    mots += donnees.decimale == ',' ? ", virgule décimale"_fr
+            : donnees.decimale == '.' ? ", point décimal"_fr : ", nombres entiers"_fr;
+    if (donnees.titres == 0) mots += ", sans titre"_fr;
+    if (donnees.titres > 1) mots += ", " + combien(donnees.titres, "ligne", "lignes") + std::string(" de titres"_fr);
+    if (donnees.rangs.size() > 1 || !donnees.table.titres.empty())
+        mots += (donnees.rangs.size() == 1 ? " : colonne " : " : colonnes ") + mots_colonnes(donnees);
+    if (!donnees.textes.empty()) {
+        mots += donnees.textes.size() == 1 ? " ; en texte, laissée de côté : "_fr : " ; en texte, laissées de côté : "_fr;
+        for (std::size_t i = 0; i < donnees.textes.size(); ++i)
+            mots += (i == 0 ? "" : ", ") + chiffres(static_cast<long long>(donnees.textes[i]));
+    }
+    return mots;
+}

@@ -9,6 +9,10 @@
 // as they are, and a terminal shows them as UTF-8.
 std::vector<std::string> prepare_console(int argc, char** argv);
 
+// True when what is written there is shown by a terminal.
+bool sortie_au_terminal();
+bool erreurs_au_terminal();
+
 // While it lives, a request to end the program (Ctrl+C, or the system's) waits, so that a file that is
 // being written is not left in pieces; the program ends after it.
 struct SansInterruption {

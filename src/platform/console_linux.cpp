@@ -30,6 +30,9 @@ std::vector<std::string> prepare_console(int argc, char** argv) {
     return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
+bool sortie_au_terminal() { return isatty(STDOUT_FILENO) != 0; }
+bool erreurs_au_terminal() { return isatty(STDERR_FILENO) != 0; }
+
 SansInterruption::SansInterruption() {
     const sigset_t signaux = signaux_de_fin();
     sigprocmask(SIG_BLOCK, &signaux, nullptr);

@@ -45,6 +45,9 @@ std::vector<std::string> prepare_console(int, char**) {
     return arguments;
 }
 
+bool sortie_au_terminal() { return _isatty(_fileno(stdout)) != 0; }
+bool erreurs_au_terminal() { return _isatty(_fileno(stderr)) != 0; }
+
 // Ctrl+C alone can be held back here.
 SansInterruption::SansInterruption() { SetConsoleCtrlHandler(nullptr, TRUE); }
 SansInterruption::~SansInterruption() { SetConsoleCtrlHandler(nullptr, FALSE); }

@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 
@@ -25,7 +26,7 @@ public:
         column_width(32);
     }
     std::string make_usage(const CLI::App*, std::string) const override {
-        return "Usage : voxtab-calc [options] [FEUILLE]\n";
+        return "Usage : voxtab-calc [options] [FEUILLE]...\n";
     }
     std::string make_description(const CLI::App* app) const override {
         return app->get_description() + "\n";
@@ -68,8 +69,9 @@ CLI::Validator decimales_possibles() {
 }
 
 void declare(CLI::App& app, OptionsCalcul& o) {
-    app.add_option("FEUILLE", o.feuille,
-                   "Feuille à calculer ; sans elle, ou avec -, l'entrée standard");
+    app.add_option("FEUILLE", o.feuilles,
+                   "Feuille à calculer ; sans elle, ou avec -, l'entrée standard.\n"
+                   "Plusieurs feuilles sont calculées ensemble et écrites dans leur ordre");
     app.add_flag("-i,--en-place", o.en_place,
                  "Récrit la feuille dans son fichier, l'ancienne gardée avec l'extension bak");
     app.add_option("-a,--affichage", o.affichage,
@@ -111,7 +113,7 @@ std::string mots_de_trop(const std::string& texte, const std::vector<std::string
     if (mot.starts_with("-="))
         for (const std::string& tape : mots)
             if (tape.ends_with(mot.substr(1))) return tape + " ne prend pas de valeur";
-    return (mot.starts_with("-") ? "option inconnue : " : "une seule feuille à la fois : ") + mot;
+    return "option inconnue : " + mot;
 }
 
 // One French line for what is wrong with the command line.
@@ -133,11 +135,24 @@ std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>
     return "ligne de commande incorrecte";
 }
 
+// One sheet stands alone; several are files.
+void range_feuilles(LectureOptions& lecture) {
+    std::vector<std::string>& feuilles = lecture.options.feuilles;
+    if (feuilles.size() > 1) {
+        if (std::find(feuilles.begin(), feuilles.end(), "-") == feuilles.end()) return;
+        lecture.statut = 2;
+        lecture.erreur = "l'entrée standard (-) ne se calcule que seule";
+        return;
+    }
+    if (!feuilles.empty()) lecture.options.feuille = std::move(feuilles.front());
+    feuilles.clear();
+}
+
 }  // namespace
 
 LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests) {
     LectureOptions lecture;
-    CLI::App app("voxtab-calc calcule une feuille : chaque résultat est écrit derrière sa ligne.");
+    CLI::App app("voxtab-calc calcule des feuilles : chaque résultat est écrit derrière sa ligne.");
     app.formatter(std::make_shared<AideFrancaise>());
     app.set_help_flag("-h,--aide,--help", "Affiche cette aide");
     app.set_version_flag("-v,--version", kVersion, "Affiche la version");
@@ -150,6 +165,7 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
     try {
         std::vector<std::string> envers(mots.rbegin(), mots.rend());
         app.parse(envers);
+        range_feuilles(lecture);
     } catch (const CLI::CallForHelp&) {
         lecture.statut = 0;
         lecture.sortie = app.help();

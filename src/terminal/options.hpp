@@ -16,6 +16,7 @@ struct OptionsCalcul {
     bool en_place = false;                     // back into the file
     std::string codage;                        // "", utf-8, windows-1252
     std::string feuille;                       // path; "" or "-": standard input
+    std::vector<std::string> feuilles;         // paths, where there are several; else none
     std::size_t curseur = 0;                   // tests only: cursor before the pass, bytes from 0
 };
 

@@ -1,5 +1,5 @@
-// The calculation in a terminal: a sheet from a file or standard input, the calculated sheet to
-// standard output or back into the file. Messages and boxes go to standard error, one a line.
+// The calculation in a terminal: sheets from files, or one from standard input, the calculated ones to
+// standard output or back into the files. Messages and boxes go to standard error, one a line.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -16,6 +16,7 @@
 #include "documents/recovery_file.hpp"
 #include "platform/console.hpp"
 #include "platform/files.hpp"
+#include "platform/helper_process.hpp"
 #include "platform/message.hpp"
 #include "platform/stack.hpp"
 #include "platform/system_path.hpp"
@@ -23,6 +24,7 @@
 #include "sheet/recalculation.hpp"
 #include "state/pass_result.hpp"
 #include "terminal/last_handler.hpp"
+#include "terminal/many_sheets.hpp"
 #include "terminal/options.hpp"
 #include "terminal/sheet_file.hpp"
 #include "terminal/terminal_port.hpp"
@@ -216,12 +218,15 @@ int main(int argc, char** argv) {
     finit_sans_memoire(stderr, "voxtab-calc : mémoire insuffisante\n");   // nothing has been written then
     agrandit_pile(argv);
     std::ios::sync_with_stdio(false);
-    const LectureOptions lecture = lis_options(prepare_console(argc, argv));
+    const std::vector<std::string> mots = prepare_console(argc, argv);
+    installe_port_terminal();
+    if (mots.size() == 1 && mots.front() == kMotAide) return sers_d_aide(calcule);
+    const LectureOptions lecture = lis_options(mots);
     if (lecture.statut) {
         if (*lecture.statut != kReussite) return refuse(lecture.erreur);
         return montre(lecture.sortie);
     }
-    installe_port_terminal();
+    if (!lecture.options.feuilles.empty()) return calcule_feuilles(lecture.options, mots, calcule);
     reinitialise_calcul();
     applique_options(lecture.options);
     return calcule(lecture.options);

@@ -83,6 +83,16 @@ TEST_CASE("options: a sheet may be named by a dash, and by any name behind two d
     CHECK(lis_options({"feuille d'été.vxt"}).options.feuille == "feuille d'été.vxt");
 }
 
+TEST_CASE("options: several sheets are in the order of the command line") {
+    const LectureOptions lu = lis_options({"b.vxt", "-c", "a.vxt", "--", "-i"});
+    CHECK_FALSE(lu.statut.has_value());
+    CHECK(lu.options.feuilles == std::vector<std::string>{"b.vxt", "a.vxt", "-i"});
+    CHECK(lu.options.feuille.empty());
+    CHECK(lu.options.colonne);
+    CHECK_FALSE(lu.options.en_place);
+    CHECK(lis_options({"a.vxt"}).options.feuilles.empty());
+}
+
 TEST_CASE("options: words of every refusal") {
     const Refus refus[] = {
         {{"--affichage", "romain"},
@@ -104,7 +114,7 @@ TEST_CASE("options: words of every refusal") {
         {{"-z"}, "option inconnue : -z"},
         {{"a", "--couleur"}, "option inconnue : --couleur"},
         {{"--colonne", "--couleur", "f.vxt"}, "option inconnue : --couleur"},
-        {{"a.vxt", "b.vxt"}, "une seule feuille à la fois : b.vxt"},
+        {{"a.vxt", "-"}, "l'entrée standard (-) ne se calcule que seule"},
         {{"--decimales"}, "--decimales : il manque sa valeur"},
         {{"a.vxt", "--angle"}, "--angle : il manque sa valeur"},
         {{"-a"}, "--affichage : il manque sa valeur"}};
@@ -129,7 +139,7 @@ TEST_CASE("options: no refusal speaks English, names its option wrongly or takes
                               {"--decimales", "--colonne"},
                               {"--=3"},
                               {"-d"},
-                              {"a", "b", "c"}};
+                              {"a", "-", "c"}};
     for (const Mots& mots : commandes) {
         std::string commande;
         for (const std::string& mot : mots) commande += mot + " ";
@@ -173,7 +183,7 @@ TEST_CASE("options: help and version end the program well") {
         const LectureOptions lu = lis_options({mot});
         CHECK(lu.statut == 0);
         CHECK(lu.erreur.empty());
-        CHECK(lu.sortie.starts_with("voxtab-calc calcule une feuille"));
+        CHECK(lu.sortie.starts_with("voxtab-calc calcule des feuilles"));
         for (const char* option :
              {"--affichage", "--decimales", "--angle", "--matrice", "--colonne", "--statistiques",
               "--en-place", "--codage", "--aide", "--version",

@@ -10,7 +10,7 @@ import tempfile
 import time
 
 PROGRAM = sys.argv[1]
-SHEETS = 300
+SHEETS = 120
 faults = []
 
 

@@ -58,7 +58,7 @@ bool range_nombre() {
     if (moteur.l_matrice != ' ' && moteur.l_var >= 1) {
         std::string texte("matrice M"_fr);
         texte += moteur.l_matrice;
-        affiche_erreur_formule(texte.append(" non rangée"_fr));
+        affiche_erreur_calcul(texte.append(" non rangée"_fr));
         return false;
     }
     const auto rang = static_cast<std::size_t>(moteur.l_var);
@@ -94,8 +94,8 @@ bool ajoute_terme(char operateur) {
             moteur.flag_travail2 = false;
             return true;
         }
-        affiche_erreur_formule(operateur == '+' ? "addition uniquement entre matrice"_fr
-                                                : "Soustraction uniquement entre matrice"_fr);
+        affiche_erreur_calcul(operateur == '+' ? "addition uniquement entre matrice"_fr
+                                               : "Soustraction uniquement entre matrice"_fr);
         return false;
     }
     double& somme = moteur.l_valeur_expression;
@@ -116,7 +116,7 @@ void applique_pourcentage(char operateur) {
     } else if (operateur == '-') {
         Tente(kCompileExpression, [&] { range(somme, somme * (1 - terme / 100), somme, terme); });
     } else {
-        affiche_erreur_formule("Pourcentage que sur + et -"_fr);
+        affiche_erreur_calcul("Pourcentage que sur + et -"_fr);
     }
 }
 
@@ -191,7 +191,7 @@ void combine_et(double& l_terme) {
 void divise(double& l_terme) {
     const double diviseur = moteur.l_valeur_exposant;
     if (diviseur == 0)
-        affiche_erreur_formule("division par 0"_fr);
+        affiche_erreur_calcul("division par 0"_fr);
     else
         Tente(kCompileTerme, [&] { range(l_terme, l_terme / diviseur, l_terme, diviseur); });
 }
@@ -201,11 +201,11 @@ void eleve(double& p, double e) {
     if (p == 0) {
         // 0 stays 0 whatever the exponent; only the exact inverse is an error. Kept: see the oddities,
         // zero-to-a-power.
-        if (e == -1) affiche_erreur_formule("division par 0"_fr);
+        if (e == -1) affiche_erreur_calcul("division par 0"_fr);
         return;
     }
     if (p < 0 && e != std::trunc(e)) {
-        affiche_erreur_formule(
+        affiche_erreur_calcul(
             "Erreur de puissance : a^b avec a négatif et b non entier"_fr);
         return;
     }
@@ -291,6 +291,7 @@ void lis_terme() {
 double evalue_formule() noexcept {
     moteur.l_separateurs = " +-*/^(),@=%";
     moteur.p_position = 1;
+    moteur.debut_symbole = moteur.debut_calcul = 1;
     moteur.lecture_finie = false;
     moteur.erreur_formule = false;
     moteur.l_texte_erreur.clear();
@@ -307,6 +308,7 @@ double evalue_formule() noexcept {
     lis_symbole();
     compile_egalite();
     if (moteur.releve != nullptr) [[unlikely]] releve_fin();
+    moteur.debut_calcul = 0;
     return moteur.l_valeur_egalite;
 }
 
@@ -328,7 +330,9 @@ void compile_egalite() noexcept {
         const std::int32_t place = place_symbole();
         lis_symbole();
         cible.remet();
+        const std::int16_t debut = moteur.debut_symbole;
         compile_expression();
+        moteur.debut_calcul = debut;
         cible.remet();
         note_affectation(place);
         if (moteur.l_matrice == ' ' || moteur.l_var != 0) {
@@ -341,6 +345,7 @@ void compile_egalite() noexcept {
 }
 
 void compile_expression() noexcept {
+    const std::int16_t debut = moteur.debut_symbole;
     lis_premier_terme();
     for (;;) {
         const char operateur = tete_symbole();
@@ -348,11 +353,13 @@ void compile_expression() noexcept {
         const std::int32_t place = place_symbole();
         lis_symbole();
         lis_terme();
+        moteur.debut_calcul = debut;
         if (!applique_operateur(operateur, place)) return;
     }
 }
 
 void compile_terme() noexcept {
+    const std::int16_t debut = moteur.debut_symbole;
     compile_exposant();
     double l_terme = moteur.l_valeur_exposant;
     for (;;) {
@@ -360,7 +367,9 @@ void compile_terme() noexcept {
         if (operateur != '*' && operateur != '/' && !symbole_est("AND")) break;
         const std::int32_t place = place_symbole();
         lis_symbole();
+        const std::int16_t droite = moteur.debut_symbole;
         compile_exposant();
+        moteur.debut_calcul = operateur == '/' ? droite : debut;
         if (operateur == '*') {
             const SorteCalcul sorte = multiplie(l_terme);
             note_operation(GenreNoeud::fois, 2, place, l_terme, sorte);
@@ -376,6 +385,7 @@ void compile_terme() noexcept {
 }
 
 void compile_exposant() noexcept {
+    const std::int16_t debut = moteur.debut_symbole;
     compile_not();
     double p = moteur.l_valeur_not;
     while (tete_symbole() == '^') {
@@ -383,12 +393,13 @@ void compile_exposant() noexcept {
         lis_symbole();
         compile_not();
         double e = moteur.l_valeur_not;
+        moteur.debut_calcul = debut;
         note_trait(kTraitPuissance);
         if (moteur.flag_travail && !moteur.flag_travail2) {
             operations.puissance(e);
             note_operation(GenreNoeud::puissance, 2, place, 0, SorteCalcul::matrices);
         } else if (moteur.flag_travail2) {
-            affiche_erreur_formule("une seule matrice en puissance"_fr);
+            affiche_erreur_calcul("une seule matrice en puissance"_fr);
             note_operation(GenreNoeud::puissance, 2, place, p, SorteCalcul::matrices);
             return;
         } else {
@@ -406,8 +417,10 @@ void compile_not() noexcept {
         return;
     }
     const std::int32_t place = place_symbole();
+    const std::int16_t debut = moteur.debut_symbole;
     lis_symbole();
     compile_facteur();
+    moteur.debut_calcul = debut;
     Tente(kCompileNot, [] { moteur.l_valeur_not = ~vers_32_tronque(moteur.l_valeur_facteur); });
     note_operation(GenreNoeud::non, 1, place, moteur.l_valeur_not);
     note_trait(kTraitNon);
@@ -446,7 +459,9 @@ bool lis_argument(double& registre) noexcept {
     const std::int16_t garde = moteur.type_f;
     const double argument1 = moteur.l_argument1, argument2 = moteur.l_argument2;
     lis_symbole();
+    const std::int16_t debut = moteur.debut_symbole;
     registre = Compile_un_argument();
+    moteur.debut_calcul = debut;
     moteur.type_f = garde;
     if (&registre != &moteur.l_argument1) note_perte(kTraitArgumentPerdu, argument1, moteur.l_argument1);
     if (&registre == &moteur.l_argument3) note_perte(kTraitArgumentPerdu, argument2, moteur.l_argument2);

@@ -87,6 +87,7 @@ bool refuse_seconde_variable() {
     texte += ',';
     texte += moteur.l_symbole[0];
     moteur.l_texte_erreur = texte;
+    note_faute_symbole(texte);
     Tente(kLisIdentificateur, [&] { pose_resultat_courant(texte); });
     moteur.erreur_formule = true;
     moteur.definition_fonction_active = false;

@@ -50,6 +50,7 @@ std::size_t coupe_symbole() {
     const std::size_t borne = std::min<std::size_t>(formule.size(), kPositionMaxi);
     std::size_t debut = static_cast<std::size_t>(moteur.p_position) - 1;   // from 0
     while (debut < borne && formule[debut] == ' ') ++debut;
+    moteur.debut_symbole = static_cast<std::int16_t>(debut + 1);
     std::size_t fin = debut;
     while (fin < borne && !est_separateur(formule[fin])) ++fin;
     if (debut >= borne) {

@@ -37,7 +37,7 @@ bool lis_autres_arguments(Lecture lecture) {
 Fin par_formule(const LigneFonction& f, double x, double& resultat) {
     ArithmetiqueSurveillee calcul;
     if (f.domaine.exclut_surveille != nullptr && f.domaine.exclut_surveille(x, calcul)) {
-        affiche_erreur_formule(f.domaine.mots);
+        affiche_erreur_calcul(f.domaine.mots);
         return f.domaine.fin;
     }
     calcul.infini = false;
@@ -49,17 +49,20 @@ Fin par_formule(const LigneFonction& f, double x, double& resultat) {
     return Fin::cloture;
 }
 
-// The value of a function on its first argument, which is in l_valeur.
-Fin calcule(const LigneFonction& f, double& resultat) {
+// The value of a function on its first argument, which is in l_valeur; its name stands at `debut`.
+Fin calcule(const LigneFonction& f, std::int16_t debut, double& resultat) {
     const double x = moteur.l_valeur;
+    moteur.debut_calcul = debut;
     if (f.valeur.procedure == nullptr) return par_formule(f, x, resultat);
     if (!lis_autres_arguments(f.lecture)) return Fin::immediate;
+    moteur.debut_calcul = debut;
     const Fin fin = f.valeur.procedure(x, resultat);
     return f.lecture == Lecture::groupes ? Fin::immediate : fin;   // they have read their own bracket
 }
 
 // Reads the brackets and what stands in them, and computes. Leaves the place of the "(" in `parenthese`.
 double lis_appel(const LigneFonction& ligne, std::int32_t& parenthese) {
+    const std::int16_t debut = moteur.debut_symbole;
     double resultat = 0;
     lis_symbole();
     if (moteur.l_symbole != "(") {
@@ -70,7 +73,7 @@ double lis_appel(const LigneFonction& ligne, std::int32_t& parenthese) {
     lis_symbole();
     moteur.l_valeur = Compile_un_argument();
     moteur.type_f = ligne.numero;
-    if (calcule(ligne, resultat) == Fin::immediate) return resultat;
+    if (calcule(ligne, debut, resultat) == Fin::immediate) return resultat;
     if (moteur.l_symbole == ")")
         lis_symbole();
     else

@@ -8,6 +8,7 @@
 #include "base/number.hpp"
 #include "engine/number_text.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 
 namespace {
 
@@ -20,6 +21,7 @@ constexpr Procedure kMotsFrac{" sur frac"_fr, true};
 bool refuse_denombrement() {
     if (!(moteur.l_argument1 < moteur.l_argument2)) return false;
     moteur.erreur_formule = true;
+    note_faute_calcul(kChaineAmbigue);
     return true;
 }
 

@@ -345,11 +345,16 @@ void inverse(TableMatrice& M, int n, const Expansion& e) {
     procTransfertMatrix(C, M, n);
 }
 
-// Words of a refusal with the bounds of the work matrix: two blanks stand before the first number.
-std::string refus_bornes(std::string_view mots) {
+// Refuses the work matrix with its bounds: two blanks stand before the first number.
+void refuse_bornes(const Procedure& procedure, std::string_view mots) {
     const TableMatrice& travail = matrices.matrice_travail;
-    return std::string(mots) + forme_blanc(travail.lignes()) + "," +
-           forme_blanc(travail.colonnes());
+    Tente(procedure, [&] {
+        std::string texte =
+            std::string(mots) + forme_blanc(travail.lignes()) + "," + forme_blanc(travail.colonnes());
+        note_faute_calcul(texte);
+        note_texte_erreur(std::move(texte));
+    });
+    marque_erreur_formule();
 }
 
 }  // namespace
@@ -357,8 +362,7 @@ std::string refus_bornes(std::string_view mots) {
 void Determinantmatrice(double& resultat) noexcept {
     const TableMatrice& travail = matrices.matrice_travail;
     if (travail.lignes() != travail.colonnes()) {
-        Tente(kDeterminant, [] { note_texte_erreur(refus_bornes("matrice non carée "_fr)); });
-        marque_erreur_formule();
+        refuse_bornes(kDeterminant, "matrice non carée "_fr);
         resultat = 0;
         return;
     }
@@ -368,9 +372,7 @@ void Determinantmatrice(double& resultat) noexcept {
 void InversionMatrice() noexcept {
     TableMatrice& travail = matrices.matrice_travail;
     if (travail.lignes() != travail.colonnes()) {
-        Tente(kInversion,
-              [] { note_texte_erreur(refus_bornes("matrice à inverser non carée "_fr)); });
-        marque_erreur_formule();
+        refuse_bornes(kInversion, "matrice à inverser non carée "_fr);
         return;
     }
     Expansion e;

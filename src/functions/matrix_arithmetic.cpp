@@ -38,7 +38,7 @@ void refuse_bornes(const Procedure& procedure, std::string_view mots, bool trois
         texte += troisieme_collee ? chiffres(b.lignes()) : forme_blanc(b.lignes());
         texte += "," + forme_blanc(b.colonnes());
     });
-    affiche_erreur_formule(texte);
+    affiche_erreur_calcul(texte);
 }
 
 bool memes_bornes() {
@@ -233,16 +233,16 @@ void PuissanceMatrice(double exposant) noexcept {
     const TableMatrice& travail = matrices.matrice_travail;
     double fraction = 0;
     if (travail.lignes() != travail.colonnes()) {
-        affiche_erreur_formule("Matrice incompatible pour la puissance"_fr);
+        affiche_erreur_calcul("Matrice incompatible pour la puissance"_fr);
         return;
     }
     Tente(kPuissance, [&] { fraction = frac(exposant); });
     if (fraction != 0) {
-        affiche_erreur_formule("exposant de la matrice non entier"_fr);
+        affiche_erreur_calcul("exposant de la matrice non entier"_fr);
         return;
     }
     if (exposant < 2) {
-        affiche_erreur_formule("exposant de la matrice < 2"_fr);
+        affiche_erreur_calcul("exposant de la matrice < 2"_fr);
         return;
     }
     if (!Tente(kPuissance, [&] { matrices.matrice_travail2 = travail; })) return;

@@ -77,7 +77,7 @@ void remplit(const Procedure& procedure, TableRepetee& table, double x, Bornes b
 bool lis_effectif(double& registre) {
     if (!lis_argument(registre)) return false;
     if (!(registre < 0)) return true;
-    affiche_erreur_formule("effectif négatif"_fr);
+    affiche_erreur_calcul("effectif négatif"_fr);
     return false;
 }
 

@@ -72,13 +72,14 @@ void DefFon() noexcept {
 void fon(double valeur, double& resultat) noexcept {
     resultat = 0;
     if (moteur.nom_fonction.empty()) {
-        affiche_erreur_formule("Fonction inconnue"_fr);
+        affiche_erreur_calcul("Fonction inconnue"_fr);
         return;
     }
     const auto rang = static_cast<std::size_t>(moteur.fonction_active);
     moteur.valeur_variable[rang] = valeur;
     moteur.variable_definie[rang] = true;
     if (appels_finis()) return;
+    const bool deja_fautif = moteur.faute.notee;
     Registres& registres = moteur;
     Registres appelant = std::move(registres);
     Releve* const releve = std::exchange(moteur.releve, nullptr);   // the record is that of the line
@@ -89,6 +90,7 @@ void fon(double valeur, double& resultat) noexcept {
     });
     resultat = evalue_formule();
     registres = std::move(appelant);
+    if (!deja_fautif) place_faute_a_l_appel();
     moteur.releve = releve;
     if (--moteur.appels_fon == 0) moteur.appels_epuises = false;
 }

@@ -2,6 +2,7 @@
 // formula of the line that carries the call, and p_formule.
 #include "sheet/data_definition.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string>
@@ -77,6 +78,14 @@ void compte_valeur(std::int16_t& ligne, bool ouvre_suivante) {
     Tente(kFinDefinition, [&] { comptes.redimensionne(static_cast<std::size_t>(ligne)); });
 }
 
+// Tells where the element lies that has failed: behind `dessus`, the block's text in front of it.
+void place_element(std::string_view dessus) {
+    const auto lignes = static_cast<std::int16_t>(std::count(dessus.begin(), dessus.end(), kRetour));
+    const std::size_t retour = dessus.rfind(kRetour);
+    place_faute(static_cast<std::int16_t>(statistiques.ligne_definition_statx + lignes + 1),
+                retour == std::string_view::npos ? dessus.size() : dessus.size() - retour - 1);
+}
+
 // Evaluates each element of the block's text and counts the values of each data line. Gives the
 // number of values, or -1 when one was refused.
 std::int32_t lis_valeurs() {
@@ -87,7 +96,10 @@ std::int32_t lis_valeurs() {
     for (std::size_t i = 0; i < texte.size(); ++i) {
         if (texte[i] != kRetour && texte[i] != ',') continue;
         RangeChiffreStatX(texte.substr(debut, i - debut), ++nombre);
-        if (moteur.erreur_formule) return -1;
+        if (moteur.erreur_formule) {
+            place_element(texte.substr(0, debut));
+            return -1;
+        }
         debut = i + 1;
         compte_valeur(ligne, texte[i] == kRetour && debut < texte.size());
     }
@@ -173,6 +185,7 @@ void rangeStatxy(std::string_view ligne_x, std::string_view ligne_y,
             texte.append(" différent des y="_fr) += forme_blanc(static_cast<double>(y.size()));
         });
         affiche_erreur_formule(texte);
+        place_faute(static_cast<std::int16_t>(numero_ligne + 2), 0);
         return;
     }
     Tente(kRangeStatxy, [&] { feuille.formule_ligne(numero_ligne) = appel_statxy(x, y); });

@@ -18,6 +18,7 @@
 #include "sheet/statistics_results.hpp"
 #include "sheet/tabulation.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/sheet.hpp"
 
 namespace {
@@ -90,7 +91,7 @@ void calcule_formule(std::int16_t numero, std::string_view genre) {
     Tente(kCalculChaine, [&] { feuille.valeur_ligne(numero) = evalue_formule(); });
     if (moteur.erreur_formule) {
         if (moteur.l_texte_erreur.empty() && moteur.l_symbole != "@")
-            moteur.l_texte_erreur = "Chaine ambigue"_fr;
+            moteur.l_texte_erreur = kChaineAmbigue;
         pose_erreur(numero);
         moteur.l_texte_erreur.clear();
         return;

@@ -89,15 +89,21 @@ void refuse_rangee(int trouve) noexcept {
 bool range_elements() noexcept {
     const std::string_view texte = definition_de_matrice.texte_definition_matrice;
     int ligne = 1, colonne = 1;
-    std::size_t debut = 0;
+    std::size_t debut = 0, debut_ligne = 0;
     for (std::size_t i = 0; i < texte.size(); ++i) {
         const char c = texte[i];
         if (c != '\r' && c != ',') continue;
         RangeChiffreMatrice({texte.data() + debut, i - debut}, ligne, colonne);
-        if (moteur.erreur_formule) return false;
+        if (moteur.erreur_formule) {
+            place_faute(static_cast<std::int16_t>(definition_de_matrice.ligne_definition_matrice + ligne),
+                        debut - debut_ligne);
+            return false;
+        }
         debut = i + 1;
         colonne = c == ',' ? colonne + 1 : 1;
-        if (c == '\r') ++ligne;
+        if (c != '\r') continue;
+        ++ligne;
+        debut_ligne = debut;
     }
     return true;
 }

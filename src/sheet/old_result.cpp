@@ -3,6 +3,9 @@
 #include "sheet/old_result.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/codepage.hpp"
@@ -57,8 +60,10 @@ bool refuse_controle(const std::string& formule) {
         return static_cast<unsigned char>(c) < 32;
     });
     if (controle == formule.end()) return false;
-    montre_boite(std::string("code < 32 en colonne "_fr) +
-                      chiffres(controle - formule.begin() + 1));
+    const auto colonne = controle - formule.begin() + 1;
+    const std::string texte = std::string("code < 32 en colonne "_fr) + chiffres(colonne);
+    note_faute_caractere(texte, formule, static_cast<std::int16_t>(std::min<std::ptrdiff_t>(colonne, 32766)));
+    montre_boite(texte);
     marque_erreur_formule();
     return true;
 }

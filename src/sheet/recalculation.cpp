@@ -21,6 +21,7 @@
 #include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "sheet/data_definition.hpp"
+#include "sheet/fault.hpp"
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
@@ -30,6 +31,7 @@
 #include "sheet/sorted_block.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"
+#include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 #include "state/sheet.hpp"
 
@@ -214,7 +216,7 @@ Suite calcule_ou_definit(Passe& p) {
 }
 
 // The line steps, in their order.
-Suite traite_ligne(Passe& p) {
+Suite etapes_de_ligne(Passe& p) {
     garde(p, [&] { prepare_ligne(p); });
     if (moteur.erreur_formule) {
         commence_ligne(p, p.numero, p.ligne);   // below a failed line the sheet is only copied
@@ -233,6 +235,17 @@ Suite traite_ligne(Passe& p) {
     if (retient_entete(p) == Suite::finie || prend_fonction(p) == Suite::finie)
         return Suite::finie;
     return calcule_ou_definit(p);
+}
+
+// The same; the first line that fails leaves its fault for who asks for it. A heading that waits is written above
+// the line.
+Suite traite_ligne(Passe& p) {
+    const bool deja = moteur.erreur_formule;
+    const std::size_t ecrite = feuille.colonne_resultat.size() + (p.attente_fonction ? 1 : 0);
+    oublie_faute();
+    const Suite suite = etapes_de_ligne(p);
+    if (!deja && moteur.erreur_formule) Tente(kRecalcul, [&] { garde_faute(p.numero, ecrite); });
+    return suite;
 }
 
 // Everything that a pass begins without.
@@ -316,6 +329,7 @@ void parcourt(Passe& p) {
 Calcul calcule_texte(const std::string& texte, std::size_t curseur) {
     Calcul calcul;
     moteur.erreur_formule = false;
+    feuille.faute = FauteDePasse{};
     moteur.muet_erreur = false;   // a table that was broken off may have left it
     razVar();
     std::string source;
@@ -361,6 +375,7 @@ void reinitialise_calcul() {
     crochets.donnees_triees = ecrit_bloc_tri;
     installe_fonctions();
     reinitialise_moteur();
+    signalement.marque_formule = marque_defaillance;
     boites_de_passe = BoitesDePasse{};
     reinitialise_feuille();
     matrices = Matrices{};

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
@@ -19,11 +21,13 @@
 #include "sheet/old_result.hpp"
 #include "sheet/rendering.hpp"
 #include "state/context.hpp"
+#include "state/formula_error.hpp"
 #include "state/sheet.hpp"
 
 namespace {
 
 constexpr int kTrapezesParBip = 1000;
+constexpr std::string_view kFonctionNonDefinie = "fonction non définie"_fr;
 
 // Brings the function's line into p_formule. Answers false, with the report that is due, when there
 // is no function of that variable.
@@ -124,12 +128,18 @@ bool remplit_table(Repetition& fonction, std::int16_t numero, double x, double p
     return true;
 }
 
+// Shows why the function of the line below the heading can't be used: that line is at fault.
+void montre_refus(std::string_view texte) {
+    note_faute_ligne(texte, static_cast<std::int16_t>(feuille.ligne_courante + 1));
+    montre_boite(texte);
+}
+
 // Probes an end of the interval, or 0 within it; the box names it when the function has no value there.
 // Kept: see the oddities, air-probes.
 bool sonde(Repetition& fonction, double x, std::string_view nom) {
     double valeur = 0;
     if (evalue_en(fonction, x, valeur)) return true;
-    if (!patience.abandonnee) montre_boite(std::string("f("_fr).append(nom).append(") non défini"_fr));
+    if (!patience.abandonnee) montre_refus(std::string("f("_fr).append(nom).append(") non défini"_fr));
     return false;
 }
 
@@ -207,7 +217,7 @@ void refuse_somme() {
     if (patience.abandonnee)
         signale_defaillance(kCommande, kAbandon);
     else
-        montre_boite("fonction non définie"_fr);
+        montre_refus(kFonctionNonDefinie);
     moteur.erreur_formule = true;
 }
 
@@ -227,7 +237,10 @@ void CalculInc(std::int16_t numero, int variable) {
     moteur.muet_erreur = true;
     Repetition fonction(variable);
     if (!remplit_table(fonction, numero, debut, pas, nombre)) {
-        if (!patience.abandonnee) dit("fonction non définie"_fr);
+        if (!patience.abandonnee) {
+            note_faute_ligne(kFonctionNonDefinie, static_cast<std::int16_t>(numero + 1));
+            dit(kFonctionNonDefinie);
+        }
         feuille.resultat_bloc.clear();
     }
     fonction.termine();

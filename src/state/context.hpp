@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <numbers>
 #include <random>
@@ -33,6 +34,20 @@ struct Registres {
     double l_argument1 = 0;              // argument registers of functions of several arguments,
     double l_argument2 = 0;              // shared and not saved by nested calls
     double l_argument3 = 0;
+    std::int16_t debut_symbole = 1;      // first character of the current symbol in p_formule, from 1
+    std::int16_t debut_calcul = 0;       // of the part whose value is being computed; 0: none
+};
+
+// The first report of a failure since `oublie_faute`: what was said, and where the engine stood. The piece is a
+// part of `formule`, from 1, `fin` the character behind it; debut 0: the whole line.
+struct PremiereFaute {
+    bool notee = false;
+    std::string mots;                    // of the report or of the box, Windows-1252
+    std::string formule;                 // p_formule as it was read, without the end mark
+    std::int16_t debut = 0;
+    std::int16_t fin = 0;
+    std::int16_t ligne = 0;              // line of the sheet, from 1; 0: the one in calculation
+    std::size_t decalage = 0;            // of an element: characters of its line in front of it
 };
 
 struct Releve;   // state/reading.hpp
@@ -47,6 +62,7 @@ struct Moteur : Registres {
     bool definition_fonction_active = false;   // a user function's text is being scanned
     std::int16_t fonction_active = 0;    // variable of the user function, 1 to 26; 0 for none
     std::string nom_fonction;            // text of the user function, capitals; "" for none
+    PremiereFaute faute;                 // why the line in calculation fails
     int appels_fon = 0;                  // calls of the user function that wait for an inner one
     bool appels_epuises = false;         // a call came too deep; until the outermost one ends
 

@@ -45,7 +45,7 @@ void CopieMatriceVersTravail2(char lettre) noexcept {
 void CopieTravailVersMatrice(char lettre) noexcept {
     const TableMatrice& travail = matrices.matrice_travail;
     if (travail.lignes() == 0 || travail.colonnes() == 0) {
-        affiche_erreur_formule("matrice de travail vide"_fr);
+        affiche_erreur_calcul("matrice de travail vide"_fr);
         return;
     }
     TableMatrice* cible = table_de(lettre);

@@ -10,6 +10,14 @@
 #include "base/table.hpp"
 #include "state/pass_result.hpp"
 
+// The failed line of the last pass: the first fault, and its piece in the text that the pass wrote.
+struct FauteDePasse {
+    std::size_t ligne = 0;               // line of that text, from 1; 0: no line has failed
+    std::size_t colonne = 1;             // first character of the piece, from 1
+    std::size_t longueur = 0;            // 0: the engine stood behind the formula
+    std::string mots;                    // what was reported first, Windows-1252; "" when nothing was
+};
+
 struct Feuille {
     std::int16_t nombre_ligne = 0;       // lines of the sheet: carriage returns plus one
     Table<double> valeur_ligne;          // result of each line, 1 to nombre_ligne; 0 for none
@@ -30,6 +38,7 @@ struct Feuille {
     // line of the tables, which stands in the block below.
     std::string texte_ecrit;
     std::vector<std::int32_t> colonne_resultat;
+    FauteDePasse faute;
 };
 extern Feuille feuille;
 

@@ -20,6 +20,7 @@
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
 #include "shell/data_commands.hpp"
+#include "shell/faults.hpp"
 #include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
@@ -188,6 +189,19 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 55, .menu = kOutils, .nom = "mnuParentheseItem",
      .libelle = "Parenthèse correspondante"_fr, .raccourci = ctrl('B'),
      .mots_aide = "parenthèse correspondante"_fr, .execute = mnuParentheseItem},
+    {.numero = 56, .menu = kOutils, .nom = "mnuAllerFauteItem", .libelle = "Aller à la &faute"_fr,
+     .raccourci = seule(kToucheF12), .mots_aide = "aller à la faute"_fr, .vues = Vues::quittees,
+     .execute = mnuAllerFauteItem},
+    {.numero = 57, .menu = kOutils, .nom = kItemExpliquer, .libelle = "E&xpliquer le message"_fr,
+     .raccourci = maj(kToucheF12), .mots_aide = "expliquer le message"_fr, .vues = Vues::quittees,
+     .execute = mnuExpliquerItem},
+    {.numero = 58, .menu = kOutils, .nom = "mnuErreurSuivanteItem",
+     .libelle = "&Ligne en erreur suivante"_fr, .raccourci = seule(kToucheF11),
+     .mots_aide = "ligne en erreur suivante"_fr, .vues = Vues::quittees, .execute = mnuErreurSuivanteItem},
+    {.numero = 59, .menu = kOutils, .nom = "mnuErreurPrecedenteItem",
+     .libelle = "Lig&ne en erreur précédente"_fr, .raccourci = maj(kToucheF11),
+     .mots_aide = "ligne en erreur précédente"_fr, .vues = Vues::quittees,
+     .execute = mnuErreurPrecedenteItem},
     {.numero = 60, .menu = kOutils, .nom = kItemRepeter,
      .libelle = "Répéter le dernier &message"_fr, .raccourci = ctrl('D'),
      .mots_aide = "répéter le dernier message"_fr, .une_fois = true, .execute = mnuRepeterItem},

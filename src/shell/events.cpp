@@ -275,7 +275,7 @@ void evenement_lecture_seule() {
 
 bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
     const std::string_view item = item_du_raccourci(frappe);
-    note_touche_entendus(frappe.touche, item == kItemRepeter);
+    note_touche_entendus(frappe.touche, item);
     const bool repetee = est_tenue(frappe.touche);
     if (note_pression(nom == "txt", frappe)) return true;
     if (!item.empty()) {

@@ -8,6 +8,7 @@
 #include "platform/message.hpp"
 #include "shell/announcements.hpp"
 #include "shell/key_codes.hpp"
+#include "shell/menus.hpp"
 
 Entendus entendus;
 
@@ -33,11 +34,19 @@ void prend_entendus() {
     const auto premier = entendus.messages.begin();
     entendus.messages.erase(premier, premier + static_cast<std::ptrdiff_t>(trop));
     entendus.rang = 0;
+    entendus.frais = true;
 }
 
-void note_touche_entendus(int touche, bool repetition) {
+void note_touche_entendus(int touche, std::string_view item) {
     const bool modificateur = touche == kToucheMaj || touche == kToucheCtrl || touche == kToucheAlt;
-    if (!repetition && !modificateur) entendus.rang = 0;
+    if (modificateur || item == kItemRepeter || item == kItemExpliquer) return;
+    entendus.rang = 0;
+    entendus.frais = false;
+}
+
+std::string_view dernier_entendu() {
+    const std::size_t nombre = entendus.messages.size();
+    return nombre == 0 ? std::string_view() : entendus.messages[nombre - std::max<std::size_t>(entendus.rang, 1)];
 }
 
 void mnuRepeterItem() {
@@ -46,5 +55,6 @@ void mnuRepeterItem() {
     if (nombre == 0) return dit_hors_liste(kAucunMessage);
     if (entendus.rang == nombre) return dit_hors_liste(kAucunPlusAncien);
     ++entendus.rang;
+    entendus.frais = true;
     dit_hors_liste(entendus.messages[nombre - entendus.rang]);
 }

@@ -18,15 +18,20 @@ inline constexpr std::string_view kAucunPlusAncien = "pas de message plus ancien
 struct Entendus {
     std::vector<std::string> messages;   // Windows-1252, the last one last
     std::size_t rang = 0;                // how far the repetition has gone back; 0: not begun
+    bool frais = false;                  // the last one is what the user has just heard: no key since then
 };
 extern Entendus entendus;
 
 // Takes what has been said since the last time into the list: what an event told, as it told it.
 void prend_entendus();
 
-// A key that goes down anywhere in the window: any but that of the repetition lets it begin anew. A modifier
-// goes down with its key and is none.
-void note_touche_entendus(int touche, bool repetition);
+// A key that goes down anywhere in the window, with the item that it stands for: what was heard is no longer fresh,
+// and the repetition begins anew. The keys that ask for it again or for its explanation change nothing, nor does
+// a modifier, which goes down with its key.
+void note_touche_entendus(int touche, std::string_view item);
+
+// The message that was heard last: the last one, or the one that was repeated. "" when there is none.
+std::string_view dernier_entendu();
 
 // Says the last message again; at the next press the one before.
 void mnuRepeterItem();

@@ -10,12 +10,13 @@
 inline constexpr int kItemsRecents = 15;   // mnuOuvrirSousMenuItem(1) to (15), first in "&Fichier"
 inline constexpr std::string_view kNomRecents = "mnuOuvrirSousMenuItem";
 
-// Items whose caption or mark tells an option, the one that is pressed several times in a row, and the one that
+// Items whose caption or mark tells an option, those that work on what was heard, and the one that
 // ends the program.
 inline constexpr std::string_view kItemDerniereFeuille = "mnuDerniereFeuilleItem";
 inline constexpr std::string_view kItemMatrice = "mnuColonneMatrice";
 inline constexpr std::string_view kItemStat = "mnuLigneStat";
 inline constexpr std::string_view kItemSon = "mnuSonItem";
+inline constexpr std::string_view kItemExpliquer = "mnuExpliquerItem";
 inline constexpr std::string_view kItemRepeter = "mnuRepeterItem";
 inline constexpr std::string_view kItemQuitter = "mnuQuitterItem";
 

@@ -24,16 +24,16 @@
 
 namespace {
 
-// The sheet gives way to a text that can be read and not written, whose first line is said. From here
-// on the working copy isn't written.
-void montre_texte(std::string texte) {
+// The sheet gives way to a text that can be read and not written; its line at `position` (from 1) is said. From
+// here on the working copy isn't written.
+void montre_texte(std::string texte, std::size_t position = 1) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
     port.texte.pose_texte(std::move(texte));
-    port.texte.pose_selection(1, 0);
+    port.texte.pose_selection(position, 0);
     fenetre.txt_lecture_seule = true;
     souffle(kLectureSeule);
-    dit(extraitLigne(1));
+    dit(extraitLigne(position));
     fenetre.CmdVoxtab.visible = true;
     fenetre.CmdModifTexte.visible = false;
 }
@@ -133,9 +133,12 @@ void AfficheFonction() {
     montre_texte(lit_texte_programme("fonction.txt"));
 }
 
-void mnuAideTxtItem() {
-    montre_texte(lit_texte_programme("aide.txt"));
-}
+std::string texte_du_guide() { return lit_texte_programme("aide.txt"); }
+
+// The cursor stands behind the first character of the line, as it does when the guide opens at its beginning.
+void montre_guide(std::string guide, std::size_t position) { montre_texte(std::move(guide), position + 1); }
+
+void mnuAideTxtItem() { montre_guide(texte_du_guide(), 0); }
 
 void mnuApropos() {
     montre_texte(std::string("VOXTAB Version 2.02\r\nDécembre 2008\r\nL'équipe Voxtab\r\n"

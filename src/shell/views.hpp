@@ -2,6 +2,7 @@
 // return to the sheet. Change `fenetre`, `aide`, `documents` and the text of the port.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,5 +18,7 @@ void CmdModifTexte();            // replacement on the text
 void mnuAideToucheItem();        // key help on and off
 void AfficheFonction();          // the list of functions, from "fonction.txt"
 void mnuAideTxtItem();           // the guide, from "aide.txt"
+std::string texte_du_guide();    // the guide's file, without its last line end; a failure when it is missing
+void montre_guide(std::string guide, std::size_t position);   // the guide, from the line there on
 void mnuApropos();               // the about text
 void RangeFonction();            // the function name under the cursor of the list; no key calls it

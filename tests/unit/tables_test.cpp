@@ -29,6 +29,10 @@ struct NumeroOutil {
 };
 constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {55, "mnuParentheseItem"},
+    {56, "mnuAllerFauteItem"},
+    {57, "mnuExpliquerItem"},
+    {58, "mnuErreurSuivanteItem"},
+    {59, "mnuErreurPrecedenteItem"},
     {60, "mnuRepeterItem"},
     {64, "mnuImporterItem"},
 });
@@ -75,6 +79,10 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuSonItem", avec_ctrl(kToucheF8)},
     {"mnuAideToucheItem", simple(kToucheF1)},
     {"mnuParentheseItem", avec_ctrl('B')},
+    {"mnuAllerFauteItem", simple(kToucheF12)},
+    {"mnuExpliquerItem", avec_maj(kToucheF12)},
+    {"mnuErreurSuivanteItem", simple(kToucheF11)},
+    {"mnuErreurPrecedenteItem", avec_maj(kToucheF11)},
     {"mnuRepeterItem", avec_ctrl('D')},
     {"mnuImporterItem", avec_ctrl('I')},
 });

@@ -13,6 +13,7 @@
 #include "sheet/group_counts.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
+#include "sheet/observer.hpp"
 #include "sheet/old_result.hpp"
 #include "sheet/rendering.hpp"
 #include "sheet/statistics_results.hpp"
@@ -62,6 +63,8 @@ void pose_erreur(std::int16_t numero) {
 
 // A row of an open matrix.
 void calcule_rangee(std::int16_t numero) {
+    note_role(RoleLigne::rangee);
+    fige_releve();
     RangeDefinitionMatrice();
     if (moteur.erreur_formule) pose_erreur(numero);
 }
@@ -89,6 +92,7 @@ bool calcule_tabulation(const TexteMarque& formule, std::int16_t numero, std::si
 // into words is called ambiguous, unless the reader stood on the end mark.
 void calcule_formule(std::int16_t numero, std::string_view genre) {
     Tente(kCalculChaine, [&] { feuille.valeur_ligne(numero) = evalue_formule(); });
+    fige_releve();
     if (moteur.erreur_formule) {
         if (moteur.l_texte_erreur.empty() && moteur.l_symbole != "@")
             moteur.l_texte_erreur = kChaineAmbigue;
@@ -107,6 +111,8 @@ void calcul_chaine(std::int16_t numero) noexcept {
     if (!Tente(kCalculChaine, [&] { prepare_formule(feuille.formule_ligne(numero)); })) return;
     const TexteMarque formule(moteur.p_formule);
     if (formule.contient(kDefFonction)) {
+        note_role(RoleLigne::fonction);
+        fige_releve();
         DefFon();
         return;
     }
@@ -115,6 +121,7 @@ void calcul_chaine(std::int16_t numero) noexcept {
     const std::string_view genre = genre_ligne(formule, limite);
     if (!genre.empty()) {
         bool complete = false;
+        note_role(RoleLigne::statistiques);
         Tente(kCalculChaine, [&] { complete = TestEffectif(genre); });
         if (!complete) return;
     } else if (calcule_tabulation(formule, numero, limite)) {

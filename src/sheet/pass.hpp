@@ -25,6 +25,7 @@ struct Passe {
     std::string ligne;                   // the line, trimmed, then cut by effaceEgalite
     std::string majuscule;               // the line in capitals, before the cut
     std::string ligne_avant;             // the line before the cut
+    std::size_t retrait = 0;             // blanks in front of it
     Lettres lettres = 0;                 // letters of majuscule
     bool fin = false;                    // this is the last line of the sheet
     bool texte_complet = true;           // every line has been written to the rebuilt text

@@ -25,6 +25,7 @@
 #include "sheet/line.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
+#include "sheet/observer.hpp"
 #include "sheet/old_result.hpp"
 #include "sheet/pass.hpp"
 #include "sheet/rendering.hpp"
@@ -65,6 +66,7 @@ Suite retient_entete(Passe& p) {
     Tente(kRecalcul, [&] { echo = feuille.formule_ligne(p.numero).empty(); });
     if (echo) return Suite::continuer;
     rend_entete(p);
+    note_role(RoleLigne::entete);
     p.attente_fonction = true;
     p.entete_inc = inc;
     garde(p, [&] {
@@ -94,6 +96,7 @@ Suite prend_fonction(Passe& p) {
     p.attente_fonction = false;
     const auto entete = static_cast<std::int16_t>(p.numero - 1);
     calcul_chaine(entete);
+    note_role(RoleLigne::fonction_de_table);
     ecrit_entete(p, entete);
     commence_ligne(p, p.numero, p.ligne);
     // Below a function that fails the sheet is only copied, and no table is written but at the end.
@@ -103,14 +106,17 @@ Suite prend_fonction(Passe& p) {
 
 // Opens a matrix or data-set definition on its heading line.
 bool ouvre_definition(Passe& p) {
+    note_role(RoleLigne::entete_matrice);
     if (p.majuscule_contient(kDefM) && TestMatrice(p.numero)) return true;
     if (!p.majuscule_contient(kMotStatX) || !TestStatX(p.numero)) return false;
+    note_role(RoleLigne::entete_donnees);
     p.ligne_donnees = feuille.colonne_resultat.size();
     return true;
 }
 
 // A data line of an open STATX block; a comma at its end is dropped.
 Suite ajoute_donnees(Passe& p) {
+    note_role(RoleLigne::donnees);
     Tente(kRecalcul, [&] {
         std::string_view donnees = p.ligne;
         if (donnees.ends_with(',')) donnees.remove_suffix(1);
@@ -154,6 +160,7 @@ Suite ferme_definitions(Passe& p) {
 
 // Calculates the line and writes its result after it.
 Suite calcule_ligne(Passe& p) {
+    note_role(RoleLigne::formule);
     calcul_chaine(p.numero);
     ajoute_resultat(p, p.numero);
     if (moteur.erreur_formule) {
@@ -193,6 +200,7 @@ void efface_non_definie(std::string& majuscule) {
 void prepare_ligne(Passe& p) {
     ++p.numero;
     const std::string_view sans = sans_blancs(p.ligne);
+    p.retrait = static_cast<std::size_t>(sans.data() - p.ligne.data());
     if (sans.size() != p.ligne.size()) p.ligne = std::string(sans);
     range_capitales(p.majuscule, p.ligne);
     p.lettres = lettres_de(p.majuscule);
@@ -210,7 +218,11 @@ Suite calcule_ou_definit(Passe& p) {
         vide = formule.empty();
     });
     if (ouvre_definition(p)) return ligne_suivante(p);
-    if (vide || p.majuscule_contient(kFin)) return ferme_definitions(p);
+    if (vide || p.majuscule_contient(kFin)) {
+        const Suite suite = ferme_definitions(p);
+        note_role(RoleLigne::fermante);
+        return suite;
+    }
     if (statistiques.definition_statx) return ajoute_donnees(p);
     return calcule_ligne(p);
 }
@@ -218,11 +230,17 @@ Suite calcule_ou_definit(Passe& p) {
 // The line steps, in their order.
 Suite etapes_de_ligne(Passe& p) {
     garde(p, [&] { prepare_ligne(p); });
+    note_role(RoleLigne::copiee);
     if (moteur.erreur_formule) {
         commence_ligne(p, p.numero, p.ligne);   // below a failed line the sheet is only copied
         return ligne_suivante(p);
     }
-    if (p.listes_attendues > 0) return prend_liste(p);
+    if (p.listes_attendues > 0) {
+        const Suite suite = prend_liste(p);
+        note_role(RoleLigne::liste);
+        return suite;
+    }
+    note_role(RoleLigne::refusee);
     Tente(kRecalcul, [&] { p.ligne_avant = p.ligne; });
     bool correct = true;
     effaceEgalite(p.ligne, p.numero, correct);
@@ -311,6 +329,32 @@ void place_curseur(const Passe& p, Calcul& calcul) {
     calcul.curseur = ligne.fin;
 }
 
+// Tells who looks on of the line that is done; an old block below it has been passed over then.
+void raconte_ligne(const Passe& p, std::int16_t numero, std::size_t ecrite) {
+    const RoleLigne role = observation->role;
+    const bool coupee = role != RoleLigne::copiee && role != RoleLigne::liste;
+    observation->ligne({.numero = numero, .numero_ecrit = static_cast<int>(ecrite), .role = role,
+                        .retrait = p.retrait, .entiere = coupee ? p.ligne_avant : p.ligne, .ligne = p.ligne,
+                        .formule = feuille.formule_ligne(numero), .lue = observation->lue,
+                        .resultat = feuille.resultat_ligne(numero), .valeur = feuille.valeur_ligne(numero),
+                        .erreur = moteur.erreur_formule, .derniere = p.fin});
+    if (observation->poursuit) moteur.erreur_formule = false;
+}
+
+// One line, and the old block below it.
+void traite_suivante(Passe& p) {
+    if (observation == nullptr) {
+        traite_ligne(p);
+        return;
+    }
+    const auto numero = static_cast<std::int16_t>(p.numero + 1);
+    const std::size_t ecrite = feuille.colonne_resultat.size();
+    ouvre_releve();
+    traite_ligne(p);
+    moteur.releve = nullptr;
+    Tente(kRecalcul, [&] { raconte_ligne(p, numero, ecrite); });
+}
+
 // Reads the sheet from its first line to its last.
 void parcourt(Passe& p) {
     bool trouve = true;
@@ -320,7 +364,7 @@ void parcourt(Passe& p) {
             p.texte_complet = false;
             return;
         }
-        if (trouve) traite_ligne(p);
+        if (trouve) traite_suivante(p);
     }
     if (p.attente_fonction) commence_ligne(p, p.numero, p.entete_entiere);   // the sheet ends with its heading
 }

@@ -18,6 +18,7 @@
 #include "platform/message.hpp"
 #include "platform/patience.hpp"
 #include "platform/platform.hpp"
+#include "sheet/observer.hpp"
 #include "sheet/old_result.hpp"
 #include "sheet/rendering.hpp"
 #include "state/context.hpp"
@@ -63,6 +64,7 @@ bool lis_arguments_entete(std::int16_t numero, int variable) {
     }
     if (numero == feuille.nombre_ligne) return false;
     evalue_formule();
+    fige_releve();
     return !moteur.erreur_formule;
 }
 

@@ -26,6 +26,7 @@
 #include "shell/menus.hpp"
 #include "shell/options.hpp"
 #include "shell/quitting.hpp"
+#include "shell/spoken_line.hpp"
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
 #include "state/pass_result.hpp"
@@ -186,6 +187,9 @@ constexpr auto kItems = std::to_array<LigneCommande>({
      .refus = kRienARetablir, .execute = retablit},
     {.numero = 46, .menu = kOutils, .nom = kItemSon, .libelle = "Son à la fin du calcul"_fr,
      .raccourci = ctrl(kToucheF8), .mots_aide = "son à la fin du calcul"_fr, .execute = mnuSonItem},
+    {.numero = 54, .menu = kOutils, .nom = "mnuDireLigneItem",
+     .libelle = "Dire la ligne"_fr, .raccourci = seule(kToucheF2),
+     .mots_aide = "dire la ligne"_fr, .refus = kPasUneFeuille, .execute = mnuDireLigneItem},
     {.numero = 55, .menu = kOutils, .nom = "mnuParentheseItem",
      .libelle = "Parenthèse correspondante"_fr, .raccourci = ctrl('B'),
      .mots_aide = "parenthèse correspondante"_fr, .execute = mnuParentheseItem},

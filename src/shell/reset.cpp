@@ -19,6 +19,7 @@
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/menus.hpp"
+#include "shell/spoken_line.hpp"
 #include "shell/status.hpp"
 #include "shell/window.hpp"
 
@@ -36,6 +37,7 @@ void reinitialise_tout() {
     caracteres = Caracteres{};
     aide = Aide{};
     entendus = Entendus{};
+    ligne_ecoutee = LigneEcoutee{};
     oublie_touches();
     couleurs = Couleurs{};
     const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises

@@ -19,7 +19,7 @@ struct Signe {
 
 // A sign that isn't here is left as it stands.
 constexpr Signe kSignes[] = {
-    {"+", "plus"}, {"-", "moins"}, {"*", "fois"}, {"/", "barre"}, {"^", "puissance"},
+    {"+", "plus"}, {"-", "moins"}, {"*", "fois"}, {"/", "divisé par"_fr}, {"^", "puissance"},
     {"=", "égale"_fr}, {"(", "parenthèse"_fr}, {")", "fin parenthèse"_fr}, {"%", "pour cent"},
     {",", "virgule"}, {";", "point virgule"}, {":", "deux points"}, {".", "point"},
     {"!", "point d'exclamation"}, {"?", "point d'interrogation"}, {"'", "apostrophe"},
@@ -49,14 +49,19 @@ bool est_lettre(char c) {
            c == "Œ"_fr[0];
 }
 
+bool est_apostrophe(char c) { return c == '\'' || c == "’"_fr[0]; }
+
 // How many characters from the start belong to one number or one word; 0 for a sign. The dot between two
-// digits is the number's.
+// digits is the number's, and an apostrophe between letters the word's.
 std::size_t taille_mot(std::string_view texte) {
     const auto suite = [&](auto est) {
         return static_cast<std::size_t>(std::ranges::find_if_not(texte, est) - texte.begin());
     };
     if (texte.starts_with("×"_fr) || texte.starts_with("÷"_fr)) return 0;
-    if (const std::size_t lettres = suite(est_lettre); lettres > 0) return lettres;
+    if (const std::size_t lettres = suite(est_lettre); lettres > 0) {
+        const bool elision = lettres + 1 < texte.size() && est_apostrophe(texte[lettres]) && est_lettre(texte[lettres + 1]);
+        return elision ? lettres + 1 + taille_mot(texte.substr(lettres + 1)) : lettres;
+    }
     std::size_t n = suite(est_chiffre);
     while (n > 0 && n + 1 < texte.size() && texte[n] == '.' && est_chiffre(texte[n + 1])) {
         n += 1;
@@ -74,7 +79,8 @@ void ajoute_lettres(std::string& phrase, std::string_view lettres) {
     if (rang != 0 && ligne_fonction(rang).nom == grandes) return ajoute_mots(phrase, mots_fonction(rang).debut);
     if (grandes.size() == 2 && grandes[0] == 'M' && TestCarMatrice(std::string_view(grandes).substr(1)))
         return ajoute_mots(phrase, std::string("matrice ") + grandes[1]);
-    ajoute_mots(phrase, lettres.size() == 1 ? std::string_view(grandes) : lettres);
+    const bool variable = grandes.size() == 1 && grandes[0] >= 'A' && grandes[0] <= 'Z';
+    ajoute_mots(phrase, variable ? std::string_view(grandes) : lettres);
 }
 
 }  // namespace

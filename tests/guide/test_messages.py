@@ -16,7 +16,8 @@ WORDS = re.compile(r"[^\W\d_]{2}.* [^\W\d_]{2}|[À-ÿ]")     # two words, or an 
 VOICE = re.compile(r"\b(?:dit|message|boite|saisie|oui_non|oui_non_annuler|affiche_erreur_formule)\s*\("
                    r"[^;]*;")
 MENUS = ("shell/commands.cpp", "shell/menus.cpp", "shell/help_mode.hpp")   # captions and key-help words
-VOCABULARY = ("verification/function_words.cpp", "verification/sign_words.cpp")   # words that sentences are made of
+VOCABULARY = ("verification/function_words.cpp", "verification/sign_words.cpp",   # words that sentences are made of
+              "verification/words.cpp", "verification/line_words.cpp")
 HERE = pathlib.Path(__file__).resolve().parent
 
 

@@ -43,4 +43,6 @@ TEST_CASE("words of signs: functions, matrices and operators that are words are 
     CHECK(en_mots("x xor y") == "X ou exclusif Y");
     CHECK(en_mots("le prix payé") == "le prix payé");
     CHECK(en_mots("la faire") == "la faire");   // holds the letters of AIR
+    CHECK(en_mots("d'eau à 3 l’heure") == "d'eau à 3 l’heure");
+    CHECK(en_mots("1'500") == "1 apostrophe 500");
 }

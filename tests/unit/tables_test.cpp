@@ -28,6 +28,7 @@ struct NumeroOutil {
     std::string_view nom;
 };
 constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
+    {54, "mnuDireLigneItem"},
     {55, "mnuParentheseItem"},
     {56, "mnuAllerFauteItem"},
     {57, "mnuExpliquerItem"},
@@ -78,6 +79,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuNombreDecimalItem", avec_ctrl(kToucheF5)},
     {"mnuSonItem", avec_ctrl(kToucheF8)},
     {"mnuAideToucheItem", simple(kToucheF1)},
+    {"mnuDireLigneItem", simple(kToucheF2)},
     {"mnuParentheseItem", avec_ctrl('B')},
     {"mnuAllerFauteItem", simple(kToucheF12)},
     {"mnuExpliquerItem", avec_maj(kToucheF12)},

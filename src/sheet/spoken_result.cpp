@@ -22,18 +22,41 @@ bool est_fin(std::string_view texte, std::size_t position) {
     return position == texte.size() || texte.substr(position).starts_with("\r\n");
 }
 
-// Number, from 0, of the line in the text of the last pass that stands unchanged in the present text: all
-// above it or all below it is as it was. kInconnue when it is not one of the pass.
-std::size_t ligne_ecrite(std::string_view actuel, const Etendue& ligne) {
-    const std::string_view ancien = feuille.texte_ecrit;
-    if (feuille.colonne_resultat.empty()) return kInconnue;
-    if (ancien.starts_with(actuel.substr(0, ligne.fin)) && est_fin(ancien, ligne.fin))
-        return lignes_closes(actuel.substr(0, ligne.debut));
-    const std::size_t reste = actuel.size() - ligne.debut;
-    if (reste > ancien.size() || !ancien.ends_with(actuel.substr(ligne.debut))) return kInconnue;
-    const std::string_view dessus = ancien.substr(0, ancien.size() - reste);
-    return dessus.empty() || dessus.ends_with("\r\n") ? lignes_closes(dessus) : kInconnue;
-}
+// Which lines of the present text are lines of the last pass that stand unchanged: all above them or all below them
+// is as it was.
+class Correspondance {
+public:
+    explicit Correspondance(std::string_view actuel)
+        : actuel_(actuel), ancien_(feuille.texte_ecrit), connue_(!feuille.colonne_resultat.empty()) {
+        if (!connue_) return;
+        const std::size_t commun = std::min(actuel.size(), ancien_.size());
+        const auto fin = actuel.begin() + static_cast<std::ptrdiff_t>(commun);
+        dessus_ = static_cast<std::size_t>(std::mismatch(actuel.begin(), fin, ancien_.begin()).first - actuel.begin());
+        const auto arriere = std::mismatch(actuel.rbegin(), actuel.rbegin() + static_cast<std::ptrdiff_t>(commun),
+                                           ancien_.rbegin());
+        dessous_ = static_cast<std::size_t>(arriere.first - actuel.rbegin());
+        decalage_ = static_cast<std::ptrdiff_t>(lignes_closes(ancien_)) -
+                    static_cast<std::ptrdiff_t>(lignes_closes(actuel));
+    }
+
+    // Number, from 0, of the line in the text of the pass; `rang` is its number in the present text. kInconnue when
+    // it is not one of the pass.
+    std::size_t ligne_ecrite(const Etendue& ligne, std::size_t rang) const {
+        if (!connue_) return kInconnue;
+        if (ligne.fin <= dessus_ && est_fin(ancien_, ligne.fin)) return rang;
+        const std::size_t reste = actuel_.size() - ligne.debut;
+        if (reste > dessous_) return kInconnue;
+        const std::string_view avant = ancien_.substr(0, ancien_.size() - reste);
+        const bool debut_de_ligne = avant.empty() || avant.ends_with("\r\n");
+        return debut_de_ligne ? static_cast<std::size_t>(static_cast<std::ptrdiff_t>(rang) + decalage_) : kInconnue;
+    }
+
+private:
+    std::string_view actuel_, ancien_;
+    bool connue_;
+    std::size_t dessus_ = 0, dessous_ = 0;   // bytes that are the same from the beginning, and from the end
+    std::ptrdiff_t decalage_ = 0;            // lines that the text of the pass has more
+};
 
 // What the table has for a line of the last pass.
 std::string_view resultat_ecrit(std::string_view ligne, std::size_t numero) {
@@ -57,7 +80,20 @@ std::string_view resultat_lu(std::string_view ligne) {
 
 std::string_view resultat_sous_curseur(std::string_view texte, std::size_t curseur) {
     const Etendue ligne = etendue_autour(texte, std::min(curseur, texte.size()));
-    const std::string_view mots = texte.substr(ligne.debut, ligne.fin - ligne.debut);
-    const std::size_t numero = ligne_ecrite(texte, ligne);
-    return numero == kInconnue ? resultat_lu(mots) : resultat_ecrit(mots, numero);
+    std::string_view resultat;
+    pour_chaque_resultat(texte, ligne.debut, ligne.fin, [&](const Etendue&, std::string_view r) { resultat = r; });
+    return resultat;
+}
+
+void pour_chaque_resultat(std::string_view texte, std::size_t debut, std::size_t fin,
+                          const std::function<void(const Etendue&, std::string_view)>& recoit) {
+    const Correspondance correspondance(texte);
+    std::size_t rang = lignes_closes(texte.substr(0, debut));
+    for (Etendue ligne{debut, debut}; ligne.debut <= fin; ligne.debut = ligne.fin + 2, ++rang) {
+        ligne.fin = std::min(texte.find("\r\n", ligne.debut), texte.size());
+        const std::string_view mots = texte.substr(ligne.debut, ligne.fin - ligne.debut);
+        const std::size_t numero = correspondance.ligne_ecrite(ligne, rang);
+        recoit(ligne, numero == kInconnue ? resultat_lu(mots) : resultat_ecrit(mots, numero));
+        if (ligne.fin >= texte.size()) return;
+    }
 }

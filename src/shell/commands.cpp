@@ -26,6 +26,7 @@
 #include "shell/menus.hpp"
 #include "shell/options.hpp"
 #include "shell/quitting.hpp"
+#include "shell/results.hpp"
 #include "shell/spoken_line.hpp"
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
@@ -209,6 +210,10 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 60, .menu = kOutils, .nom = kItemRepeter,
      .libelle = "Répéter le dernier &message"_fr, .raccourci = ctrl('D'),
      .mots_aide = "répéter le dernier message"_fr, .une_fois = true, .execute = mnuRepeterItem},
+    {.numero = 61, .menu = kOutils, .nom = "mnuCopierResultatItem", .libelle = "C&opier le résultat"_fr,
+     .raccourci = ctrl(kToucheF2), .mots_aide = "copier le résultat"_fr, .execute = mnuCopierResultatItem},
+    {.numero = 62, .menu = kOutils, .nom = "mnuEpelerItem", .libelle = "Épeler le rés&ultat"_fr,
+     .raccourci = maj(kToucheF2), .mots_aide = "épeler le résultat"_fr, .execute = mnuEpelerItem},
     {.numero = 64, .menu = kOutils, .nom = "mnuImporterItem", .libelle = "&Importer des données"_fr,
      .raccourci = ctrl('I'), .mots_aide = "importer des données"_fr, .vues = Vues::quittees,
      .execute = mnuImporterItem},

@@ -19,32 +19,25 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 
-// A line of the sheet in bytes from 0, its line end not included.
-struct Ligne {
-    std::size_t debut;
-    std::size_t fin;
-    std::string_view mots(std::string_view texte) const { return texte.substr(debut, fin - debut); }
-};
+std::string_view mots_de(std::string_view texte, const Etendue& ligne) {
+    return texte.substr(ligne.debut, ligne.fin - ligne.debut);
+}
 
-// The line that holds the byte `position`.
-Ligne ligne_de(std::string_view texte, std::size_t position) {
-    const std::size_t avant = position == 0 ? npos : texte.rfind("\r\n", position - 1);
-    const std::size_t debut = avant == npos ? 0 : avant + 2;
-    return {debut, std::min(texte.find("\r\n", debut), texte.size())};
+bool dans_la_ligne(const Morceau& faute, const Etendue& ligne) {
+    return faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin;
 }
 
 // The line on which the calculation has failed is in error even when nothing stands after it.
-bool est_en_erreur(std::string_view texte, const Ligne& ligne, const Morceau& faute) {
-    const bool fautive = faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin;
-    return fautive || !erreur_de_la_ligne(ligne.mots(texte)).empty();
+bool est_en_erreur(std::string_view texte, const Etendue& ligne, const Morceau& faute) {
+    return dans_la_ligne(faute, ligne) || !erreur_de_la_ligne(mots_de(texte, ligne)).empty();
 }
 
 // Goes to a line in error and says it: to the column of the fault where it is known, otherwise in front of the error.
-void va_a_la_ligne(std::string_view texte, const Ligne& ligne, const Morceau& faute) {
-    const std::string_view mots = ligne.mots(texte);
+void va_a_la_ligne(std::string_view texte, const Etendue& ligne, const Morceau& faute) {
+    const std::string_view mots = mots_de(texte, ligne);
     const std::string_view erreur = erreur_de_la_ligne(mots);
     std::size_t place = ligne.debut;
-    if (faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin)
+    if (dans_la_ligne(faute, ligne))
         place = faute.debut;
     else if (const std::size_t egal = mots.rfind('=', mots.size() - erreur.size()); egal != npos)
         place += sans_blancs(mots.substr(0, egal)).size();
@@ -60,25 +53,25 @@ std::string mots_a_expliquer(std::string_view guide) {
     const bool explique = entree_du_guide(guide, entendu) != npos;
     if (explique && entendus.frais) return entendu;
     const std::string_view texte = port.texte.texte();
-    const Ligne ligne = ligne_de(texte, curseur());
+    const Etendue ligne = etendue_autour(texte, curseur());
     const Morceau faute = place_de_la_faute(texte);
-    if (faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin)
+    if (dans_la_ligne(faute, ligne))
         return std::string(mots_de_la_faute());
-    if (const std::string_view erreur = erreur_de_la_ligne(ligne.mots(texte)); !erreur.empty())
+    if (const std::string_view erreur = erreur_de_la_ligne(mots_de(texte, ligne)); !erreur.empty())
         return std::string(erreur);
     return explique ? entendu : std::string(mots_de_la_faute());
 }
 
 // The fault's line, column and piece; its first words where the line ends with others.
 std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
-    const Ligne ligne = ligne_de(texte, faute.debut);
+    const Etendue ligne = etendue_autour(texte, faute.debut);
     const std::string_view piece = texte.substr(faute.debut, faute.fin - faute.debut);
     std::string mots("ligne "_fr);
     mots += chiffres(NumeroTxt(texte, faute.debut));
     mots.append(", colonne "_fr) += chiffres(static_cast<long long>(faute.debut - ligne.debut + 1));
     mots.append(" : ").append(piece.empty() ? kFinDuCalcul : piece);
     const std::string_view cause = mots_de_la_faute();
-    if (!cause.empty() && !ligne.mots(texte).ends_with(cause)) mots.append(", ").append(cause);
+    if (!cause.empty() && !mots_de(texte, ligne).ends_with(cause)) mots.append(", ").append(cause);
     return mots;
 }
 
@@ -99,9 +92,9 @@ void mnuExpliquerItem() {
     if (entree == npos) return dit(kPasDansLeGuide);
     // The way back leads to the column of the fault, when it is this line's.
     const std::string_view texte = port.texte.texte();
-    const Ligne ligne = ligne_de(texte, curseur());
+    const Etendue ligne = etendue_autour(texte, curseur());
     const Morceau faute = place_de_la_faute(texte);
-    if (faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin)
+    if (dans_la_ligne(faute, ligne))
         port.texte.pose_selection(faute.debut, 0);
     montre_guide(guide, entree);
 }
@@ -109,9 +102,9 @@ void mnuExpliquerItem() {
 void mnuErreurSuivanteItem() {
     const std::string& texte = port.texte.texte();
     const Morceau faute = place_de_la_faute(texte);
-    Ligne ligne = ligne_de(texte, curseur());
+    Etendue ligne = etendue_autour(texte, curseur());
     while (ligne.fin < texte.size()) {
-        ligne = ligne_de(texte, ligne.fin + 2);
+        ligne = etendue_autour(texte, ligne.fin + 2);
         if (est_en_erreur(texte, ligne, faute)) return va_a_la_ligne(texte, ligne, faute);
     }
     dit(kPasPlusBas);
@@ -120,9 +113,9 @@ void mnuErreurSuivanteItem() {
 void mnuErreurPrecedenteItem() {
     const std::string& texte = port.texte.texte();
     const Morceau faute = place_de_la_faute(texte);
-    Ligne ligne = ligne_de(texte, curseur());
+    Etendue ligne = etendue_autour(texte, curseur());
     while (ligne.debut > 0) {
-        ligne = ligne_de(texte, ligne.debut - 2);
+        ligne = etendue_autour(texte, ligne.debut - 2);
         if (est_en_erreur(texte, ligne, faute)) return va_a_la_ligne(texte, ligne, faute);
     }
     dit(kPasPlusHaut);

@@ -5,7 +5,6 @@
 #include <wx/dataobj.h>
 
 #include <string>
-#include <string_view>
 
 #include "platform/platform.hpp"
 
@@ -18,12 +17,6 @@ std::string lit() {
     return texte.GetText().utf8_string();
 }
 
-bool pose(std::string_view utf8) {
-    const wxClipboardLocker ouvert;
-    if (!ouvert) return false;
-    return wxTheClipboard->SetData(new wxTextDataObject(wxString::FromUTF8(utf8.data(), utf8.size())));
-}
-
 }  // namespace
 
-void installe_presse_papiers() { port.presse_papiers = {lit, pose}; }
+void installe_presse_papiers() { port.presse_papiers = {lit, pose_presse_papiers}; }

@@ -35,6 +35,8 @@ constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {58, "mnuErreurSuivanteItem"},
     {59, "mnuErreurPrecedenteItem"},
     {60, "mnuRepeterItem"},
+    {61, "mnuCopierResultatItem"},
+    {62, "mnuEpelerItem"},
     {64, "mnuImporterItem"},
 });
 
@@ -86,6 +88,8 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuErreurSuivanteItem", simple(kToucheF11)},
     {"mnuErreurPrecedenteItem", avec_maj(kToucheF11)},
     {"mnuRepeterItem", avec_ctrl('D')},
+    {"mnuCopierResultatItem", avec_ctrl(kToucheF2)},
+    {"mnuEpelerItem", avec_maj(kToucheF2)},
     {"mnuImporterItem", avec_ctrl('I')},
 });
 

@@ -17,6 +17,7 @@
 #include "state/context.hpp"
 #include "state/data_set.hpp"
 #include "state/formula_error.hpp"
+#include "state/noted_data.hpp"
 
 namespace {
 
@@ -217,6 +218,7 @@ double paires_egales(double k, double dernier) {
 
 void StatX() noexcept {
     const double x = moteur.l_argument1, effectif = moteur.l_argument2;
+    note_groupe(x, 0, effectif);
     ajoute_somme(kSommeX, 'P', 1, 1);
     ajoute_somme(kSommeX, 'S', x, effectif);
     ajoute_somme(kSommeX, 'N', effectif, 1);
@@ -227,6 +229,7 @@ void StatX() noexcept {
 
 void statxy() noexcept {
     const double x = moteur.l_argument1, y = moteur.l_argument2, effectif = moteur.l_argument3;
+    note_groupe(x, y, effectif);
     ajoute_somme(kSommeXY, 'P', 1, 1);
     ajoute_somme(kSommeXY, 'S', x, effectif);
     ajoute_somme(kSommeXY, 'T', y, effectif);
@@ -265,6 +268,7 @@ void compile_statx(double& resultat) noexcept {
     moteur.l_argument1 = moteur.l_valeur;
     if (!lis_effectif(moteur.l_argument2)) return;
     met_a_zero("SNVP");
+    note_debut_de_groupes(false);
     StatX();
     double groupes = 1;
     while (moteur.l_symbole != ")") {
@@ -287,6 +291,7 @@ void compile_statxy(double& resultat) noexcept {
     if (!lis_argument(moteur.l_argument2)) return;
     if (!lis_effectif(moteur.l_argument3)) return;
     met_a_zero("STNVUWP");
+    note_debut_de_groupes(true);
     statxy();
     double groupes = 1;
     while (moteur.l_symbole != ")") {

@@ -7,5 +7,6 @@ struct Crochets {
     void (*statut)() = [] {};                        // another sheet is shown, or under another name
     bool (*feuille_montree)() = [] { return true; }; // the text control shows a sheet, not the key help
     void (*donnees_triees)() = [] {};                // the data set is sorted: its block is to be written
+    void (*ligne_calculee)(int) = [](int) {};        // a pass has calculated the line of that number
 };
 extern Crochets crochets;

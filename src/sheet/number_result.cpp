@@ -41,16 +41,14 @@ std::string_view multiple_pi(double absolu) {
     return {};
 }
 
-// Text of the line's value in the present mode.
-std::string texte_valeur(std::int16_t numero) {
-    const double x = feuille.valeur_ligne(numero);
+}  // namespace
+
+std::string texte_du_mode(double x) {
     if (modes.mode_nombre == 2) return texte_hexa(x);
     if (modes.mode_affichage == 2) return FormatNombre(x);
     if (modes.mode_affichage == 3) return FormatPuissance(x);
     return c_intx(x);
 }
-
-}  // namespace
 
 bool formule_contient(std::int16_t numero, const Marque& marque) {
     const std::string& formule = feuille.formule_ligne(numero);
@@ -63,7 +61,7 @@ void Affiche_valeur_nombre(std::int16_t numero) noexcept {
     if (modes.mode_nombre == 1) AffichePi(numero, pi);
     if (pi) return;
     std::string texte;
-    Tente(kAfficheValeurNombre, [&] { texte = texte_valeur(numero); });
+    Tente(kAfficheValeurNombre, [&] { texte = texte_du_mode(feuille.valeur_ligne(numero)); });
     Tente(kAfficheValeurNombre, [&] {
         (feuille.resultat_ligne(numero) = " = ") += texte;
     });

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/failure.hpp"
+#include "platform/hooks.hpp"
 #include "settings/settings.hpp"
 #include "sheet/data_definition.hpp"
 #include "sheet/pass.hpp"
@@ -137,6 +138,7 @@ Suite prend_liste(Passe& p) {
     }
     garde(p, [&] { (feuille.resultat_bloc += kFinDeLigne) += p.ligne; });
     rangeStatxy(p.premiere_liste, p.ligne, p.ligne_statx);
+    crochets.ligne_calculee(p.ligne_statx);
     if (formule_en_erreur()) return ligne_suivante(p);
     feuille.colonne_resultat[p.ligne_donnees - 1] = -p.ligne_statx;
     const AncienBloc ancien = ancien_dessous(p, GenreBloc::statistiques);

@@ -97,6 +97,7 @@ Suite prend_fonction(Passe& p) {
     const auto entete = static_cast<std::int16_t>(p.numero - 1);
     calcul_chaine(entete);
     note_role(RoleLigne::fonction_de_table);
+    crochets.ligne_calculee(entete);
     ecrit_entete(p, entete);
     commence_ligne(p, p.numero, p.ligne);
     // Below a function that fails the sheet is only copied, and no table is written but at the end.
@@ -139,6 +140,7 @@ void refuse_donnees(Passe& p) {
 void ferme_matrice() {
     const std::size_t avant = feuille.texte_reconstruit.size();
     FinDefinitionMatrice();
+    crochets.ligne_calculee(definition_de_matrice.ligne_definition_matrice);
     const std::size_t ajoutes = feuille.texte_reconstruit.size() - avant;
     if (statistiques.position_definition_statx > definition_de_matrice.position_definition_matrice)
         statistiques.position_definition_statx += static_cast<std::int32_t>(ajoutes);
@@ -150,6 +152,7 @@ Suite ferme_definitions(Passe& p) {
     if (definition_de_matrice.definition_matrice) ferme_matrice();
     if (!statistiques.definition_statx) return ligne_suivante(p);
     FinDefinitionStatX();
+    crochets.ligne_calculee(statistiques.ligne_definition_statx);
     if (moteur.erreur_formule) {
         refuse_donnees(p);
         return ligne_suivante(p);
@@ -162,6 +165,7 @@ Suite ferme_definitions(Passe& p) {
 Suite calcule_ligne(Passe& p) {
     note_role(RoleLigne::formule);
     calcul_chaine(p.numero);
+    crochets.ligne_calculee(p.numero);
     ajoute_resultat(p, p.numero);
     if (moteur.erreur_formule) {
         prend_curseur(p);

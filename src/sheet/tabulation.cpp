@@ -23,6 +23,7 @@
 #include "sheet/rendering.hpp"
 #include "state/context.hpp"
 #include "state/formula_error.hpp"
+#include "state/noted_data.hpp"
 #include "state/sheet.hpp"
 
 namespace {
@@ -79,6 +80,7 @@ void vide_resultats(std::int16_t numero) {
 // One row of the table: "f(x) = value", with x in the current number mode too.
 void ajoute_rangee(std::int16_t numero, double x) {
     const auto suivante = static_cast<std::int16_t>(numero + 1);
+    note_rangee(x, feuille.valeur_ligne(numero));
     affiche_valeur(numero);
     feuille.valeur_ligne(suivante) = x;
     affiche_valeur(suivante);
@@ -236,6 +238,7 @@ void CalculInc(std::int16_t numero, int variable) {
     if (!ouvre_fonction(numero, variable)) return;
     moteur.variable_definie[static_cast<std::size_t>(variable)] = true;
     feuille.resultat_bloc.clear();
+    note_intervalle(variable, debut, debut + pas * (nombre - 1), false);
     moteur.muet_erreur = true;
     Repetition fonction(variable);
     if (!remplit_table(fonction, numero, debut, pas, nombre)) {
@@ -261,6 +264,7 @@ void Calculair(std::int16_t numero, int variable) {
     double h = 0;
     range(h, (x2 - x1) / nombre, x2, x1, nombre);
     moteur.variable_definie[static_cast<std::size_t>(variable)] = true;
+    note_intervalle(variable, x1, x2, true);
     moteur.muet_erreur = true;
     Repetition fonction(variable);
     if (sonde_intervalle(fonction, x1, x2)) {

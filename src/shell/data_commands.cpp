@@ -1,18 +1,24 @@
-// Data from the clipboard or a file to lines of the sheet. One question tells what was found; whatever is
-// refused changes nothing and is said in one sentence.
+// Data from the clipboard or a file to lines of the sheet, and from the sheet to files. One question tells what
+// was found; whatever is refused changes nothing and is said in one sentence. Changes the text and files.
 #include "shell/data_commands.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "documents/dialog.hpp"
 #include "documents/documents.hpp"
+#include "documents/saving.hpp"
+#include "exchange/data_file.hpp"
 #include "exchange/data_lines.hpp"
 #include "exchange/data_reader.hpp"
+#include "exchange/page.hpp"
+#include "exchange/sheet_report.hpp"
 #include "platform/message.hpp"
 #include "platform/paths.hpp"
 #include "platform/platform.hpp"
@@ -23,6 +29,9 @@ namespace {
 constexpr std::string_view kFiltreDonnees =
     "Données (*.csv)|*.csv|Données (*.txt)|*.txt|Données (*.tsv)|*.tsv|tous fichiers (*.*)|*.*"_fr;
 constexpr std::string_view kExtensionDonnees = "csv";
+constexpr std::string_view kFiltrePage = "Page HTML (*.html)|*.html|tous fichiers (*.*)|*.*"_fr;
+constexpr std::string_view kExtensionPage = "html";
+constexpr std::size_t kDonneesCitees = 12;   // that one question can tell
 
 void refuse(std::string_view mots) { dit(std::string("rien n'est importé : "_fr).append(mots)); }
 
@@ -69,10 +78,85 @@ void importe_fichier() {
     if (demande_forme(*donnees, "", forme)) importe(*donnees, forme);
 }
 
+// The path proposed for a file beside the sheet: the sheet's name with another extension.
+std::string nom_propose(std::string_view extension) {
+    const std::string nom = NomFichSeul(ligne_courante_ini().nom);
+    const std::size_t point = nom.find('.');
+    return dossier_de_la_feuille() + nom.substr(0, point) + "." + std::string(extension);
+}
+
+// Asks where a file goes; "" on Cancel, and, with the words, for a place of the program's or of an open sheet.
+std::string demande_nom(std::string_view filtre, std::string_view extension) {
+    std::string nom = nom_propose(extension);
+    if (!port.dialogues.enregistre(nom, filtre, extension)) return "";
+    if (!reserve(nom) && rang_ouvert(nom) == 0) return nom;
+    dit("rien n'est exporté : ce nom est celui d'une feuille ouverte ou du programme"_fr);
+    return "";
+}
+
+// Writes the file; what hinders it is said.
+bool ecrit(const std::string& nom, const std::string& octets) {
+    if (port.fichiers.remplace(nom, octets) == 0) return true;
+    dit("rien n'est exporté : le fichier ne peut pas être écrit"_fr);
+    return false;
+}
+
+// What the user wants of the sheet's data.
+struct Choix {
+    std::size_t rang = 0;                            // which of them, from 0
+    Convention convention = Convention::virgule;
+};
+
+// Tells what there is and asks which, and in which form. False on Cancel and for an answer that means nothing.
+bool demande_choix(const std::vector<DonneesDeFeuille>& toutes, Choix& choix) {
+    std::string invite, reponse;
+    for (std::size_t i = 0; i < toutes.size() && i < kDonneesCitees; ++i)
+        invite += (i == 0 ? "" : "; ") + chiffres(static_cast<long long>(i + 1)) + " " + toutes[i].nom;
+    invite += ". Numéro, puis virgule ou point"_fr;
+    if (!port.boites.saisie(invite, "1 virgule"_fr, reponse)) return false;
+    const std::string mots = capitales(reponse);
+    const double rang = prefixe_numerique(mots);
+    if (rang < 1 || rang > static_cast<double>(toutes.size()) || rang != static_cast<double>(static_cast<int>(rang))) {
+        dit(std::string("rien n'est exporté : tapez un numéro de 1 à "_fr) + chiffres(static_cast<long long>(toutes.size())));
+        return false;
+    }
+    choix = {static_cast<std::size_t>(rang) - 1,
+             mots.find("POINT") == std::string::npos ? Convention::virgule : Convention::point};
+    return true;
+}
+
 // True when the clipboard holds more than a number that was copied for another use.
 bool est_tableau(const DonneesLues& donnees) { return donnees.rangs.size() * donnees.table.lignes() > 1; }
 
 }  // namespace
+
+void mnuExporterPageItem() {
+    if (sans_blancs(port.texte.texte()).empty()) return dit("rien à exporter : la feuille est vide"_fr);
+    const std::string nom = demande_nom(kFiltrePage, kExtensionPage);
+    if (nom.empty()) return;
+    const Rapport rapport = rapport_de(port.texte.texte(), true);
+    if (!rapport.complet) return dit("rien n'est exporté : calcul interrompu"_fr);
+    if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom)))) return;
+    const bool autre = rapport.texte != port.texte.texte();
+    dit(std::string("page exportée : "_fr).append(NomFichSeul(nom))
+            .append(autre ? ", avec les résultats d'un nouveau calcul"_fr : ""_fr));
+}
+
+void mnuExporterDonneesItem() {
+    const Rapport rapport = rapport_de(port.texte.texte(), false);
+    if (!rapport.complet) return dit("rien n'est exporté : calcul interrompu"_fr);
+    const std::vector<DonneesDeFeuille> toutes = donnees_de(rapport);
+    if (toutes.empty()) return dit("rien à exporter : la feuille n'a ni table, ni série, ni matrice"_fr);
+    Choix choix;
+    if (!demande_choix(toutes, choix)) return;
+    const std::string nom = demande_nom(kFiltreDonnees, kExtensionDonnees);
+    if (nom.empty()) return;
+    const TableDonnees& table = toutes[choix.rang].table;
+    if (!ecrit(nom, fichier_de_donnees(table, choix.convention))) return;
+    dit(std::string("données exportées : "_fr).append(NomFichSeul(nom)).append(", lignes : "_fr)
+            .append(chiffres(static_cast<long long>(table.lignes()))).append(", colonnes : "_fr)
+            .append(chiffres(static_cast<long long>(table.colonnes.size()))));
+}
 
 void mnuImporterItem() {
     std::string refus, forme;

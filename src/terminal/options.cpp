@@ -68,6 +68,17 @@ CLI::Validator decimales_possibles() {
         "");
 }
 
+CLI::Validator table_possible() {
+    return CLI::Validator(
+        [](std::string& valeur) -> std::string {
+            const bool figures = !valeur.empty() && valeur.size() <= 4 &&
+                                 valeur.find_first_not_of("0123456789") == std::string::npos;
+            if (figures && std::stoi(valeur) >= 1) return {};
+            return "« " + valeur + " » n'est pas un numéro de table de 1 à 9999";
+        },
+        "");
+}
+
 void declare(CLI::App& app, OptionsCalcul& o) {
     app.add_option("FEUILLE", o.feuilles,
                    "Feuille à calculer ; sans elle, ou avec -, l'entrée standard.\n"
@@ -93,6 +104,19 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->type_name("TAILLE");
     app.add_flag("-c,--colonne", o.colonne,
                  "Ajoute le total de toutes les lignes, dans une ligne Z=");
+    app.add_option("--html", o.page, "Écrit aussi la feuille en page HTML dans ce fichier")->type_name("FICHIER");
+    app.add_option("--importer", o.importe,
+                   "Met devant la feuille les nombres de ce fichier (csv, tsv, txt) ; sans FEUILLE, eux seuls")
+        ->type_name("FICHIER");
+    app.add_option("--forme", o.forme,
+                   "Ce qu'ils deviennent : STATX, STATXY, DEFMA..., avec des numéros de colonnes")
+        ->type_name("FORME");
+    app.add_option("--donnees", o.donnees, "Écrit aussi une table de la feuille en CSV dans ce fichier")
+        ->type_name("FICHIER");
+    app.add_option("--table", o.table, "Laquelle, quand la feuille en a plusieurs, de 1 à 9999")
+        ->check(table_possible())
+        ->type_name("N");
+    app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules");
     app.add_option("--codage", o.codage,
                    "Codage du texte : utf-8 ou windows-1252 (utf-8 ; pour un fichier, le sien)")
         ->check(choix({"utf-8", "windows-1252"}))
@@ -139,6 +163,12 @@ std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>
 void range_feuilles(LectureOptions& lecture) {
     std::vector<std::string>& feuilles = lecture.options.feuilles;
     if (feuilles.size() > 1) {
+        const OptionsCalcul& o = lecture.options;
+        if (!o.page.empty() || !o.importe.empty() || !o.donnees.empty()) {
+            lecture.statut = 2;
+            lecture.erreur = "--html, --importer et --donnees demandent une seule feuille";
+            return;
+        }
         if (std::find(feuilles.begin(), feuilles.end(), "-") == feuilles.end()) return;
         lecture.statut = 2;
         lecture.erreur = "l'entrée standard (-) ne se calcule que seule";

@@ -14,6 +14,12 @@ struct OptionsCalcul {
     std::string statistiques = "complet";      // complet, restreint
     bool colonne = false;                      // the column total too
     bool en_place = false;                     // back into the file
+    std::string page;                          // path of the page of HTML to write, "" for none
+    std::string importe;                       // path of data to put in front, "" for none
+    std::string forme;                         // what they become, "" for what fits
+    std::string donnees;                       // path of the CSV file to write, "" for none
+    int table = 0;                             // which table of the sheet goes there, 0: the only one
+    bool point = false;                        // with decimal points
     std::string codage;                        // "", utf-8, windows-1252
     std::string feuille;                       // path; "" or "-": standard input
     std::vector<std::string> feuilles;         // paths, where there are several; else none

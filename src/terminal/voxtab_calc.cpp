@@ -23,6 +23,7 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/pass_result.hpp"
+#include "terminal/exchange_files.hpp"
 #include "terminal/last_handler.hpp"
 #include "terminal/many_sheets.hpp"
 #include "terminal/options.hpp"
@@ -192,10 +193,18 @@ bool calcule_texte(std::string& texte, bool colonne) {
     return !calcul.erreur && !terminal.boite_vue;
 }
 
+// What is wrong with a file beside the sheet.
+int dit_refus(const RefusEchange& refus) {
+    if (!refus.refuse()) return kReussite;
+    return refus.mots.empty() ? refuse_fichier(refus.chemin, refus.numero) : refuse(refus.chemin + " : " + refus.mots);
+}
+
 int calcule(const OptionsCalcul& options) {
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
     std::string octets;
-    if (const int statut = lit_octets(options, fichier, octets); statut != kReussite) return statut;
+    const bool donnees_seules = options.feuille.empty() && !options.importe.empty();
+    if (const int statut = donnees_seules ? kReussite : lit_octets(options, fichier, octets); statut != kReussite)
+        return statut;
     if (const int refus = verifie_en_place(options, fichier); refus != kReussite) return refus;
     const std::string nom = fichier ? options.feuille : "entrée standard";
     const bool reprise = est_reprise(octets);
@@ -206,9 +215,11 @@ int calcule(const OptionsCalcul& options) {
         octets, reprise ? Codage::windows_1252 : codage_entree(options, octets, fichier), refus);
     if (!lue) return refuse_texte(nom, refus);
     if (const int nul = verifie_texte(options, lue->texte); nul != kReussite) return nul;
+    if (const int echange = dit_refus(importe_devant(options, lue->texte)); echange != kReussite) return echange;
     const bool reussi = calcule_texte(lue->texte, options.colonne);
     const int ecriture = ecrit(options, *lue, octets);
     if (ecriture != kReussite) return ecriture;
+    if (const int echange = dit_refus(ecrit_echanges(options, lue->texte)); echange != kReussite) return echange;
     return reussi ? kReussite : kLigneEnErreur;
 }
 

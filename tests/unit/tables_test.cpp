@@ -37,7 +37,9 @@ constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {60, "mnuRepeterItem"},
     {61, "mnuCopierResultatItem"},
     {62, "mnuEpelerItem"},
+    {63, "mnuExporterPageItem"},
     {64, "mnuImporterItem"},
+    {65, "mnuExporterDonneesItem"},
 });
 
 struct RaccourciAttendu {
@@ -90,6 +92,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuRepeterItem", avec_ctrl('D')},
     {"mnuCopierResultatItem", avec_ctrl(kToucheF2)},
     {"mnuEpelerItem", avec_maj(kToucheF2)},
+    {"mnuExporterPageItem", avec_ctrl('H')},
     {"mnuImporterItem", avec_ctrl('I')},
 });
 

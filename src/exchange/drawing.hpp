@@ -1,0 +1,14 @@
+// Curves and points as a drawing that stands in a page: inline SVG with its title and description. Holds no state.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exchange/sheet_report.hpp"
+
+// A function over its interval; `fonction` is its text, `lettre` its variable.
+std::string dessin_de_courbe(const std::vector<PointTrace>& courbe, std::string_view fonction, char lettre, int numero);
+
+// A data set: a bar for each value, as high as its frequency; or points, with the line of regression of Y on X.
+std::string dessin_de_donnees(const LigneRapport& ligne);

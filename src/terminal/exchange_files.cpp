@@ -1,0 +1,82 @@
+// Data in front of a sheet, its page, its data: files of voxtab-calc. Changes files, and nothing of the sheet.
+#include "terminal/exchange_files.hpp"
+
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "exchange/data_file.hpp"
+#include "exchange/data_lines.hpp"
+#include "exchange/data_reader.hpp"
+#include "exchange/page.hpp"
+#include "exchange/sheet_report.hpp"
+#include "platform/files.hpp"
+#include "platform/system_path.hpp"
+
+namespace {
+
+// The sheet's name without folder and extension.
+std::string nom_de_feuille(const OptionsCalcul& options) {
+    const std::string nom = options.feuille.empty() ? options.importe : options.feuille;
+    if (nom.empty() || nom == "-") return "Feuille Voxtab";
+    return depuis_utf8(chemin_en_utf8(chemin_du_systeme(nom).stem())).value_or("Feuille Voxtab");
+}
+
+// The table that the options ask for; nothing, and why in `mots`.
+std::optional<TableDonnees> table_choisie(const OptionsCalcul& options, const Rapport& rapport, std::string& mots) {
+    std::vector<DonneesDeFeuille> toutes = donnees_de(rapport);
+    if (toutes.empty()) {
+        mots = "la feuille n'a ni table, ni série, ni matrice";
+    } else if (options.table == 0 && toutes.size() > 1) {
+        mots = "choisissez avec --table :";
+        for (std::size_t i = 0; i < toutes.size(); ++i)
+            mots += (i == 0 ? " " : " ; ") + std::to_string(i + 1) + " " + vers_utf8(toutes[i].nom);
+    } else if (static_cast<std::size_t>(options.table) > toutes.size()) {
+        mots = "la feuille n'a que " + std::to_string(toutes.size()) + (toutes.size() == 1 ? " table" : " tables");
+    } else {
+        return std::move(toutes[static_cast<std::size_t>(options.table == 0 ? 0 : options.table - 1)].table);
+    }
+    return std::nullopt;
+}
+
+RefusEchange ecrit_donnees(const OptionsCalcul& options, const Rapport& rapport) {
+    RefusEchange refus{options.donnees, 0, ""};
+    const std::optional<TableDonnees> table = table_choisie(options, rapport, refus.mots);
+    if (table)
+        refus.numero = remplace_fichier(
+            options.donnees, fichier_de_donnees(*table, options.point ? Convention::point : Convention::virgule));
+    return refus;
+}
+
+}  // namespace
+
+RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte) {
+    RefusEchange refus{options.importe, 0, ""};
+    if (options.importe.empty()) return refus;
+    std::string octets, mots;
+    refus.numero = lit_fichier(options.importe, octets);
+    if (refus.numero != 0) return refus;
+    const std::optional<DonneesLues> donnees = lis_donnees(octets, mots);
+    const std::optional<std::string> lignes =
+        donnees ? lignes_de_feuille(*donnees, options.forme.empty() ? forme_proposee(*donnees, texte)
+                                                                    : depuis_utf8(options.forme).value_or(""), mots)
+                : std::nullopt;
+    if (lignes)
+        texte = texte.empty() ? *lignes : *lignes + "\r\n" + texte;
+    else
+        refus.mots = vers_utf8(mots);
+    return refus;
+}
+
+RefusEchange ecrit_echanges(const OptionsCalcul& options, const std::string& texte) {
+    if (options.page.empty() && options.donnees.empty()) return {};
+    const Rapport rapport = rapport_de(texte, !options.page.empty());
+    if (!rapport.complet) return {options.page.empty() ? options.donnees : options.page, 0, "mémoire insuffisante"};
+    RefusEchange refus;
+    if (!options.page.empty())
+        refus = {options.page, remplace_fichier(options.page, page_html(rapport, nom_de_feuille(options))), ""};
+    if (!refus.refuse() && !options.donnees.empty()) refus = ecrit_donnees(options, rapport);
+    return refus;
+}

@@ -8,9 +8,8 @@ std::string capitales(std::string_view texte) {
 }
 
 void range_capitales(std::string& cible, std::string_view texte) {
-    cible.resize(texte.size());
-    char* sortie = cible.data();
-    for (const char c : texte) *sortie++ = capitale(c);
+    cible.assign(texte);
+    for (char& c : cible) c = capitale(c);
 }
 
 std::string_view sans_blancs(std::string_view texte) {

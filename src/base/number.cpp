@@ -86,11 +86,29 @@ double valeur_decimale(std::string_view mantisse, std::string_view exposant) {
     return valeur;
 }
 
-// Value of a text of digits alone, short enough to be exact.
-double valeur_entiere(std::string_view texte) {
+// The powers of ten that are exact floats and that fifteen digits may be divided by.
+constexpr std::array<double, 16> kDizaines = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// Value of a text of at most fifteen digits, with at most one point and nothing else: digits and power of ten are exact,
+// so their quotient is the nearest float. Anything else, an empty text too, is refused.
+bool lit_court(std::string_view texte, double& valeur) {
+    if (texte.size() > 15) return false;
     std::int64_t n = 0;
-    for (const char c : texte) n = n * 10 + (c - '0');
-    return static_cast<double>(n);
+    std::size_t chiffres_lus = 0, decimales = 0;
+    bool point = false;
+    for (const char c : texte) {
+        if (c == '.' && !point) {
+            point = true;
+            continue;
+        }
+        if (!est_chiffre(c)) return false;
+        n = n * 10 + (c - '0');
+        ++chiffres_lus;
+        decimales += point;
+    }
+    valeur = static_cast<double>(n) / kDizaines[decimales];
+    return chiffres_lus > 0;
 }
 
 // The fifteen significant digits of a finite value that is not 0.
@@ -170,17 +188,14 @@ bool ajoute_fixe_rapide(std::string& sortie, double absolu, int decimales) {
 }  // namespace
 
 double prefixe_numerique(std::string_view texte) {
+    double valeur;
+    if (lit_court(texte, valeur)) return valeur;
     const Prefixe p = decoupe(texte);
     if (p.fin == p.debut) return 0;
     const std::size_t fin_mantisse = p.exposant != 0 ? p.exposant : p.fin;
     const std::string_view mantisse = texte.substr(p.debut, fin_mantisse - p.debut);
-    double valeur;
-    if (p.exposant == 0 && mantisse.size() <= 15 && mantisse.find('.') == std::string_view::npos)
-        valeur = valeur_entiere(mantisse);
-    else
-        valeur = valeur_decimale(mantisse, p.exposant != 0
-                                               ? texte.substr(p.exposant + 1, p.fin - p.exposant - 1)
-                                               : std::string_view());
+    valeur = valeur_decimale(mantisse, p.exposant != 0 ? texte.substr(p.exposant + 1, p.fin - p.exposant - 1)
+                                                       : std::string_view());
     return p.negatif ? -valeur : valeur;
 }
 

@@ -3,6 +3,7 @@
 #include "engine/identifiers.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -105,6 +106,26 @@ void lis_variable() {
     }
 }
 
+// Whether a letter stands behind a figure, or behind a "$" that may stand behind one: without that there is no
+// implicit product.
+bool a_produit_implicite(std::string_view formule) {
+    constexpr unsigned kDevant = 1, kLettre = 2;
+    static constexpr auto kSorte = [] {
+        std::array<unsigned char, 256> t{};
+        for (unsigned c = '0'; c <= '9'; ++c) t[c] = kDevant;
+        for (unsigned c = 'A'; c <= 'Z'; ++c) t[c] = kLettre;
+        t['$'] = kDevant;
+        return t;
+    }();
+    unsigned avant = 0, trouve = 0;
+    for (const char c : formule) {
+        const unsigned sorte = kSorte[static_cast<unsigned char>(c)];
+        trouve |= (avant << 1) & sorte;
+        avant = sorte & kDevant;
+    }
+    return trouve != 0;
+}
+
 }  // namespace
 
 bool est_mot_operateur(std::string_view symbole) {
@@ -150,6 +171,7 @@ void prepare_formule(std::string_view texte) {
 
 void TestVariable() {
     std::string& formule = moteur.p_formule;
+    if (!a_produit_implicite(formule)) return;
     std::string sortie;
     bool dollar = false, chiffre = false;
     std::size_t copie = 0;   // characters of the formula already in the output

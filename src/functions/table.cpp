@@ -191,8 +191,22 @@ constexpr auto kMilieux = [] {
     return t;
 }();
 
+// Whether the symbol has the first letter of such a name: numbers and most others don't. Looks at all of it, since
+// where it would stop can't be foretold.
+bool peut_avoir_un_milieu(std::string_view symbole) {
+    static constexpr auto kCommence = [] {
+        std::array<bool, 256> t{};
+        for (const Milieu& m : kMilieux) t[static_cast<unsigned char>(m.mot[0])] = true;
+        return t;
+    }();
+    bool peut = false;
+    for (const char c : symbole) peut |= kCommence[static_cast<unsigned char>(c)];
+    return peut;
+}
+
 // The first function of the table that the symbol has the letters of; 0 for none.
 int nom_au_milieu(std::string_view symbole) {
+    if (!peut_avoir_un_milieu(symbole)) return 0;
     for (const Milieu& m : kMilieux)
         for (std::size_t i = 0; i + m.taille <= symbole.size(); ++i)
             if (symbole[i] == m.mot[0] && std::equal(m.mot.begin() + 1, m.mot.begin() + static_cast<std::ptrdiff_t>(m.taille),

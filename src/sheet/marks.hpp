@@ -2,6 +2,8 @@
 // text rules most of them out before any search. Holds no state.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -14,9 +16,15 @@ constexpr Lettres bit_lettre(char c) {
     return rang < 26 ? Lettres{1} << rang : 0;
 }
 
+inline constexpr auto kBitsLettres = [] {
+    std::array<Lettres, 256> t{};
+    for (std::size_t c = 0; c < t.size(); ++c) t[c] = bit_lettre(static_cast<char>(c));
+    return t;
+}();
+
 constexpr Lettres lettres_de(std::string_view texte) {
     Lettres lettres = 0;
-    for (const char c : texte) lettres |= bit_lettre(c);
+    for (const char c : texte) lettres |= kBitsLettres[static_cast<unsigned char>(c)];
     return lettres;
 }
 

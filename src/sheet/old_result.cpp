@@ -56,10 +56,11 @@ std::size_t longueur_gardee(const std::string& ligne) {
 
 // Refuses the first control character of the formule: box with its column.
 bool refuse_controle(const std::string& formule) {
-    const auto controle = std::find_if(formule.begin(), formule.end(), [](char c) {
-        return static_cast<unsigned char>(c) < 32;
-    });
-    if (controle == formule.end()) return false;
+    const auto est_controle = [](char c) { return static_cast<unsigned char>(c) < 32; };
+    bool present = false;
+    for (const char c : formule) present |= est_controle(c);   // many characters at once
+    if (!present) return false;
+    const auto controle = std::find_if(formule.begin(), formule.end(), est_controle);
     const auto colonne = controle - formule.begin() + 1;
     const std::string texte = std::string("code < 32 en colonne "_fr) + chiffres(colonne);
     note_faute_caractere(texte, formule, static_cast<std::int16_t>(std::min<std::ptrdiff_t>(colonne, 32766)));

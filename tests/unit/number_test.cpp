@@ -4,8 +4,10 @@
 
 #include <doctest/doctest.h>
 
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 
 #include "unit/helpers.hpp"
@@ -18,6 +20,21 @@ const double kIndefini = std::numeric_limits<double>::quiet_NaN();
 std::string zeros(int n) { return std::string(static_cast<std::size_t>(n), '0'); }
 
 }  // namespace
+
+TEST_CASE("number: a short literal has the bits of the nearest float") {
+    std::mt19937 tirage(20261122);
+    for (int i = 0; i < 200'000; ++i) {
+        std::string texte;
+        const std::size_t longueur = 1 + tirage() % 20, point = tirage() % 22;
+        for (std::size_t j = 0; j < longueur; ++j) {
+            if (j == point) texte += '.';
+            texte += static_cast<char>('0' + tirage() % 10);
+        }
+        double attendu = 0;
+        std::from_chars(texte.data(), texte.data() + texte.size(), attendu);
+        CHECK_MESSAGE(prefixe_numerique(texte) == attendu, texte);
+    }
+}
 
 TEST_CASE("number: numeric prefix of a text") {
     struct Rangee {

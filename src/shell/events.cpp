@@ -20,6 +20,7 @@
 #include "platform/platform.hpp"
 #include "shell/colours.hpp"
 #include "shell/commands.hpp"
+#include "shell/function_list.hpp"
 #include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/menus.hpp"
@@ -282,6 +283,11 @@ bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
         if (repetee && ligne_menu(item)->une_fois) return true;
         note_servie(frappe.touche);
         evenement_menu(item);
+        return true;
+    }
+    if (nom == "txt" && est_touche_de_liste(frappe)) {
+        note_servie(frappe.touche);
+        evenement([&] { touche_de_liste(frappe); });
         return true;
     }
     if (const Controle* bouton = bouton_de(frappe)) {

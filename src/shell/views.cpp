@@ -29,6 +29,7 @@ namespace {
 void montre_texte(std::string texte, std::size_t position = 1) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
+    fenetre.liste_fonctions = false;
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(position, 0);
     fenetre.txt_lecture_seule = true;
@@ -63,6 +64,7 @@ void montre_angle(bool angle) {
 void ramene_feuille() {
     const bool ailleurs = !feuille_montree();
     documents.liste_fonction_active = false;
+    fenetre.liste_fonctions = false;
     aide.aide_touche = false;
     if (ailleurs) remontre_feuille();
     fenetre.txt_lecture_seule = false;
@@ -131,6 +133,7 @@ void mnuAideToucheItem() {
 
 void AfficheFonction() {
     montre_texte(lit_texte_programme("fonction.txt"));
+    fenetre.liste_fonctions = true;
 }
 
 std::string texte_du_guide() { return lit_texte_programme("aide.txt"); }

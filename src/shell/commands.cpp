@@ -28,6 +28,7 @@
 #include "shell/quitting.hpp"
 #include "shell/results.hpp"
 #include "shell/spoken_line.hpp"
+#include "shell/study_commands.hpp"
 #include "shell/tools.hpp"
 #include "shell/views.hpp"
 #include "state/pass_result.hpp"
@@ -222,6 +223,9 @@ constexpr auto kItems = std::to_array<LigneCommande>({
      .execute = mnuImporterItem},
     {.numero = 65, .menu = kOutils, .nom = "mnuExporterDonneesItem", .libelle = "Exporter les &données"_fr,
      .mots_aide = "exporter les données"_fr, .vues = Vues::quittees, .execute = mnuExporterDonneesItem},
+    {.numero = 66, .menu = kOutils, .nom = "mnuEtudierItem", .libelle = "Étudier la fonction"_fr,
+     .raccourci = ctrl('U'), .mots_aide = "étudier la fonction"_fr, .vues = Vues::quittees,
+     .execute = mnuEtudierItem},
 
     {.numero = 47, .menu = kAide, .nom = "mnuAideToucheItem",
      .libelle = "&Aide mémoire des touches"_fr, .raccourci = seule(kToucheF1),

@@ -21,7 +21,9 @@
 #include "shell/menus.hpp"
 #include "shell/spoken_line.hpp"
 #include "shell/status.hpp"
+#include "shell/study_commands.hpp"
 #include "shell/window.hpp"
+#include "study/sheet_study.hpp"
 
 void reinitialise_tout() {
     crochets = {marque_modifie, AfficheStatus, [] { return !aide.aide_touche; }};
@@ -38,6 +40,8 @@ void reinitialise_tout() {
     aide = Aide{};
     entendus = Entendus{};
     ligne_ecoutee = LigneEcoutee{};
+    intervalle_donne = IntervalleDonne{};
+    etude_gardee.reset();
     oublie_touches();
     couleurs = Couleurs{};
     const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises

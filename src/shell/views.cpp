@@ -131,6 +131,8 @@ void mnuAideToucheItem() {
     aide.aide_touche_traitee = true;
 }
 
+void montre_lecture(std::string texte) { montre_texte(std::move(texte)); }
+
 void AfficheFonction() {
     montre_texte(lit_texte_programme("fonction.txt"));
     fenetre.liste_fonctions = true;

@@ -16,6 +16,7 @@ void quitte_vues();              // the sheet again, from the angle, the colours
 void CmdVoxtab();                // validates a colour, or brings the sheet back
 void CmdModifTexte();            // replacement on the text
 void mnuAideToucheItem();        // key help on and off
+void montre_lecture(std::string texte);   // a text in place of the sheet, to be read
 void AfficheFonction();          // the list of functions, from "fonction.txt"
 void mnuAideTxtItem();           // the guide, from "aide.txt"
 std::string texte_du_guide();    // the guide's file, without its last line end; a failure when it is missing

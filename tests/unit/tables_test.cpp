@@ -40,6 +40,7 @@ constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {63, "mnuExporterPageItem"},
     {64, "mnuImporterItem"},
     {65, "mnuExporterDonneesItem"},
+    {66, "mnuEtudierItem"},
 });
 
 struct RaccourciAttendu {
@@ -94,6 +95,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuEpelerItem", avec_maj(kToucheF2)},
     {"mnuExporterPageItem", avec_ctrl('H')},
     {"mnuImporterItem", avec_ctrl('I')},
+    {"mnuEtudierItem", avec_ctrl('U')},
 });
 
 // The items by their number in the window, which readers' scripts know.

@@ -1,0 +1,37 @@
+// A calculation beside the program's own: while it lives nothing that is calculated is said, shown or beeped, and
+// at its end the variables, matrices, data set, results and random numbers are as they were. Changes and puts back
+// all that a pass changes.
+#pragma once
+
+#include "platform/boxes.hpp"
+#include "platform/message.hpp"
+#include "platform/patience.hpp"
+#include "platform/platform.hpp"
+#include "state/context.hpp"
+#include "sheet/matrix_definition.hpp"
+#include "state/data_set.hpp"
+#include "state/matrices.hpp"
+#include "state/sheet.hpp"
+
+class CalculAPart {
+public:
+    CalculAPart();
+    ~CalculAPart();
+    CalculAPart(const CalculAPart&) = delete;
+    CalculAPart& operator=(const CalculAPart&) = delete;
+
+private:
+    Moteur moteur_;
+    Feuille feuille_;
+    Matrices matrices_;
+    DefinitionMatrice definition_;
+    Statistiques statistiques_;
+    LigneMessage message_;
+    Patience patience_;
+    BoitesDePasse boites_;
+    PortBoites port_boites_;
+    PortMessage port_message_;
+};
+
+// Boxes that a failure would have shown since the last call.
+int boites_tues();

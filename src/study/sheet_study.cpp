@@ -1,0 +1,74 @@
+// Opens a function of the sheet, studies it and looks where it meets the sheet's other functions.
+#include "study/sheet_study.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+#include "platform/patience.hpp"
+#include "study/aside.hpp"
+
+std::optional<EtudeDeFeuille> etude_gardee;
+
+namespace {
+
+constexpr std::size_t kAutresMaxi = 5;   // other functions that are looked at
+
+// Whether f gives on the grid what it gave before: its line is read at another place of the sheet now.
+bool donne_pareil(FonctionOuverte& f, const Etude& e) {
+    for (std::size_t i = 0; i < e.x.size(); i += 97) {
+        const double y = f(e.x[i]);
+        if (std::isnan(y) != std::isnan(e.y[i]) || (!std::isnan(y) && y != e.y[i])) return false;
+    }
+    return true;
+}
+
+// Where the two functions meet. Both are read at the lower of their lines.
+Rencontre rencontre(std::string_view texte, const EtudeDeFeuille& etude, const FonctionDeFeuille& autre) {
+    Rencontre r{autre, true, {}, {}, {}};
+    const FonctionDeFeuille& une = etude.fonction;
+    const FonctionDeFeuille& basse = autre.ligne > une.ligne ? autre : une;
+    FonctionOuverte f, g;
+    if (!ouvre_fonction(texte, basse, "0,1", g).empty() || !relit_fonction(une, f)) return r;
+    if (!donne_pareil(f, etude.etude)) {
+        r.comparable = false;
+        return r;
+    }
+    if (!relit_fonction(autre, g)) return r;
+    FonctionOuverte ecart;
+    ecart.lettre = f.lettre;
+    ecart.prend_formule(difference(f, g));
+    const Etude e = etudie(std::ref(ecart), etude.etude.debut, etude.etude.fin);
+    r.lieux = zeros_de(e);
+    for (const Partie& p : e.parties)
+        for (const Palier& palier : p.paliers)
+            if (palier.y == 0) r.confondues.push_back(palier);
+    f.prend_formule(f.formule);
+    for (const Zero& z : r.lieux) r.y.push_back(f(z.lieu.x));
+    return r;
+}
+
+// The other functions of the sheet that stand under INC or AIR.
+void cherche_rencontres(std::string_view texte, EtudeDeFeuille& etude) {
+    for (const FonctionDeFeuille& autre : fonctions_de_feuille(texte)) {
+        if (autre.ligne == etude.fonction.ligne || autre.texte == etude.fonction.texte) continue;
+        if (etude.rencontres.size() >= kAutresMaxi || patience.abandonnee) return;
+        etude.rencontres.push_back(rencontre(texte, etude, autre));
+    }
+}
+
+}  // namespace
+
+Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
+                      EtudeDeFeuille& resultat) {
+    const CalculAPart a_part;
+    FonctionOuverte ouverte;
+    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty()) return refus;
+    resultat.fonction = fonction;
+    resultat.fonction.lettre = ouverte.lettre;
+    resultat.etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
+    cherche_rencontres(texte, resultat);
+    return patience.abandonnee ? kEtudeInterrompue : Refus();
+}

@@ -1,0 +1,317 @@
+// The lines of a study: short facts in French, each number with what it may be wrong by.
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "study/sheet_study.hpp"
+
+namespace {
+
+constexpr double kFinesse = 1e-6;        // of the interval: what is told of places
+constexpr int kDecimalesMaxi = 12;
+constexpr double kArrondi = 4e-15;       // beside a value: what powers and functions round away
+
+// Decimals with which a millionth of the extent is told.
+int decimales_pour(double etendue) {
+    int d = 0;
+    for (double unite = 1; unite > etendue * kFinesse && d < kDecimalesMaxi; unite /= 10) ++d;
+    return d;
+}
+
+double unite_de(int decimales) {
+    double unite = 1;
+    for (int i = 0; i < decimales; ++i) unite /= 10;
+    return unite;
+}
+
+// A number with so many decimals, none that is 0 at the end.
+std::string nombre(double x, int decimales) {
+    if (std::fabs(x) >= 1e15) return texte_general(x);
+    std::string texte = texte_fixe(x, decimales);
+    if (texte.find('.') != std::string::npos) texte.resize(texte.find_last_not_of('0') + 1);
+    if (texte.ends_with('.')) texte.pop_back();
+    return texte == "-0" ? "0" : texte;
+}
+
+// How numbers of one study are written.
+struct Ecriture {
+    std::string lettre;
+    int dx = 6, dy = 6;              // decimals of places and of values
+
+    // A number of few figures as it is; another one rounded, with "environ" and, where that says too much, with how
+    // far it may be off.
+    std::string valeur(double v, double incertitude, int decimales) const {
+        if (incertitude == 0 && std::round(v * 1e6) / 1e6 == v) return texte_general(v);
+        int d = decimales;
+        while (d > 0 && unite_de(d) < 2 * incertitude) --d;
+        const std::string texte = std::string("environ "_fr) + nombre(v, d);
+        return d == decimales ? texte : texte + std::string(" à "_fr) + nombre(unite_de(d), d) + std::string(" près"_fr);
+    }
+    std::string lieu(const Lieu& l) const { return valeur(l.x, l.incertitude, dx); }
+    std::string en(const Lieu& l) const { return lettre + " = " + lieu(l); }
+    std::string de(const Lieu& l) const {
+        const std::string texte = lieu(l);
+        return (texte.starts_with('e') ? "d'" : "de ") + texte;
+    }
+    std::string de_a(const Lieu& a, const Lieu& b) const { return de(a) + std::string(" à "_fr) + lieu(b); }
+    // A value that rounding alone keeps from few figures is given them, as the sheet does.
+    std::string y(double v, double incertitude) const {
+        const double rond = std::round(v * 1e6) / 1e6;
+        const bool pareil = std::fabs(rond - v) <= kArrondi * std::fabs(v);
+        return incertitude <= 1e-300 && pareil ? nombre(rond, kDecimalesExactes) : valeur(v, incertitude, dy);
+    }
+    // A stretch that is shorter than what is told of places isn't told.
+    bool court(const Lieu& a, const Lieu& b) const { return b.x - a.x < unite_de(dx); }
+    std::string cote(const Cote& c) const {
+        switch (c.tendance) {
+            case Tendance::valeur: return y(c.y, c.incertitude);
+            case Tendance::plus_infini: return std::string("plus l'infini"_fr);
+            case Tendance::moins_infini: return std::string("moins l'infini"_fr);
+            case Tendance::inconnue: break;
+        }
+        return std::string("une valeur que le calcul ne montre pas"_fr);
+    }
+};
+
+// The extent of the values, without the highest and lowest fiftieth: a pole doesn't count.
+double etendue_des_valeurs(const Etude& e) {
+    std::vector<double> y;
+    for (const double v : e.y)
+        if (!std::isnan(v)) y.push_back(v);
+    if (y.empty()) return 1;
+    std::sort(y.begin(), y.end());
+    const std::size_t marge = y.size() / 50;
+    const double etendue = y[y.size() - 1 - marge] - y[marge];
+    return etendue > 0 ? etendue : std::max(std::fabs(y[marge]), 1e-6);
+}
+
+using Lignes = std::vector<std::string>;
+
+std::string texte(std::string_view mots) { return std::string(mots); }
+
+std::string compte(std::size_t n, std::string_view un, std::string_view plusieurs) {
+    return chiffres(static_cast<long long>(n)) + " " + texte(n < 2 ? un : plusieurs);
+}
+
+bool est_infini(const Bout& b) {
+    return b.cote.tendance == Tendance::plus_infini || b.cote.tendance == Tendance::moins_infini;
+}
+
+// Whether two pieces are one stretch of the domain: f jumps between them, and by a finite height.
+bool se_touchent(const Bout& a, const Bout& b) {
+    return a.borne == Borne::saut && b.borne == Borne::saut && !est_infini(a) && !est_infini(b);
+}
+
+// A stretch of the domain, from the first of its pieces to the last.
+struct Intervalle {
+    const Bout* gauche;
+    const Bout* droite;
+};
+
+std::vector<Intervalle> domaine(const Etude& e) {
+    std::vector<Intervalle> d;
+    for (const Partie& p : e.parties) {
+        const Bout &g = p.morceau.gauche, &f = p.morceau.droite;
+        if (!d.empty() && se_touchent(*d.back().droite, g))
+            d.back().droite = &f;
+        else
+            d.push_back({&g, &f});
+    }
+    return d;
+}
+
+std::string mots_compris(const Bout& b) { return texte(b.compris ? " compris"_fr : " exclu"_fr); }
+
+// "partout", "partout sauf en ...", or the stretches.
+void dit_domaine(const Etude& e, const Ecriture& w, Lignes& l) {
+    const auto d = domaine(e);
+    const std::string tete = texte("Domaine : "_fr);
+    if (d.empty()) return l.push_back(tete + texte("définie nulle part"_fr));
+    bool points = d.front().gauche->borne == Borne::intervalle && d.back().droite->borne == Borne::intervalle;
+    std::string trous;
+    for (std::size_t i = 0; i + 1 < d.size(); ++i) {
+        const Lieu &a = d[i].droite->lieu, &b = d[i + 1].gauche->lieu;
+        points = points && b.x - a.x <= a.incertitude + b.incertitude;
+        trous += (trous.empty() ? texte(" sauf en "_fr) : texte(", en "_fr)) + w.en(a);
+    }
+    if (points) return l.push_back(tete + texte("définie partout"_fr) + trous);
+    for (const Intervalle& s : d)
+        l.push_back(s.gauche->lieu.x == s.droite->lieu.x
+                        ? tete + texte("définie en "_fr) + w.en(s.gauche->lieu) + texte(" seul"_fr)
+                        : tete + texte("définie "_fr) + w.de(s.gauche->lieu) + mots_compris(*s.gauche) + texte(" à "_fr) + w.lieu(s.droite->lieu) +
+                              mots_compris(*s.droite));
+}
+
+// Jumps, and what f tends to at the edges of the domain and at poles.
+void dit_bords(const Etude& e, const Ecriture& w, Lignes& l) {
+    for (std::size_t i = 0; i < e.parties.size(); ++i) {
+        const Bout& g = e.parties[i].morceau.gauche;
+        const Bout* avant = i > 0 ? &e.parties[i - 1].morceau.droite : nullptr;
+        const bool saut = avant != nullptr && se_touchent(*avant, g);
+        if (saut) {
+            l.push_back(texte("Saut en "_fr) + w.en(g.lieu) + ", de " + w.cote(avant->cote) + texte(" à "_fr) +
+                        w.cote(g.cote));
+            continue;
+        }
+        const auto limite = [&](const Bout& b, std::string_view cote) {
+            const std::string ou = w.en(b.lieu);
+            l.push_back(b.compris ? texte("Au bord : "_fr) + "f(" + w.lieu(b.lieu) + ") = " + w.cote(b.cote)
+                                  : texte("Limite en "_fr) + ou + texte(cote) + " : " + w.cote(b.cote));
+        };
+        const bool point = avant != nullptr && avant->lieu.x == e.parties[i - 1].morceau.gauche.lieu.x;
+        if (avant != nullptr && !point) limite(*avant, " par la gauche"_fr);
+        limite(g, " par la droite"_fr);
+    }
+    if (e.parties.empty()) return;
+    const Bout& fin = e.parties.back().morceau.droite;
+    if (fin.lieu.x == e.parties.back().morceau.gauche.lieu.x) return;
+    l.push_back(fin.compris ? texte("Au bord : "_fr) + "f(" + w.lieu(fin.lieu) + ") = " + w.cote(fin.cote)
+                            : texte("Limite en "_fr) + w.en(fin.lieu) + texte(" par la gauche"_fr) + " : " +
+                                  w.cote(fin.cote));
+}
+
+// A sign that lasts across a jump is told once.
+std::vector<Signe> signes_suivis(const Etude& e) {
+    std::vector<Signe> suivis;
+    const Bout* avant = nullptr;
+    for (const Partie& p : e.parties) {
+        for (std::size_t i = 0; i < p.signes.size(); ++i) {
+            const Signe& s = p.signes[i];
+            const bool suit = i == 0 && avant != nullptr && se_touchent(*avant, p.morceau.gauche) &&
+                              !suivis.empty() && suivis.back().signe == s.signe;
+            suit ? void(suivis.back().fin = s.fin) : suivis.push_back(s);
+        }
+        avant = &p.morceau.droite;
+    }
+    return suivis;
+}
+
+void dit_signes(const Etude& e, const Ecriture& w, Lignes& l) {
+    for (const Signe& s : signes_suivis(e))
+        if (!w.court(s.debut, s.fin)) l.push_back(texte("Signe : "_fr) +
+                    texte(s.signe > 0 ? "positive "_fr : s.signe < 0 ? "négative "_fr : "nulle "_fr) +
+                    w.de_a(s.debut, s.fin));
+}
+
+std::string mots_zero(const Ecriture& w, const Zero& z) {
+    std::string ligne = texte("Zéro : "_fr) + w.en(z.lieu);
+    if (!z.traverse) ligne += texte(", sans changer de signe"_fr);
+    if (!z.exact && z.reste != 0) ligne += texte(", où f vaut "_fr) + texte_general(z.reste);
+    return ligne;
+}
+
+void dit_zeros(const Etude& e, const Ecriture& w, Lignes& l) {
+    const std::vector<Zero> zeros = zeros_de(e);
+    std::size_t paliers = 0;
+    for (const Partie& p : e.parties)
+        for (const Palier& palier : p.paliers) paliers += palier.y == 0 ? 1 : 0;
+    if (zeros.empty() && paliers == 0) return l.push_back(texte("Zéros : aucun trouvé"_fr));
+    if (!zeros.empty()) l.push_back(texte("Zéros : "_fr) + compte(zeros.size(), "trouvé"_fr, "trouvés"_fr));
+    for (const Zero& z : zeros) l.push_back(mots_zero(w, z));
+}
+
+std::string mots_extreme(const Ecriture& w, const Extreme& x) {
+    const std::string genre = texte(x.maximum ? "Maximum : "_fr : "Minimum : "_fr);
+    const std::string valeur = w.y(x.y, std::max(x.incertitude, 1e-300));
+    if (x.fin.x == x.lieu.x) return genre + valeur + texte(" en "_fr) + w.en(x.lieu);
+    return genre + valeur + " " + w.de_a(x.lieu, x.fin);
+}
+
+void dit_extremes(const Etude& e, const Ecriture& w, Lignes& l) {
+    std::size_t nombre_extremes = 0;
+    for (const Partie& p : e.parties) nombre_extremes += p.extremes.size();
+    l.push_back(texte("Extrêmes à l'intérieur : "_fr) +
+                (nombre_extremes == 0 ? texte("aucun trouvé"_fr) : compte(nombre_extremes, "trouvé"_fr, "trouvés"_fr)));
+    for (const Partie& p : e.parties)
+        for (const Extreme& x : p.extremes) l.push_back(mots_extreme(w, x));
+}
+
+std::string_view mots_sens(Sens sens) {
+    switch (sens) {
+        case Sens::croissante: return "croissante"_fr;
+        case Sens::decroissante: return "décroissante"_fr;
+        case Sens::constante: break;
+    }
+    return "constante"_fr;
+}
+
+void dit_variations(const Etude& e, const Ecriture& w, Lignes& l) {
+    for (const Partie& p : e.parties)
+        for (const Variation& v : p.variations)
+            if (!w.court(v.debut, v.fin)) l.push_back(texte("Variation : "_fr) + texte(mots_sens(v.sens)) + " " + w.de_a(v.debut, v.fin));
+}
+
+void dit_rencontre(const Rencontre& r, const Ecriture& w, Lignes& l) {
+    const std::string avec = texte("Intersection avec "_fr) + r.autre.texte + texte(", ligne "_fr) +
+                             chiffres(r.autre.ligne) + " : ";
+    if (!r.comparable)
+        return l.push_back(avec + texte("pas cherchée, une variable change entre les deux lignes"_fr));
+    if (r.lieux.empty() && r.confondues.empty()) return l.push_back(avec + texte("aucune trouvée"_fr));
+    for (std::size_t i = 0; i < r.lieux.size(); ++i)
+        l.push_back(avec + w.en(r.lieux[i].lieu) + ", y = " + w.y(r.y[i], 1e-300));
+    for (const Palier& p : r.confondues) l.push_back(avec + texte("les deux sont égales "_fr) + w.de_a(p.debut, p.fin));
+}
+
+// A column of the table: the place and the value there.
+std::string colonne(const Ecriture& w, const Lieu& lieu, const std::string& valeur) {
+    return w.en(lieu) + " ; f = " + valeur;
+}
+
+// What f is at a place inside a piece where the variation changes.
+std::string valeur_au_changement(const Partie& p, const Lieu& lieu, const Ecriture& w) {
+    for (const Extreme& x : p.extremes)
+        if (x.lieu.x == lieu.x || x.fin.x == lieu.x)
+            return w.y(x.y, std::max(x.incertitude, 1e-300)) + texte(x.maximum ? ", maximum"_fr : ", minimum"_fr);
+    for (const Palier& palier : p.paliers)
+        if (palier.debut.x == lieu.x || palier.fin.x == lieu.x) return w.y(palier.y, 1e-300);
+    return texte("?"_fr);
+}
+
+// The table of variations, column after column: a place, then how f goes on from there.
+void dit_tableau(const Etude& e, const Ecriture& w, Lignes& l) {
+    l.push_back(texte("Tableau de variations"_fr));
+    for (const Partie& p : e.parties) {
+        l.push_back(colonne(w, p.morceau.gauche.lieu, w.cote(p.morceau.gauche.cote)));
+        for (std::size_t i = 0; i < p.variations.size(); ++i) {
+            const Variation& v = p.variations[i];
+            l.push_back(texte(v.sens == Sens::croissante     ? "croît"_fr
+                              : v.sens == Sens::decroissante ? "décroît"_fr
+                                                             : "constante"_fr));
+            const bool derniere = i + 1 == p.variations.size();
+            l.push_back(colonne(w, v.fin,
+                                derniere ? w.cote(p.morceau.droite.cote) : valeur_au_changement(p, v.fin, w)));
+        }
+    }
+}
+
+Ecriture ecriture_de(const EtudeDeFeuille& etude) {
+    Ecriture w;
+    w.lettre = etude.fonction.lettre;
+    w.dx = decimales_pour(etude.etude.fin - etude.etude.debut);
+    w.dy = decimales_pour(etendue_des_valeurs(etude.etude));
+    return w;
+}
+
+}  // namespace
+
+std::vector<std::string> lignes_d_etude(const EtudeDeFeuille& etude) {
+    const Etude& e = etude.etude;
+    const Ecriture w = ecriture_de(etude);
+    Lignes l;
+    l.push_back(texte("Étude de "_fr) + etude.fonction.texte + ", " + w.lettre + " " +
+                w.de_a({e.debut, 0}, {e.fin, 0}));
+    l.push_back(texte("Précision, sauf mention : "_fr) + w.lettre + texte(" à "_fr) + nombre(unite_de(w.dx), w.dx) +
+                texte(" près, f à "_fr) + nombre(unite_de(w.dy), w.dy) + texte(" près"_fr));
+    dit_domaine(e, w, l);
+    dit_signes(e, w, l);
+    dit_zeros(e, w, l);
+    dit_extremes(e, w, l);
+    dit_variations(e, w, l);
+    dit_bords(e, w, l);
+    for (const Rencontre& r : etude.rencontres) dit_rencontre(r, w, l);
+    dit_tableau(e, w, l);
+    return l;
+}

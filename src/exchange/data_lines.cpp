@@ -221,7 +221,8 @@ std::string forme_proposee(const DonneesLues& donnees, std::string_view feuille)
         return "STATX " + chiffres(static_cast<long long>(donnees.rangs[0])) + " " +
                chiffres(static_cast<long long>(donnees.rangs[1]));
     if (colonnes == 1 || (lignes == 1 && colonnes > 2)) return "STATX";
-    if (colonnes == 2 || lignes == 2) return "STATXY";
+    // Two lines are the two lists, unless headings say what the columns are.
+    if (colonnes == 2 || (lignes == 2 && donnees.table.titres.empty())) return "STATXY";
     const std::string majuscules = capitales(feuille);
     for (const char lettre : kLettres) {
         const std::string nom{'M', lettre};

@@ -71,7 +71,7 @@ std::optional<double> lis_cellule(std::string_view cellule, char decimale) {
     std::size_t i = 0;
     if (!cellule.empty() && (cellule[0] == '-' || cellule[0] == '+')) {
         if (cellule[0] == '-') nombre = "-";
-        ++i;
+        for (++i; i < cellule.size() && blanc(cellule[i]);) ++i;   // banks put a blank there
     }
     // The other mark parts thousands only where it can be nothing else: a decimal mark follows.
     const char autre = decimale == ',' ? '.' : ',';

@@ -2,6 +2,7 @@
 #include "exchange/data_reader.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "base/codepage.hpp"
@@ -37,29 +38,55 @@ std::size_t compte(std::string_view ligne, char separateur) {
     return n;
 }
 
-// True when most of the lines have it.
+// True when half of the lines or more have it: above a line of numbers may stand a heading without it. A comma,
+// which headings have too, wants more than half.
 bool domine(const std::vector<std::string_view>& lignes, char separateur) {
     const auto avec = std::count_if(lignes.begin(), lignes.end(),
                                     [=](std::string_view ligne) { return compte(ligne, separateur) > 0; });
-    return 2 * static_cast<std::size_t>(avec) > lignes.size();
+    return 2 * static_cast<std::size_t>(avec) >= lignes.size() + (separateur == ',' ? 1 : 0) && avec > 0;
 }
 
-// True when the commas of the lines are decimal marks: parted at blanks, every piece is a number with at most one
-// of them, but for headings, which have none.
+// True when the piece is a number with one comma between its digits; a unit may follow it ("12,5%").
+bool est_decimal(std::string_view piece) {
+    const std::size_t fin = piece.find_last_of("0123456789");
+    if (fin == std::string_view::npos) return false;
+    const std::string_view nombre = piece.substr(0, fin + 1);
+    return piece.find(',', fin) == std::string_view::npos && nombre.find(',') != std::string_view::npos &&
+           lis_cellule(nombre, ',').has_value();
+}
+
+// True when the commas of the lines are decimal marks: parted at blanks, every piece that has one is a number,
+// with or without its unit.
 bool virgules_decimales(const std::vector<std::string_view>& lignes) {
     bool un_nombre = false;
     for (const std::string_view ligne : lignes) {
         if (ligne.find('"') != std::string_view::npos) return false;
         const RangeesLues lues = coupe_en_cellules(ligne, kBlancs);
         if (lues.rangees.empty()) continue;
-        bool nombres = true;
-        for (const std::string_view cellule : lues.rangees.front().cellules)
-            nombres = nombres && !cellule.ends_with(',') && lis_cellule(cellule, ',').has_value();
-        const bool titre = !un_nombre && !nombres && compte(ligne, ',') == 0;
-        if (!nombres && !titre) return false;
-        un_nombre = un_nombre || nombres;
+        for (const std::string_view piece : lues.rangees.front().cellules) {
+            if (piece.find(',') == std::string_view::npos) continue;
+            if (!est_decimal(piece)) return false;
+            un_nombre = true;
+        }
     }
     return un_nombre;
+}
+
+// True when each line is one number, whose thousands are parted by blanks: cut there, the lines wouldn't have as
+// many cells.
+bool une_colonne(const std::vector<std::string_view>& lignes) {
+    bool un_nombre = false;
+    std::size_t moins = SIZE_MAX, plus = 0;
+    for (const std::string_view ligne : lignes) {
+        const bool nombre = lis_cellule(ligne, ',').has_value() || lis_cellule(ligne, '.').has_value();
+        if (!nombre && un_nombre) return false;
+        un_nombre = nombre;
+        if (!nombre) continue;
+        const std::size_t cellules = coupe_en_cellules(ligne, kBlancs).rangees.front().cellules.size();
+        moins = std::min(moins, cellules);
+        plus = std::max(plus, cellules);
+    }
+    return un_nombre && moins < plus;
 }
 
 // What parts the cells. A tab or a semicolon is nothing else in numbers; a comma may be their mark.
@@ -67,7 +94,11 @@ char separateur_de(std::string_view texte) {
     const std::vector<std::string_view> lignes = premieres_lignes(texte);
     for (const char separateur : {'\t', ';', '|'})
         if (domine(lignes, separateur)) return separateur;
-    return domine(lignes, ',') && !virgules_decimales(lignes) ? ',' : kBlancs;
+    if (domine(lignes, ',') && !virgules_decimales(lignes)) return ',';
+    if (une_colonne(lignes)) return kAucun;
+    // A quote that is never closed hides the separator behind it.
+    const bool guillemet = std::count(texte.begin(), texte.end(), '"') % 2 != 0;
+    return guillemet ? ';' : kBlancs;
 }
 
 // The line "sep=;" that tells a spreadsheet the separator; it is blanked out. 0 when there is none.
@@ -128,7 +159,8 @@ void mesure(Lecture& lecture) {
         ++fois[n];
     }
     lecture.largeur = fois.size() - 1;
-    lecture.colonnes = static_cast<std::size_t>(std::max_element(fois.begin(), fois.end()) - fois.begin());
+    // Where as many lines have more cells as have fewer, the shorter ones lack something.
+    lecture.colonnes = static_cast<std::size_t>(fois.rend() - std::max_element(fois.rbegin(), fois.rend())) - 1;
 }
 
 // What a column holds.
@@ -158,18 +190,31 @@ std::string lieu(std::size_t ligne, std::size_t colonne) {
            chiffres(static_cast<long long>(colonne)) + " : ";
 }
 
+// "ligne 2, colonne 1 : "12 cm" n'est pas un nombre".
+std::string mots_cellule(const RangeeLue& rangee, std::size_t colonne) {
+    const std::string_view cellule = rangee.cellules[colonne];
+    std::string mots = lieu(rangee.ligne, colonne + 1) + "\"" + std::string(cellule.substr(0, kCelluleCitee));
+    return mots.append(cellule.size() > kCelluleCitee ? "...\"" : "\"").append(" n'est pas un nombre"_fr);
+}
+
+// The sentence for a file without a number: the first cell that begins like one, where there is one.
+std::string mots_sans_nombre(const Lecture& lecture) {
+    for (const RangeeLue& rangee : lecture.rangees)
+        for (std::size_t c = 0; c < rangee.cellules.size(); ++c)
+            if (rangee.cellules[c].find_first_of("0123456789") == 0) return mots_cellule(rangee, c);
+    return std::string("aucun nombre dans ce fichier"_fr);
+}
+
 // The sentence for a line without a number in that column, from 0.
 std::string mots_faute(const Lecture& lecture, const RangeeLue& rangee, std::size_t colonne) {
     const std::size_t n = rangee.cellules.size();
-    if (colonne >= n || n > lecture.colonnes)
+    if (n > lecture.colonnes)
         return "ligne " + chiffres(static_cast<long long>(rangee.ligne)) + " : " +
                chiffres(static_cast<long long>(n)) + (n == 1 ? " colonne, " : " colonnes, ") +
                chiffres(static_cast<long long>(lecture.colonnes)) + " sur les autres lignes";
     const std::string_view cellule = lecture.cellule(rangee, colonne);
     if (cellule.empty()) return lieu(rangee.ligne, colonne + 1) + "il manque un nombre";
-    std::string mots = lieu(rangee.ligne, colonne + 1) + "\"" + std::string(cellule.substr(0, kCelluleCitee));
-    mots += cellule.size() > kCelluleCitee ? "...\"" : "\"";
-    mots += " n'est pas un nombre"_fr;
+    std::string mots = mots_cellule(rangee, colonne);
     if (lecture.decimale == ',') mots += " à virgule décimale"_fr;
     if (lecture.decimale == '.') mots += " à point décimal"_fr;
     return mots;
@@ -263,7 +308,7 @@ std::optional<DonneesLues> lis_donnees(std::string_view octets, std::string& ref
     lecture.decimale = decimale_de(lecture.rangees);
     lecture.premiere = premiere_de_nombres(lecture);
     if (lecture.premiere == lecture.rangees.size()) {
-        refus = "aucun nombre dans ce fichier"_fr;
+        refus = mots_sans_nombre(lecture);
         return std::nullopt;
     }
     mesure(lecture);

@@ -27,6 +27,7 @@ struct RangeesLues {
 };
 
 inline constexpr char kBlancs = ' ';   // as separator: any number of blanks; cells have no quotes then
+inline constexpr char kAucun = '\x01';  // nothing parts the cells: a line is one, and no text has this code
 
 // Cuts the text at that separator. Lines without anything in them are left out.
 RangeesLues coupe_en_cellules(std::string_view texte, char separateur);

@@ -58,6 +58,9 @@ TEST_CASE("what a file of data holds is said in one sentence") {
         {"x,y\n1,2\n3,4\n", "2 lignes, 2 colonnes, nombres entiers : colonnes 1 x, 2 y"},
         {"1, 2\n3, 4\n", "2 lignes, 2 colonnes, nombres entiers, sans titre : colonnes 1, 2"},
         {"1;2;;\n3;4;;\n", "2 lignes, 2 colonnes, nombres entiers, sans titre : colonnes 1, 2"},
+        {"Prix HT\n1 250,00\n980,50\n", "2 lignes, 1 colonne, virgule décimale : colonne 1 Prix HT"},
+        {"12,50 €\n3,20 €\n", "2 lignes, 1 colonne, virgule décimale, sans titre ; en texte, laissée de côté : 2"},
+        {"x;y\n- 1,5;2\n+ 3;4\n", "2 lignes, 2 colonnes, virgule décimale : colonnes 1 x, 2 y"},
     });
     for (const Cas& c : cas) {
         CAPTURE(c.octets);
@@ -70,7 +73,13 @@ TEST_CASE("a file that can't be read as data is refused with line and column") {
         {"x;y\n1;2\n3;abs\n4;5\n", "ligne 3, colonne 2 : \"abs\" n'est pas un nombre"},
         {"x;y\n1,5;2\n3.5;4\n4,5;5\n", "ligne 3, colonne 1 : \"3.5\" n'est pas un nombre à virgule décimale"},
         {"1;2\n3;4;5\n6;7\n", "ligne 2 : 3 colonnes, 2 sur les autres lignes"},
-        {"1;2;3\n\n3;4\n6;7;8\n", "ligne 3 : 2 colonnes, 3 sur les autres lignes"},
+        {"1;2;3\n\n3;4\n6;7;8\n", "ligne 3, colonne 3 : il manque un nombre"},
+        {"x;y\n1;2\n3;\n5;6\n", "ligne 3, colonne 2 : il manque un nombre"},
+        {"a\tb\n1,5\t\n2\t3\n", "ligne 2, colonne 2 : il manque un nombre"},
+        {"12,5%\n20,1%\n", "ligne 1, colonne 1 : \"12,5%\" n'est pas un nombre"},
+        {"Longueur\n12 cm;5 cm\n", "ligne 2, colonne 1 : \"12 cm\" n'est pas un nombre"},
+        {"01/02/2024\n02/02/2024\n", "ligne 1, colonne 1 : \"01/02/2024\" n'est pas un nombre"},
+        {"\"1;2\n3;4\n", "ligne 1, colonne 1 : guillemet non fermé"},
         {"1;2\n;4\n6;7\n", "ligne 2, colonne 1 : il manque un nombre"},
         {"a;b\nc;d\n", "aucun nombre dans ce fichier"},
         {"", "aucun nombre : le fichier est vide"},
@@ -117,6 +126,7 @@ TEST_CASE("data become the lines that a sheet reads") {
     CHECK(lignes_de("12,5\n14\n") == "STATX\r\n12.5,14\r\nFIN");
     CHECK(lignes_de("x;y\n1;2\n3;4\n5;6\n") == "! x, y\r\nSTATXY\r\n1,3,5\r\n2,4,6");
     CHECK(lignes_de("1;2;3\n4;5;6\n7;8;9\n") == "DEFMA\r\n1,2,3\r\n4,5,6\r\n7,8,9\r\nFIN");
+    CHECK(lignes_de("Jour;kWh;m3\n1;2;3\n4;5;6\n") == "! Jour, kWh, m3\r\nDEFMA\r\n1,2,3\r\n4,5,6\r\nFIN");
     CHECK(lignes_de("note;effectif\n8;2\n12;5\n") == "STATX(8,2;12,5)");
     CHECK(lignes_de("1;2;3;4\n") == "STATX\r\n1,2,3,4\r\nFIN");
     CHECK(lignes_de("x;1;2;3\ny;4;5;6\n") == "STATXY\r\n1,2,3\r\n4,5,6");

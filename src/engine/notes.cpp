@@ -18,10 +18,12 @@ constexpr std::string_view kChiffresHexa = "0123456789ABCDEF";
 // First character of the current symbol; 0 for an empty one.
 char tete_lue() { return moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front(); }
 
-// Characters of a literal that take part in its value.
+// Characters of a literal that take part in its value; notes a hexadecimal one with others than its digits.
 std::size_t longueur_utile(std::string_view litteral) {
-    if (litteral[0] == '$')
-        return std::min(litteral.find_first_not_of(kChiffresHexa, 1), litteral.size());
+    if (litteral[0] == '$') {
+        if (litteral.find_first_not_of(kChiffresHexa, 1) != std::string_view::npos) moteur.releve->traits |= kTraitHexa;
+        return litteral.size();   // whatever stands there is a digit, at worst a 0
+    }
     if (litteral[0] == '#') return 1 + longueur_prefixe(litteral.substr(1));
     return longueur_prefixe(litteral);
 }

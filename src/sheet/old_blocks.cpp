@@ -29,8 +29,8 @@ bool est_multiple_pi(std::string_view texte) {
     return reste.empty() || (reste[0] == '/' && tout_dans(reste.substr(1), kChiffres));
 }
 
-// True for a value as the sheet shows it: figures in any mode, "-3Pi/4", "INF", or nothing where a value had
-// no form.
+}  // namespace
+
 bool est_valeur(std::string_view texte) {
     if (texte.starts_with('-')) texte.remove_prefix(1);
     if (tout_dans(texte, "0123456789ABCDEF") || texte == "INF" || texte == "NAN") return true;
@@ -39,6 +39,8 @@ bool est_valeur(std::string_view texte) {
     const std::size_t e = std::min(texte.find('E'), texte.size());
     return tout_dans(texte.substr(0, e), "0123456789.") && tout_dans(texte.substr(e), "E0123456789.+-");
 }
+
+namespace {
 
 // True for values with ", " between them: a row of a matrix in column form, a line of sorted values.
 bool est_rangee(std::string_view ligne) {

@@ -18,5 +18,9 @@ struct AncienBloc {
 // that the pass gives it and its own closing line ends it; the rows of a table close by themselves.
 AncienBloc ancien_bloc(GenreBloc genre, std::string_view texte, std::size_t position);
 
+// True for a value as the sheet shows it: figures in any mode, "-3Pi/4", "INF", or nothing where a value had
+// no form.
+bool est_valeur(std::string_view texte);
+
 // True when the old result that a pass cut off is the count of a sorted data set.
 bool est_compte_de_tri(std::string_view coupe);

@@ -53,7 +53,8 @@ enum TraitLecture : std::uint32_t {
     kTraitAppel = 128,          // a function
     kTraitNon = 256,            // NOT
     kTraitBits = 512,           // AND, OR or XOR
-    kTraitPourcent = 1024       // a percentage
+    kTraitPourcent = 1024,      // a percentage
+    kTraitHexa = 2048           // a hexadecimal literal with a character that is no digit and counts as 0
 };
 
 struct Releve {

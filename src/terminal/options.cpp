@@ -117,6 +117,9 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->check(table_possible())
         ->type_name("N");
     app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules");
+    auto* const verifier = app.add_flag("-V,--verifier", o.verifier,
+                 "Dit ce qui n'est pas lu comme il y paraît, une ligne par constat, sans écrire la feuille");
+    app.add_flag("-j,--json", o.json, "Avec --verifier, un objet JSON par constat")->needs(verifier);
     app.add_option("--codage", o.codage,
                    "Codage du texte : utf-8 ou windows-1252 (utf-8 ; pour un fichier, le sien)")
         ->check(choix({"utf-8", "windows-1252"}))
@@ -151,6 +154,7 @@ std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>
     if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) return mots_de_trop(texte, mots);
     if (dynamic_cast<const CLI::ConversionError*>(&e) != nullptr)
         return fin_des_mots(texte) + " ne prend pas de valeur";
+    if (dynamic_cast<const CLI::RequiresError*>(&e) != nullptr) return "--json demande --verifier";
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&e) != nullptr)
         return option + (texte.find("received") != std::string::npos &&
                                  texte.find("received 0") == std::string::npos
@@ -189,7 +193,8 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
     app.footer(
         "Les messages et les boîtes vont sur la sortie d'erreur, un par ligne.\n"
         "Statut : 0 toutes les lignes sont calculées, 1 une ligne est en erreur,\n"
-        "2 commande incorrecte ou fichier qui ne peut pas être lu ou écrit.");
+        "2 commande incorrecte ou fichier qui ne peut pas être lu ou écrit,\n"
+        "3 avec --verifier, une valeur est probablement fausse.");
     declare(app, lecture.options);
     if (pour_tests) app.add_option("--curseur", lecture.options.curseur, "");
     try {

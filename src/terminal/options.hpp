@@ -20,6 +20,8 @@ struct OptionsCalcul {
     std::string donnees;                       // path of the CSV file to write, "" for none
     int table = 0;                             // which table of the sheet goes there, 0: the only one
     bool point = false;                        // with decimal points
+    bool verifier = false;                     // what was read otherwise than it looks, and no sheet
+    bool json = false;                         // that for programs
     std::string codage;                        // "", utf-8, windows-1252
     std::string feuille;                       // path; "" or "-": standard input
     std::vector<std::string> feuilles;         // paths, where there are several; else none

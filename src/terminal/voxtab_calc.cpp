@@ -24,17 +24,20 @@
 #include "sheet/recalculation.hpp"
 #include "state/pass_result.hpp"
 #include "terminal/exchange_files.hpp"
+#include "terminal/findings_output.hpp"
 #include "terminal/last_handler.hpp"
 #include "terminal/many_sheets.hpp"
 #include "terminal/options.hpp"
 #include "terminal/sheet_file.hpp"
 #include "terminal/terminal_port.hpp"
+#include "verification/check.hpp"
 
 namespace {
 
 constexpr int kReussite = 0;
 constexpr int kLigneEnErreur = 1;
 constexpr int kImpossible = 2;
+constexpr int kFauxProbable = 3;
 
 int refuse(const std::string& mots) {
     std::cerr << "voxtab-calc : " << mots << '\n';
@@ -199,6 +202,16 @@ int dit_refus(const RefusEchange& refus) {
     return refus.mots.empty() ? refuse_fichier(refus.chemin, refus.numero) : refuse(refus.chemin + " : " + refus.mots);
 }
 
+// Prints what a check of the sheet finds, and nothing else.
+int verifie(const OptionsCalcul& options, const std::string& texte) {
+    verifie_feuille(texte);
+    const int statut = montre(texte_constats(verification.constats, options.json));
+    if (statut != kReussite) return statut;
+    if (verification.arretee) return refuse("la feuille ne peut pas être vérifiée");
+    if (faux_probables(verification.constats) > 0) return kFauxProbable;
+    return verification.lignes_en_erreur > 0 ? kLigneEnErreur : kReussite;
+}
+
 int calcule(const OptionsCalcul& options) {
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
     std::string octets;
@@ -216,6 +229,7 @@ int calcule(const OptionsCalcul& options) {
     if (!lue) return refuse_texte(nom, refus);
     if (const int nul = verifie_texte(options, lue->texte); nul != kReussite) return nul;
     if (const int echange = dit_refus(importe_devant(options, lue->texte)); echange != kReussite) return echange;
+    if (options.verifier) return verifie(options, lue->texte);
     const bool reussi = calcule_texte(lue->texte, options.colonne);
     const int ecriture = ecrit(options, *lue, octets);
     if (ecriture != kReussite) return ecriture;
@@ -237,6 +251,8 @@ int main(int argc, char** argv) {
         if (*lecture.statut != kReussite) return refuse(lecture.erreur);
         return montre(lecture.sortie);
     }
+    if (!lecture.options.feuilles.empty() && lecture.options.verifier)
+        return refuse("--verifier ne prend qu'une feuille");
     if (!lecture.options.feuilles.empty()) return calcule_feuilles(lecture.options, mots, calcule);
     reinitialise_calcul();
     applique_options(lecture.options);

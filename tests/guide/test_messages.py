@@ -40,6 +40,13 @@ def literals() -> dict[str, str]:
     return found
 
 
+def stands(text: str, entry: str) -> bool:
+    """Whether the entry has the text; a sentence with places for pieces ("%m est lu %l") has anything there."""
+    if not re.search("%[mlv]", text):
+        return text in entry
+    return re.search(".+".join(re.escape(part) for part in re.split("%[mlv]", text)), entry) is not None
+
+
 def words(literal: str) -> str:
     """A literal as it stands in a message: without the marks and blanks around it."""
     return literal.strip(" =").replace("&", "")
@@ -84,7 +91,7 @@ def main() -> int:
                 faults.append(f"src/{file}: not told in the guide: {literal!r}")
             continue
         heard += 1
-        if not any(text in entry for entry in entries):
+        if not any(stands(text, entry) for entry in entries):
             faults.append(f"src/{file}: not explained in the guide: {literal!r}")
     faults += [f"not_said.txt: nothing needs {pattern.pattern!r} any more"
                for patterns in exceptions.values() for pattern in patterns if pattern not in used]

@@ -73,7 +73,8 @@ void Redaction::ligne(const std::string& texte, std::string_view ancien, bool en
 
 // A line whose old result, if it has one, goes.
 void Redaction::ligne_a_resultat(const std::string& texte) {
-    ligne(texte, t.une_fois_sur(4) ? t.un_de(kAnciens) : std::string_view());
+    const std::string_view ancien = t.une_fois_sur(4) ? t.un_de(kAnciens) : std::string_view();
+    ligne(texte, soignee && !ancien.empty() ? kAnciens[0] : ancien);
 }
 
 // A line whose result is known: it shows the formula's value.
@@ -129,7 +130,9 @@ void Redaction::affectation() {
 
 void Redaction::ligne_commentee() { ligne(std::string(t.un_de(kCommentaires)), {}, true); }
 
-void Redaction::singularite() { ligne_a_resultat(std::string(t.un_de(kSingulieres))); }
+void Redaction::singularite() {
+    if (!soignee) ligne_a_resultat(std::string(t.un_de(kSingulieres)));
+}
 
 // A line that the pass never calculates: empty, with FIN, or the echo of a restricted result.
 void Redaction::ligne_inerte() {
@@ -139,7 +142,7 @@ void Redaction::ligne_inerte() {
             if (bloc_attend) ligne("7");  // right below a data set the echo would be its old block
             ligne("N= 3, X= 2 note", {}, true);
             break;
-        default: ligne(std::string(t.un_de(kInertes)), {}, true);
+        default: ligne(soignee ? std::string() : std::string(t.un_de(kInertes)), {}, true);
     }
 }
 
@@ -240,6 +243,13 @@ FeuilleTiree Redaction::acheve() {
     feuille.reglage = reglage;
     feuille.curseur = static_cast<std::size_t>(t.entre(0, static_cast<int>(feuille.texte.size())));
     return std::move(feuille);
+}
+
+FeuilleTiree tire_feuille_soignee(std::uint64_t graine) {
+    Tirage t(graine);
+    Redaction redaction(t, tire_reglage(t), true);
+    for (int i = t.entre(1, 10); i > 0; --i) redaction.morceau();
+    return redaction.acheve();
 }
 
 FeuilleTiree tire_feuille(std::uint64_t graine) {

@@ -43,11 +43,15 @@ struct FeuilleTiree {
 
 // The sheet of a seed.
 FeuilleTiree tire_feuille(std::uint64_t graine);
+// The same without what nobody means: lines with a rule of their own, letters FIN in a formula's comment, old
+// results that no pass wrote, lines that fail.
+FeuilleTiree tire_feuille_soignee(std::uint64_t graine);
 
 // Writes a sheet line by line; each procedure adds one piece of it.
 class Redaction {
 public:
-    explicit Redaction(Tirage& tirage, const Reglage& r) : t(tirage), reglage(r) {}
+    explicit Redaction(Tirage& tirage, const Reglage& r, bool avec_soin = false)
+        : t(tirage), reglage(r), soignee(avec_soin) {}
 
     void morceau();       // any piece that calculates well
     void ligne_simple();  // one line that calculates well, or a comment; it leaves no block
@@ -103,6 +107,7 @@ private:
 
     Tirage& t;
     Reglage reglage;
+    bool soignee;   // see tire_feuille_soignee
     FeuilleTiree feuille;
     std::vector<std::string> lignes;
     Variables variables;                                             // as the engine has them here

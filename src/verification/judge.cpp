@@ -1,0 +1,385 @@
+// What the record of a line's reading, its words and its result say of it.
+#include "verification/judge.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "engine/reading.hpp"
+#include "sheet/marks.hpp"
+#include "sheet/matrix_definition.hpp"
+#include "sheet/old_result.hpp"
+#include "state/context.hpp"
+#include "verification/old_text.hpp"
+#include "verification/problem.hpp"
+#include "verification/tree_checks.hpp"
+
+namespace {
+
+constexpr auto npos = std::string_view::npos;
+
+// A line that is judged, where its formula or an element of it begins.
+struct Endroit {
+    int numero;
+    int numero_ecrit;
+    std::size_t retrait;   // characters of the line in front of what is judged
+};
+
+Endroit endroit_de(const LigneObservee& o) { return {o.numero, o.numero_ecrit, o.retrait}; }
+
+// Adds a finding at `place` of what is judged there, from 0.
+Constat& ajoute_constat(Jugement& j, const Endroit& e, GenreConstat genre, std::size_t place, std::string_view morceau) {
+    j.constats.push_back({.genre = genre, .ligne = e.numero, .ligne_ecrite = e.numero_ecrit,
+                          .colonne = static_cast<int>(e.retrait + place + 1), .morceau = std::string(morceau),
+                          .lu = {}, .valeur = {}, .propose = {}});
+    return j.constats.back();
+}
+
+// Where each character of what was read comes from: of a call of statistics through its groups.
+std::vector<std::size_t> places_de(const LigneObservee& o) {
+    if (o.role != RoleLigne::statistiques) return places_dans_le_texte(o.formule, o.lue);
+    std::vector<std::size_t> prepare;
+    for (std::size_t i = 0; i < o.formule.size(); ++i) {
+        prepare.push_back(i);
+        if (o.formule[i] == "²"_fr[0]) prepare.push_back(i);
+    }
+    std::vector<std::size_t> places;
+    for (const std::size_t groupe : observation->groupes)
+        places.push_back(groupe < prepare.size() ? prepare[groupe] : o.formule.size());
+    places.resize(o.lue.size() + 1, o.formule.size());
+    return places;
+}
+
+// True when nothing in the record asks for a second look.
+bool sans_histoire(const Releve& r, std::size_t taille) {
+    constexpr std::uint32_t kRien = kTraitPourcent | kTraitBits;
+    return (r.traits & ~kRien) == 0 && r.faute == 0 && r.arret > static_cast<std::int32_t>(taille) &&
+           (r.lettres & (1u << ('E' - 'A' + 1))) == 0;
+}
+
+// Notes a letter or a matrix without a value, for the end of the sheet.
+void note_trop_tot(Jugement& j, const Endroit& e, const Lue& lue) {
+    constexpr std::string_view kVariable = "variable "_fr, kMatrice = "matrice M"_fr, kNonDefinie = " non définie"_fr;
+    const std::string_view mots = lue.releve.mots_faute;
+    const bool matrice = mots.starts_with(kMatrice);
+    const std::string_view tete = matrice ? kMatrice : kVariable;
+    if (!mots.starts_with(tete) || mots.substr(std::min(mots.size(), tete.size() + 1)) != kNonDefinie) return;
+    const int rang = rang_lettre(mots[tete.size()]);
+    const std::size_t place = lue.place(lue.releve.faute - 1);
+    Constat c{.genre = GenreConstat::lettre_plus_bas, .ligne = e.numero, .ligne_ecrite = e.numero_ecrit,
+              .colonne = static_cast<int>(e.retrait + place + 1), .morceau = std::string(lue.tapee),
+              .lu = (matrice ? "M" : "") + std::string(1, mots[tete.size()]), .valeur = {}, .propose = {}};
+    j.trop_tot.push_back({std::move(c), matrice ? -rang : rang});
+}
+
+// True for a formula that evaluates without a problem.
+bool se_lit(std::string_view texte) {
+    if (texte.empty()) return false;
+    const FormuleRelevee lue = lit_formule(texte);
+    return !lue.erreur && !premier_probleme({texte, lue.formule, lue.releve, false, places_dans_le_texte(texte, lue.formule)});
+}
+
+// Judges a formula that was read; `valeur` is what it gave.
+bool juge_formule(Jugement& j, const Endroit& e, const Lue& lue, double valeur, bool propose = true) {
+    if (!lue.erreur && sans_histoire(lue.releve, lue.formule.size())) return false;
+    const std::optional<Probleme> p = premier_probleme(lue);
+    if (p) {
+        Constat& c = ajoute_constat(j, e, p->genre, p->place, lue.tapee);
+        c.lu = partie_lue(lue);
+        c.valeur = texte_general(valeur);
+        if (propose) c.propose = formule_proposee(lue.tapee, *p);
+        return true;
+    }
+    if (lue.erreur) note_trop_tot(j, e, lue);
+    bool trouve = false;
+    for (const ConstatArbre& a : constats_de_l_arbre(lue, valeur)) {
+        Constat& c = ajoute_constat(j, e, a.genre, lue.place(a.place - 1),
+                                    a.morceau.empty() ? lue.tapee : std::string_view(a.morceau));
+        c.lu = a.lu;
+        c.valeur = a.valeur;
+        c.propose = se_lit(a.propose) ? a.propose : std::string();
+        trouve = true;
+    }
+    return trouve;
+}
+
+// A text that is a formula of its own: an element, the text of a function.
+void juge_texte(Jugement& j, const Endroit& e, std::string_view texte) {
+    const std::size_t blancs = std::min(texte.find_first_not_of(' '), texte.size());
+    const std::string_view tapee = sans_blancs(texte);
+    const FormuleRelevee lue = lit_formule(tapee);
+    const Endroit la{e.numero, e.numero_ecrit, e.retrait + blancs};
+    juge_formule(j, la, {tapee, lue.formule, lue.releve, lue.erreur, places_dans_le_texte(tapee, lue.formule)}, lue.valeur);
+}
+
+// The elements of a row of a matrix or of a data line. Plain numbers are read and not evaluated.
+void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
+    std::size_t debut = 0;
+    while (debut < ligne.size()) {
+        const std::size_t virgule = std::min(ligne.find(',', debut), ligne.size());
+        const std::string_view element = ligne.substr(debut, virgule - debut);
+        const Endroit la{e.numero, e.numero_ecrit, e.retrait + debut};
+        if (element.find_first_not_of("0123456789.-") != npos) {
+            juge_texte(j, la, element);
+        } else if (const std::size_t lus = longueur_prefixe(element); lus < element.size()) {
+            Constat& c = ajoute_constat(j, la, GenreConstat::element_partiel, lus, element);
+            c.lu = lus == 0 ? "0" : std::string(element.substr(0, lus));
+            if (element.find('-', 1) != npos) c.propose = "(" + std::string(element) + ")";
+        }
+        debut = virgule + 1;
+    }
+}
+
+// A row of a matrix: its elements, and whether it has more of them than the first row.
+void juge_rangee(Jugement& j, const LigneObservee& o) {
+    const auto elements = [](std::string_view r) {
+        return r.empty() ? 0 : std::count(r.begin(), r.end() - 1, ',') + 1;
+    };
+    j.bloc_refuse = o.erreur;
+    const long trouves = elements(o.formule), voulus = definition_de_matrice.definition_colonnes;
+    if (!o.erreur) return juge_elements(j, endroit_de(o), o.formule);
+    if (trouves <= voulus) return;
+    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::colonnes_en_trop, o.formule.find(','), o.formule);
+    c.lu = chiffres(voulus);
+    c.valeur = chiffres(trouves);
+}
+
+// The parts of a group of a data set behind those that are values: their count, and whether it can be one.
+bool est_effectif(std::string_view texte) {
+    const std::string_view t = sans_blancs(texte);
+    if (t.empty() || t.find_first_not_of("0123456789.") != npos) return true;
+    return t.find('.') == npos && (t.size() == 1 || t[0] != '0');
+}
+
+// The call with a point for the first comma of each group, where it stands between two digits; "" for one with
+// points.
+std::string avec_points(std::string_view formule) {
+    const auto chiffre = [](char c) { return c >= '0' && c <= '9'; };
+    std::string texte(formule);
+    bool libre = true;
+    for (std::size_t i = 1; i + 1 < texte.size(); ++i) {
+        if (texte[i] == ';') libre = true;
+        if (texte[i] == '.') return {};   // who writes points means the commas
+        if (texte[i] != ',') continue;
+        if (libre && chiffre(texte[i - 1]) && chiffre(texte[i + 1])) texte[i] = '.';
+        libre = false;
+    }
+    return texte;
+}
+
+// One finding for the counts of a call: the first that can be none, otherwise the first.
+void juge_effectifs(Jugement& j, const LigneObservee& o) {
+    const std::size_t ouvrante = o.formule.find('('), fermante = std::min(o.formule.find(')'), o.formule.size());
+    if (ouvrante == npos || fermante < ouvrante) return;
+    const bool couples = capitales(o.formule.substr(0, ouvrante)).find(kMotStatXY.mot) != npos;
+    const int valeurs = couples ? 2 : 1;
+    std::optional<std::size_t> premier;
+    int parties = 0;
+    std::size_t debut = ouvrante + 1;
+    for (std::size_t i = debut; i <= fermante; ++i) {
+        const char c = i == fermante ? ';' : o.formule[i];
+        if (c != ',' && c != ';') continue;
+        const bool compte = ++parties > valeurs;
+        const std::string_view partie = o.formule.substr(debut, i - debut);
+        if (parties > valeurs + 1 || (compte && !est_effectif(partie))) {
+            ajoute_constat(j, endroit_de(o), GenreConstat::effectif_virgule, debut - 1, o.formule).propose =
+                couples ? std::string() : avec_points(o.formule);
+            return;
+        }
+        if (compte && !premier) premier = debut - 1;
+        debut = i + 1;
+        if (c == ';') parties = 0;
+    }
+    if (premier) ajoute_constat(j, endroit_de(o), GenreConstat::effectif, *premier, o.formule);
+}
+
+// A call of statistics: how it was read, then its counts.
+void juge_statistiques(Jugement& j, const LigneObservee& o) {
+    if (o.lue.empty()) return;
+    const Lue lue{o.formule, o.lue, observation->releve, o.erreur, places_de(o)};
+    const std::size_t avant = j.constats.size();
+    juge_effectifs(j, o);
+    if (j.constats.size() == avant || gravite(j.constats.back().genre) == Gravite::a_savoir)
+        juge_formule(j, endroit_de(o), lue, o.valeur, false);
+}
+
+// "5!" is no factorial: what stands behind the "!" is a comment. A comment that is one begins with a word.
+bool juge_factorielle(Jugement& j, const LigneObservee& o) {
+    const std::size_t signe = o.formule.size();
+    if (signe == 0 || o.ligne.size() <= o.formule.size()) return false;
+    const std::size_t place = o.ligne.find('!');
+    const char devant = o.formule.back();
+    const bool operande = (devant >= '0' && devant <= '9') || devant == ')' || (place == signe && capitale(devant) >= 'A' && capitale(devant) <= 'Z');
+    const std::string_view suite = sans_blancs(o.ligne.substr(place + 1));
+    const bool seul = suite.empty() || std::string_view("+-*/^),=!").find(suite[0]) != npos;
+    if (!operande || !seul || (place > signe && !suite.empty())) return false;
+    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::factorielle, place, o.ligne);
+    c.lu = o.formule;
+    c.propose = avec_factorielles(o.ligne);
+    return true;
+}
+
+// What the mode hides of a value that is shown as a number.
+void juge_valeur(Jugement& j, const LigneObservee& o) {
+    const double x = o.valeur;
+    if (x == 0 || !std::isfinite(x) || o.resultat.empty()) return;
+    const bool entier = x == std::trunc(x);
+    if (entier && modes.mode_nombre == 1) return;
+    if (!o.resultat.starts_with(" = ") || o.resultat.find(',') != npos || o.resultat.find("Pi") != npos) return;
+    const bool zero = o.resultat == " = 0" || o.resultat == " = -0";
+    if (zero && std::fabs(x) < 1e-12) return;   // what rounding has left of zero
+    const bool coupee = modes.mode_nombre == 2 ? !entier : modes.mode_affichage == 1;
+    if (!zero && !coupee) return;
+    const GenreConstat genre = zero && !coupee ? GenreConstat::zero_montre : GenreConstat::valeur_coupee;
+    ajoute_constat(j, endroit_de(o), genre, 0, o.formule).valeur = texte_general(x);
+}
+
+// What the pass has cut off that no pass has written.
+bool juge_fin_de_ligne(Jugement& j, const LigneObservee& o) {
+    if (o.entiere.size() <= o.ligne.size()) return false;
+    const TexteEfface efface = texte_efface(o);
+    if (efface.genre == GenreConstat::apres) return false;
+    Constat& c = ajoute_constat(j, endroit_de(o), efface.genre, efface.place, efface.morceau);
+    c.lu = o.formule;
+    c.propose = efface.propose;
+    return true;
+}
+
+// A calculated line.
+void juge_calculee(Jugement& j, const LigneObservee& o) {
+    if (juge_fin_de_ligne(j, o) || juge_factorielle(j, o)) return;
+    const std::size_t avant = j.constats.size();
+    if (!o.lue.empty()) {
+        const Releve& r = observation->releve;
+        if (o.erreur || !sans_histoire(r, o.lue.size()))
+            juge_formule(j, endroit_de(o), {o.formule, o.lue, r, o.erreur, places_de(o)}, o.valeur);
+        if (!o.erreur && r.affectee == 0 && !r.noeuds.empty() && r.noeuds.back().genre == GenreNoeud::egale)
+            ajoute_constat(j, endroit_de(o), GenreConstat::affectation_vide, 0, o.formule);
+    }
+    if (!o.erreur && j.constats.size() == avant && !o.lue.empty()) juge_valeur(j, o);
+}
+
+// Gives the letters and matrices that waited their line below.
+void note_affectation(Jugement& j, int lettre, int ligne) {
+    if (lettre == 0) return;
+    for (LectureTropTot& l : j.trop_tot) {
+        if (l.lettre != lettre || !l.constat.valeur.empty()) continue;
+        l.constat.valeur = chiffres(ligne);
+    }
+}
+
+// The statistics' word in a comment makes a line of statistics of it.
+void juge_commentaire(Jugement& j, const LigneObservee& o) {
+    const std::size_t signe = o.ligne.find('!');
+    if (signe == npos || signe == 0) return;
+    const std::size_t mot = capitales(o.ligne).find(kMotStatX.mot, signe);
+    if (mot == npos || capitales(o.formule).find(kMotStatX.mot) != npos) return;
+    ajoute_constat(j, endroit_de(o), GenreConstat::mot_statx, mot, o.ligne);
+}
+
+// The letters FIN keep a line from being calculated that would be one otherwise.
+void juge_fermante(Jugement& j, const LigneObservee& o) {
+    if (o.formule.empty()) return;
+    const std::string entiere = capitales(o.entiere);
+    const std::size_t mot = entiere.find(kFin.mot);
+    if (mot == npos || mot < o.formule.size()) return;   // a text, or the line that closes a definition
+    if (!lit_formule(o.formule).erreur) ajoute_constat(j, endroit_de(o), GenreConstat::mot_fin, mot, o.formule);
+}
+
+// A heading begins with its word, has a letter behind it and then its bracket; another line holds the letters
+// by chance.
+void juge_entete(Jugement& j, const LigneObservee& o) {
+    const std::string capitale_ligne = capitales(o.formule);
+    const TexteMarque marque{capitale_ligne};
+    const std::size_t inc = marque.position(kMotInc), mot = inc != npos ? inc : marque.position(kMotAir);
+    j.entete = {.numero = o.numero, .numero_ecrit = o.numero_ecrit, .retrait = o.retrait, .formule = std::string(o.formule), .suspect = false};
+    if (mot == 0 && capitale_ligne.size() > 4 && sans_blancs(std::string_view(capitale_ligne).substr(4)).starts_with('(')) return;
+    j.entete.suspect = true;
+    Constat& c = ajoute_constat(j, endroit_de(o), inc != npos ? GenreConstat::mot_inc : GenreConstat::mot_air,
+                                mot == npos ? 0 : mot, o.entiere);
+    const std::string_view queue = o.entiere.substr(o.ligne.size());
+    if (est_mot(o.ligne) && queue.find('=') != npos) c.propose = affectation_voulue(o.ligne, queue);
+}
+
+// A heading that no function has followed.
+void juge_entete_seul(Jugement& j) {
+    if (j.entete.numero == 0) return;
+    const Endroit e{j.entete.numero, j.entete.numero_ecrit, j.entete.retrait};
+    if (!j.entete.suspect) ajoute_constat(j, e, GenreConstat::entete_seul, 0, j.entete.formule);
+    j.entete.numero = 0;
+}
+
+// The function of a table or an area, and its heading.
+void juge_table(Jugement& j, const LigneObservee& o) {
+    const EnteteJuge entete = std::exchange(j.entete, {});
+    if (entete.suspect) return;
+    const Endroit e{entete.numero, entete.numero_ecrit, entete.retrait};
+    if (!o.lue.empty()) {
+        const Releve& r = observation->releve;
+        juge_formule(j, e, {entete.formule, o.lue, r, r.faute != 0, places_dans_le_texte(entete.formule, o.lue)}, 0, false);
+    }
+    juge_texte(j, endroit_de(o), o.formule);
+}
+
+// The text of the user function, read with a value for its variable.
+void juge_fonction(Jugement& j, const LigneObservee& o) {
+    const std::size_t egal = o.formule.find('=');
+    const auto rang = static_cast<std::size_t>(moteur.fonction_active);
+    if (egal == npos) return;
+    // Slot 0 stands for a text whose variable was not reached.
+    const bool definie = std::exchange(moteur.variable_definie[rang], true);
+    Endroit e = endroit_de(o);
+    e.retrait += egal + 1;
+    juge_texte(j, e, o.formule.substr(egal + 1));
+    moteur.variable_definie[rang] = definie;
+}
+
+// What a line is judged for, after as what it was treated.
+void juge_selon_role(Jugement& j, const LigneObservee& o) {
+    switch (o.role) {
+        case RoleLigne::formule: return juge_calculee(j, o);
+        case RoleLigne::statistiques: return juge_statistiques(j, o);
+        case RoleLigne::fonction:
+            if (!juge_fin_de_ligne(j, o)) juge_fonction(j, o);
+            return;
+        case RoleLigne::rangee: return juge_rangee(j, o);
+        case RoleLigne::donnees: return juge_elements(j, endroit_de(o), o.ligne);
+        case RoleLigne::fermante: return juge_fermante(j, o);
+        case RoleLigne::entete: return juge_entete(j, o);
+        case RoleLigne::fonction_de_table: return juge_table(j, o);
+        case RoleLigne::copiee:
+        case RoleLigne::refusee:
+        case RoleLigne::entete_matrice:
+        case RoleLigne::entete_donnees:
+        case RoleLigne::liste: return;
+    }
+}
+
+}  // namespace
+
+void juge_ligne(Jugement& jugement, const LigneObservee& o) {
+    if (o.role != RoleLigne::fonction_de_table) juge_entete_seul(jugement);
+    if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;
+    if (jugement.bloc_refuse) return;
+    juge_selon_role(jugement, o);
+    if (o.role != RoleLigne::formule) return;
+    // What stands below a definition that was refused is no formula.
+    if (o.erreur && (capitales(o.formule).find(kDefM.mot) != npos || capitales(o.formule).find(kMotStatX.mot) != npos))
+        jugement.bloc_refuse = true;
+    if (o.ligne.size() != o.formule.size()) juge_commentaire(jugement, o);
+    if (!jugement.trop_tot.empty() && !o.erreur) note_affectation(jugement, observation->releve.affectee, o.numero);
+}
+
+void acheve_jugement(Jugement& jugement) {
+    juge_entete_seul(jugement);
+    for (LectureTropTot& l : jugement.trop_tot)
+        if (!l.constat.valeur.empty()) jugement.constats.push_back(std::move(l.constat));
+    jugement.trop_tot.clear();
+    std::ranges::stable_sort(jugement.constats, [](const Constat& a, const Constat& b) {
+        return std::pair(a.ligne, a.colonne) < std::pair(b.ligne, b.colonne);
+    });
+}

@@ -1,0 +1,147 @@
+// Walks through the nodes of a record with the places of their children.
+#include "verification/tree_checks.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+#include "base/codepage.hpp"
+#include "base/number.hpp"
+#include "functions/table.hpp"
+#include "state/modes.hpp"
+
+namespace {
+
+using Noeuds = std::vector<Noeud>;
+
+// The first child of each node, as an index; its own index for an operand.
+std::vector<std::size_t> premiers_enfants(const Noeuds& noeuds) {
+    std::vector<std::size_t> premiers(noeuds.size()), pile;
+    for (std::size_t i = 0; i < noeuds.size(); ++i) {
+        const std::size_t arite = std::min(static_cast<std::size_t>(noeuds[i].arite), pile.size());
+        premiers[i] = arite == 0 ? i : pile[pile.size() - arite];
+        pile.resize(pile.size() - arite);
+        pile.push_back(i);
+    }
+    return premiers;
+}
+
+// What was typed for a node.
+std::string texte_de(const Lue& lue, const Noeud& n) {
+    const std::size_t debut = lue.place(n.debut - 1);
+    const std::size_t fin = lue.place(n.fin);
+    return std::string(sans_blancs(lue.tapee.substr(debut, fin > debut ? fin - debut : 0)));
+}
+
+bool est_matrice(const Noeud& n) {
+    if (n.genre == GenreNoeud::matrice) return true;
+    return n.sorte != SorteCalcul::nombres && n.genre != GenreNoeud::egale;
+}
+
+// Looks at one formula; adds what it finds.
+class Examen {
+public:
+    Examen(const Lue& lue, double valeur)
+        : lue_(lue), noeuds_(lue.releve.noeuds), premiers_(premiers_enfants(noeuds_)), valeur_(texte_general(valeur)) {}
+
+    std::vector<ConstatArbre> fait() {
+        for (std::size_t i = 0; i < noeuds_.size(); ++i) {
+            if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
+            if (lue_.releve.a(kTraitMatrice)) regarde_matrice(i);
+            if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
+        }
+        return std::move(constats_);
+    }
+
+private:
+    const Noeud& enfant(std::size_t i) const { return noeuds_[premiers_[i]]; }
+
+    void ajoute(GenreConstat genre, std::int32_t place, std::string propose) {
+        const auto meme = std::ranges::find(constats_, genre, &ConstatArbre::genre);
+        if (meme != constats_.end()) return;   // once a formula is enough
+        constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = valeur_, .propose = std::move(propose)});
+    }
+
+    // The formula with brackets around a part of it.
+    std::string entre_parentheses(std::int32_t debut, std::int32_t fin) const {
+        const std::size_t a = lue_.place(debut - 1), b = lue_.place(fin);
+        std::string texte(lue_.tapee);
+        return texte.insert(b, ")").insert(a, "(");
+    }
+
+    void regarde_puissance(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (lue_.erreur) return;
+        if (n.genre == GenreNoeud::moins_unaire) return regarde_signe(i);
+        if (n.genre != GenreNoeud::puissance || n.sorte != SorteCalcul::nombres) return;
+        const Noeud& base = enfant(i);
+        if (base.genre == GenreNoeud::puissance)
+            ajoute(GenreConstat::puissance_de_puissance, n.signe, entre_parentheses(base.signe + 1, n.fin));
+        if (base.genre == GenreNoeud::non)
+            ajoute(GenreConstat::non_puissance, base.debut, entre_parentheses(enfant(premiers_[i]).debut, n.fin));
+    }
+
+    // A sign in front of an even power: the power comes first.
+    void regarde_signe(std::size_t i) {
+        const std::int32_t debut = noeuds_[premiers_[i]].debut;
+        const auto puissance = std::find_if(noeuds_.begin(), noeuds_.begin() + static_cast<std::ptrdiff_t>(i), [&](const Noeud& n) {
+            return n.genre == GenreNoeud::puissance && n.debut == debut && n.sorte == SorteCalcul::nombres;
+        });
+        if (puissance == noeuds_.begin() + static_cast<std::ptrdiff_t>(i)) return;
+        const double exposant = (puissance - 1)->valeur;
+        const Noeud& base = enfant(static_cast<std::size_t>(puissance - noeuds_.begin()));
+        if (base.genre != GenreNoeud::nombre || std::fmod(exposant, 2) != 0) return;   // with a letter it is usual
+        ajoute(GenreConstat::moins_puissance, noeuds_[i].signe, entre_parentheses(noeuds_[i].signe, puissance->signe - 1));
+    }
+
+    // A matrix where the rules take a number, and the products that are none.
+    void regarde_matrice(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (n.arite != 2 || n.genre == GenreNoeud::egale) return;
+        const bool gauche = est_matrice(enfant(i)), droite = est_matrice(noeuds_[i - 1]);
+        if (n.genre == GenreNoeud::fois) {
+            if (n.sorte == SorteCalcul::matrice_par_nombre && gauche && droite) ajoute(GenreConstat::produit_de_matrices, n.signe, "");
+            return;
+        }
+        const bool somme = n.genre == GenreNoeud::plus || n.genre == GenreNoeud::moins;
+        if (somme ? gauche != droite : n.genre != GenreNoeud::puissance && (gauche || droite))
+            ajoute(GenreConstat::matrice_et_nombre, n.signe, "");
+    }
+
+    // PI stands somewhere in a node: its own part begins with the first operand of its first child.
+    bool contient_pi(std::size_t i) const {
+        std::size_t debut = i;
+        while (premiers_[debut] != debut) debut = premiers_[debut];
+        return std::any_of(noeuds_.begin() + static_cast<std::ptrdiff_t>(debut), noeuds_.begin() + static_cast<std::ptrdiff_t>(i),
+                           [&](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kPi; });
+    }
+
+    // Trigonometry of a number that is usual in another unit.
+    void regarde_angle(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (n.genre != GenreNoeud::appel || (n.numero != kSin && n.numero != kCos && n.numero != kTan) || n.arite != 1) return;
+        const double x = std::fabs(noeuds_[i - 1].valeur);
+        const bool pi = contient_pi(i), radian = modes.unite_angle == 2;
+        const bool degres = !pi && x >= 15 && x <= 720 && std::fmod(x, 15) == 0 && (radian || std::fmod(x, 10) != 0);
+        if (modes.unite_angle == 1 ? !pi : !degres && (radian || !pi)) return;
+        constexpr std::string_view kUnites[] = {"degrés"_fr, "radians"_fr, "grades"_fr};
+        ajoute(GenreConstat::angle, n.debut, "");
+        ConstatArbre& c = constats_.back();
+        c.morceau = texte_de(lue_, n);
+        c.lu = kUnites[modes.unite_angle == 1 ? 0 : modes.unite_angle == 2 ? 1 : 2];
+    }
+
+    const Lue& lue_;
+    const Noeuds& noeuds_;
+    std::vector<std::size_t> premiers_;
+    std::string valeur_;
+    std::vector<ConstatArbre> constats_;
+};
+
+}  // namespace
+
+std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur) {
+    if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel)) return {};
+    return Examen(lue, valeur).fait();
+}

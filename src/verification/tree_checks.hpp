@@ -1,0 +1,22 @@
+// What the tree of a formula that was read whole says of it: powers and signs, matrices, angles. Changes
+// nothing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "verification/findings.hpp"
+#include "verification/problem.hpp"
+
+struct ConstatArbre {
+    GenreConstat genre;
+    std::int32_t place = 1;    // in the formula, from 1
+    std::string morceau{};       // "": the whole formula
+    std::string lu{};
+    std::string valeur{};
+    std::string propose{};
+};
+
+// The findings of the tree, in the order of the nodes; `valeur` is what the formula gave.
+std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur);

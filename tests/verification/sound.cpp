@@ -1,0 +1,244 @@
+// What "Vérifier" promises, on random lines: where it is silent, every character of the formula was read, and
+// the formula with brackets around each of its parts gives the same value to the bit; what it calls unread can
+// be deleted without a change of the result; and on correct sheets it finds nothing grave.
+//   sound [--lignes N] [--feuilles N] [--graine S]     (a seed alone: that line or sheet, shown)
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "base/codepage.hpp"
+#include "platform/stack.hpp"
+#include "property/expressions.hpp"
+#include "property/sheets.hpp"
+#include "settings/settings.hpp"
+#include "sheet/observer.hpp"
+#include "sheet/old_blocks.hpp"
+#include "sheet/recalculation.hpp"
+#include "state/context.hpp"
+#include "state/modes.hpp"
+#include "support/program.hpp"
+#include "verification/check.hpp"
+
+namespace {
+
+constexpr int kFautesMontrees = 5;
+
+// What the pass has told of the last line.
+struct Derniere {
+    RoleLigne role = RoleLigne::copiee;
+    std::string entiere, ligne, formule, lue, resultat;
+    double valeur = 0;
+    bool erreur = false;
+    Releve releve;
+};
+Derniere derniere;
+Observation vue;
+
+void prend(const LigneObservee& o) {
+    derniere = {o.role, std::string(o.entiere), std::string(o.ligne), std::string(o.formule), std::string(o.lue),
+                std::string(o.resultat), o.valeur, o.erreur, vue.releve};
+}
+
+// A calculated in a fresh program: what the last line has become.
+const Derniere& calcule(const std::string& feuille) {
+    reinitialise_calcul();
+    derniere = {};
+    vue.ligne = prend;
+    observation = &vue;
+    calcule_feuille(feuille, 0);
+    observation = nullptr;
+    return derniere;
+}
+
+// What was typed of a node's own: an operand, a sign.
+std::string texte(const Derniere& d, std::int32_t debut, std::int32_t fin) {
+    return d.lue.substr(static_cast<std::size_t>(debut - 1), static_cast<std::size_t>(fin - debut + 1));
+}
+
+// The formula with brackets around each operation, written from the tree alone.
+std::string entre_parentheses(const Derniere& d) {
+    std::vector<std::string> pile;
+    for (const Noeud& n : d.releve.noeuds) {
+        const auto enfants = pile.end() - n.arite;
+        std::string t;
+        switch (n.genre) {
+            case GenreNoeud::parenthese: t = enfants[0]; break;
+            case GenreNoeud::plus_unaire:
+            case GenreNoeud::moins_unaire:
+            case GenreNoeud::complement: t = "(" + texte(d, n.signe, n.signe) + enfants[0] + ")"; break;
+            case GenreNoeud::non: t = "(NOT " + enfants[0] + ")"; break;
+            case GenreNoeud::plus_pourcent: t = "(" + enfants[0] + "+" + enfants[1] + "%)"; break;
+            case GenreNoeud::moins_pourcent: t = "(" + enfants[0] + "-" + enfants[1] + "%)"; break;
+            case GenreNoeud::et: t = "(" + enfants[0] + " AND " + enfants[1] + ")"; break;
+            case GenreNoeud::ou: t = "(" + enfants[0] + " OR " + enfants[1] + ")"; break;
+            case GenreNoeud::oux: t = "(" + enfants[0] + " XOR " + enfants[1] + ")"; break;
+            case GenreNoeud::egale: t = enfants[0] + "=" + enfants[1]; break;
+            case GenreNoeud::appel: {
+                t = n.signe == 0 ? texte(d, n.debut, n.fin) : texte(d, n.debut, n.signe);
+                for (int i = 0; i < n.arite; ++i) t += (i == 0 ? "" : ",") + enfants[i];
+                t = n.signe == 0 ? t : "(" + t + "))";   // a call keeps no sum outside: brackets do
+                break;
+            }
+            default: t = n.arite == 2 ? "(" + enfants[0] + texte(d, n.signe, n.signe) + enfants[1] + ")" : texte(d, n.debut, n.fin);
+        }
+        pile.erase(enfants, pile.end());
+        pile.push_back(t);
+    }
+    return pile.size() == 1 ? pile[0] : std::string();
+}
+
+bool memes_bits(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (a != a && b != b); }
+
+// The findings of the last line, and the grave ones.
+std::vector<Constat> constats_de(int ligne) {
+    std::vector<Constat> siens;
+    for (const Constat& c : verification.constats)
+        if (c.ligne == ligne) siens.push_back(c);
+    return siens;
+}
+
+struct Essai {
+    std::string entete;   // lines above
+    int lignes = 0;
+    std::string ligne;
+};
+
+// What is typed wrong: one character more, less or other, a piece twice, a blank.
+std::string abime(Tirage& t, std::string ligne) {
+    static const std::string kSignes = cp(",.,.()()%;:×÷'’!=²+-*/^ 0123456789 AXENMP²³?°\"");
+    const int fois = t.entre(1, 3);
+    for (int i = 0; i < fois; ++i) {
+        const auto place = static_cast<std::size_t>(t.entre(0, static_cast<int>(ligne.size())));
+        const char signe = kSignes[static_cast<std::size_t>(t.entre(0, static_cast<int>(kSignes.size()) - 1))];
+        const int maniere = t.entre(0, 3);
+        if (maniere == 0 && place < ligne.size()) ligne.erase(place, 1);
+        else if (maniere == 1 && place < ligne.size()) ligne[place] = signe;
+        else ligne.insert(place, 1, signe);
+    }
+    return ligne;
+}
+
+// A line as somebody types it, below a few letters that have values.
+Essai tire_essai(std::uint64_t graine) {
+    Tirage t(graine);
+    Variables v;
+    Essai e;
+    for (const char lettre : {'A', 'B', 'X', 'E', 'N'}) {
+        Variable& x = v[static_cast<std::size_t>(lettre - 'A' + 1)];
+        x = {true, true, static_cast<double>(t.entre(1, 40)), 0};
+        (e.entete += lettre) += "=" + std::to_string(static_cast<int>(x.valeur)) + "\r\n";
+        ++e.lignes;
+    }
+    Expressions expressions(t, v);
+    e.ligne = expressions.somme(t.entre(0, 2)).texte;
+    if (t.une_fois_sur(5)) e.ligne = std::string("C=") + e.ligne;
+    if (!t.une_fois_sur(4)) e.ligne = abime(t, e.ligne);
+    return e;
+}
+
+bool rate(const Essai& e, const std::string& pourquoi) {
+    std::cout << "FAILED: " << pourquoi << "\n" << vers_utf8(e.entete + e.ligne) << "\n---\n";
+    return false;
+}
+
+// True for what a pass may have written behind the line, whatever values the letters had then.
+bool est_resultat(const std::string& coupe) {
+    return sans_blancs(coupe) == "=" || (coupe.starts_with(" = ") && est_valeur(coupe.substr(3)));
+}
+
+// A silent line: all was read, and the tree is what was computed.
+bool essaie_silence(const Essai& e, const Derniere& d) {
+    if (d.releve.arret <= static_cast<std::int32_t>(d.lue.size())) return rate(e, "silent, and something was not read");
+    for (const Noeud& n : d.releve.noeuds)
+        if (n.utile != 0 && n.utile < n.fin) return rate(e, "silent, and a number was read in part");
+    if (d.entiere.size() > d.ligne.size() && !est_resultat(d.entiere.substr(d.ligne.size())))
+        return rate(e, "silent, and text was cut");
+    const std::string forme = entre_parentheses(d);
+    if (forme.empty()) return rate(e, "silent, and no tree");
+    const double valeur = d.valeur;
+    const Derniere& autre = calcule(e.entete + forme);
+    if (autre.erreur || !memes_bits(autre.valeur, valeur))
+        return rate(e, "silent, and " + vers_utf8(forme) + " gives something else");
+    return true;
+}
+
+bool est_non_lu(GenreConstat genre) {
+    switch (genre) {
+        case GenreConstat::virgule_decimale: case GenreConstat::signe_manquant: case GenreConstat::parentheses_vides:
+        case GenreConstat::fermante_en_trop: case GenreConstat::pourcentage: case GenreConstat::signe_inconnu:
+        case GenreConstat::milliers: case GenreConstat::nombre_partiel: case GenreConstat::texte_non_lu: return true;
+        default: return false;
+    }
+}
+
+// What is called unread can go.
+bool essaie_non_lu(const Essai& e, const Derniere& d, const Constat& c) {
+    const double valeur = d.valeur;
+    const Derniere& autre = calcule(e.entete + c.lu);
+    if (autre.erreur || !memes_bits(autre.valeur, valeur)) return rate(e, "without the unread: " + vers_utf8(c.lu) + " gives something else");
+    return true;
+}
+
+struct Comptes {
+    long silences = 0, non_lus = 0, autres = 0;
+};
+
+bool essaie_ligne(std::uint64_t graine, Comptes& comptes) {
+    const Essai e = tire_essai(graine);
+    verifie_feuille(e.entete + e.ligne);
+    const std::vector<Constat> constats = constats_de(e.lignes + 1);
+    const Derniere d = calcule(e.entete + e.ligne);
+    if (d.role != RoleLigne::formule || d.erreur) return ++comptes.autres, true;
+    // What is right and surprising says nothing against the reading.
+    const bool silence = faux_probables(constats) == 0;
+    if (silence) return ++comptes.silences, essaie_silence(e, d);
+    if (est_non_lu(constats[0].genre) && !d.releve.a(kTraitRemplace)) return ++comptes.non_lus, essaie_non_lu(e, d, constats[0]);
+    return ++comptes.autres, true;
+}
+
+// A correct sheet in degrees: whoever works in radians may well mean the sine of 30.
+bool essaie_feuille(std::uint64_t graine) {
+    const FeuilleTiree feuille = tire_feuille_soignee(graine);
+    if (!feuille.saine) return true;
+    reinitialise_calcul();
+    modes.mode_nombre = feuille.reglage.mode_nombre;
+    modes.mode_affichage = feuille.reglage.mode_affichage;
+    modes.nombre_decimal = feuille.reglage.nombre_decimal;
+    reglages.table_ini(kLigneAffichage).champ1 = feuille.reglage.matrice_colonne;
+    reglages.table_ini(kLigneAffichage).champ2 = feuille.reglage.stat_restreint;
+    verifie_feuille(feuille.texte);
+    for (const Constat& c : verification.constats)
+        if (gravite(c.genre) == Gravite::faux_probable) {
+            std::cout << "FAILED seed " << graine << ": " << vers_utf8(phrase(c)) << "\n" << vers_utf8(feuille.texte) << "\n---\n";
+            return false;
+        }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    int lignes = 20000, feuilles = 5000;
+    std::uint64_t graine = 1;
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string option = argv[i];
+        if (option == "--lignes") lignes = std::atoi(argv[i + 1]);
+        if (option == "--feuilles") feuilles = std::atoi(argv[i + 1]);
+        if (option == "--graine") graine = std::strtoull(argv[i + 1], nullptr, 10);
+    }
+    programme_neuf();
+    int fautes = 0;
+    Comptes comptes;
+    for (int i = 0; i < lignes && fautes < kFautesMontrees; ++i)
+        if (!essaie_ligne(graine + static_cast<std::uint64_t>(i), comptes)) ++fautes;
+    for (int i = 0; i < feuilles && fautes < kFautesMontrees; ++i)
+        if (!essaie_feuille(graine + static_cast<std::uint64_t>(i))) ++fautes;
+    std::cout << lignes << " lines: " << comptes.silences << " silent, " << comptes.non_lus << " with unread text, "
+              << comptes.autres << " others; " << feuilles << " sheets; " << fautes << " faults\n";
+    // A run in which nothing was silent or unread would prove nothing.
+    return fautes == 0 && (lignes == 0 || (comptes.silences > 0 && comptes.non_lus > 0)) ? 0 : 1;
+}

@@ -30,6 +30,9 @@ def calculation(p, h):
     h.hear("Ctrl+G", "colonne 10 ligne 3")
     h.hear("Alt+C", "C=B+1 = 7")
     h.hear("Ctrl+R", "= 7")
+    h.hear("F2", "C égale B plus 1")
+    h.hear("F2", "B vaut 6")
+    h.hear("F2", "C égale B plus 1")
     h.hear("Ctrl+F1", "Pose d'un repère")
 
 
@@ -303,6 +306,15 @@ def tools(p, h):
     h.hear("Ctrl+F8", "sans son")
 
 
+def brackets(p, h):
+    """From a bracket to the other one and back; the line in words."""
+    p.key("Ctrl+Fin")
+    p.type("¶2*(3+SQRT(4)),5")
+    h.hear("F2", "2 fois parenthèse 3 plus racine carrée de 4 fin parenthèse non lu virgule 5")
+    h.hear("Ctrl+B", "parenthèse ouvrante colonne 3 autour de 3 plus racine carrée de parenthèse 4 fin parenthèse")
+    h.hear("Ctrl+B", "parenthèse fermante colonne 13 autour de 3 plus racine carrée de parenthèse 4 fin parenthèse")
+
+
 def closing(p, h):
     """A sheet that is closed without its text, one that is opened, one that isn't there."""
     h.hear_box("Ctrl+F4", "enregistrer sur SANSTITRE.VXT ?")
@@ -329,7 +341,7 @@ def main():
         program.start()
         reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
         for part in (calculation, dialogs, views, menu, left_menus, options, colours, fonts, buttons, one_sheet, key_help,
-                     movement, files, two_sheets, words_of_the_line, replacements, searches, tools, closing):
+                     movement, files, two_sheets, words_of_the_line, replacements, searches, tools, brackets, closing):
             part(program, h)
         same(program.errors(), [], "what the toolkit complains about")
         expect(len(h.rows) >= LEAST, f"only {len(h.rows)} commands were heard")

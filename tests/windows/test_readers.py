@@ -17,7 +17,8 @@ SHEET = "A=3¶B=A*2"
 COMMANDS = [
     ("Alt+C", "B=A*2 = 6"), ("Alt+C", " B=A*2 = 6  "), ("Alt+C", "B=A*2 = 6"),
     ("Ctrl+R", "= 6"), ("Ctrl+G", "colonne 10 ligne 2"), ("Ctrl+G", " colonne 10 ligne 2  "),
-    ("Ctrl+G", "colonne 10 ligne 2"), ("Ctrl+F1", "Pose d'un repère"),
+    ("Ctrl+G", "colonne 10 ligne 2"), ("F2", "B égale A fois 2"), ("F2", "A vaut 3"),
+    ("F2", "B égale A fois 2"), ("Ctrl+B", "aucune parenthèse avant le curseur"), ("Ctrl+F1", "Pose d'un repère"),
     ("Ctrl+Z", "B=A*2"), ("Ctrl+Maj+Z", "B=A*2 = 6"), ("Ctrl+Maj+Z", "rien à rétablir"),
     ("F1", "Aide Mémoire des touches"),
     ("Ctrl+N", "nouveau fichier"), ("Ctrl+O", "ouvrir un fichier"),

@@ -42,6 +42,9 @@ std::string mots_valeur(double valeur) {
     return (exacte ? "" : "environ ") + signes_en_mots(texte);
 }
 
+// The name of a letter: "A" for 1.
+std::string lettre(int rang) { return mots_lettre(static_cast<char>('A' + rang - 1)); }
+
 // The first node of the side of a formula that is calculated: behind its "=".
 std::size_t debut_calcul(const std::vector<Noeud>& noeuds) {
     if (noeuds.empty() || noeuds.back().genre != GenreNoeud::egale) return 0;
@@ -56,7 +59,7 @@ void ajoute_valeurs(std::string& valeurs, const Releve& releve, int sauf = 0) {
         const Noeud& n = releve.noeuds[i];
         if (n.genre != GenreNoeud::lettre || n.numero == sauf) continue;
         const bool sans = (releve.lettres_neuves >> n.numero & 1u) != 0;
-        const std::string tete{static_cast<char>('A' + n.numero - 1), ' '};
+        const std::string tete = lettre(n.numero) + ' ';
         const std::string mots = tete + (sans ? "sans valeur" : "vaut " + mots_valeur(n.valeur));
         if (valeurs.starts_with(tete) || valeurs.find(" et " + tete) != std::string::npos) continue;
         ajoute_mots(valeurs, valeurs.empty() ? "" : "et");
@@ -177,8 +180,7 @@ int variable_entete(std::string_view ligne) {
 
 // The heading of a table or an area, with its variable.
 void ajoute_entete(LigneDite& dite, const FormuleRelevee& lue, std::string_view ecrit) {
-    if (attente.variable > 0)
-        ajoute_mots(dite.mots, std::string("variable ") + static_cast<char>('A' + attente.variable - 1));
+    if (attente.variable > 0) ajoute_mots(dite.mots, "variable " + lettre(attente.variable));
     ajoute_formule(dite, lue, ecrit, places_dans_le_texte(ecrit, lue.formule));
 }
 
@@ -192,9 +194,8 @@ void ajoute_definition(LigneDite& dite, std::string_view ligne) {
 // "fonction de X égale X au carré plus 1" for "DEFFON=X^2+1".
 void ajoute_deffon(LigneDite& dite, std::string_view ligne) {
     const std::size_t egal = std::min(ligne.find('='), ligne.size() - 1);
-    const std::string lettre(1, static_cast<char>('A' + std::max<int>(moteur.fonction_active, 1) - 1));
     ajoute_mots(dite.mots, "fonction de");
-    if (moteur.fonction_active > 0) ajoute_mots(dite.mots, lettre);
+    if (moteur.fonction_active > 0) ajoute_mots(dite.mots, lettre(moteur.fonction_active));
     ajoute_mots(dite.mots, "égale"_fr);
     ajoute_fonction(dite, sans_blancs(ligne.substr(egal + 1)), moteur.fonction_active);
 }

@@ -80,10 +80,12 @@ void ajoute_lettres(std::string& phrase, std::string_view lettres) {
     if (grandes.size() == 2 && grandes[0] == 'M' && TestCarMatrice(std::string_view(grandes).substr(1)))
         return ajoute_mots(phrase, std::string("matrice ") + grandes[1]);
     const bool variable = grandes.size() == 1 && grandes[0] >= 'A' && grandes[0] <= 'Z';
-    ajoute_mots(phrase, variable ? std::string_view(grandes) : lettres);
+    ajoute_mots(phrase, variable ? mots_lettre(grandes[0]) : std::string(lettres));
 }
 
 }  // namespace
+
+std::string mots_lettre(char lettre) { return lettre == 'Y' ? "i grec" : std::string(1, lettre); }
 
 void ajoute_mots(std::string& phrase, std::string_view mots) {
     if (!phrase.empty() && !mots.empty()) phrase += ' ';

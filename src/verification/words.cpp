@@ -65,7 +65,7 @@ bool est_produit(Genre g) { return parmi(g, {Genre::fois, Genre::divise}); }
 void dit_partie(Lecteur& l, std::int32_t i, Suite suite);
 
 // The name of a letter: "A" for 1.
-std::string lettre(int rang) { return {static_cast<char>('A' + rang - 1)}; }
+std::string lettre(int rang) { return mots_lettre(static_cast<char>('A' + rang - 1)); }
 
 // A literal as it stands, without the mark of a decimal one; hexadecimal digits one by one.
 std::string mots_nombre(std::string_view texte) {

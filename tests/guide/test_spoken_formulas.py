@@ -8,7 +8,7 @@ import sys
 
 from sonde import Sonde
 from texts import ROOT, read
-from voice import listed, odd_words
+from voice import heard_alike, listed, odd_words
 
 WORD = re.compile(r"[A-Za-zÀ-ÖØ-öø-ÿœŒ]{2,}")
 TOLD = re.compile(r"(\S.*) est dit : (.+)")
@@ -32,6 +32,7 @@ def main() -> int:
     rows, faults = table(), []
     told = [list(match.groups()) for line in read("data/aide.txt") if (match := TOLD.fullmatch(line))]
     with Sonde(sys.argv[1]) as sonde:
+        letters = [said(sonde, chr(code))[0] for code in range(ord("A"), ord("Z") + 1)]
         for formula, wanted in rows + told:
             heard = said(sonde, formula)
             if heard != [wanted]:
@@ -43,6 +44,11 @@ def main() -> int:
                if len(formulas) > 1 and formulas not in SAME]
     words = sorted({word for _, wanted in rows for word in WORD.findall(wanted)})
     faults += [f"{word} is {how}" for word, how in odd_words(words).items() if word not in listed()]
+    # A letter keeps its name among other words.
+    faults += [f"{letter} is read otherwise in a sentence" for letter in letters
+               if not heard_alike(letter, f"{letter} plus 1")]
+    if heard_alike("Y", "Y plus 1"):
+        faults.append("the voice isn't the one that this test knows")
     if len(rows) < 200 or len(told) < 5:
         faults.append(f"only {len(rows)} formulas, {len(told)} in the guide")
     print("\n".join(faults + [f"{len(rows)} formulas, {len(words)} words, {len(faults)} faults"]))

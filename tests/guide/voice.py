@@ -32,3 +32,9 @@ def odd_words(words: list[str]) -> dict[str, str]:
 def listed() -> set[str]:
     """The words that may be odd: docs/read-aloud.md tells the reason of each."""
     return set(LISTED.findall((ROOT / "docs/read-aloud.md").read_text(encoding="utf-8")))
+
+
+def heard_alike(words: str, sentence: str) -> bool:
+    """Whether the words, with which the sentence begins, sound there as they do alone."""
+    alone, there = (NOISE.sub("", sound) for sound in sounds([words, sentence]))
+    return there.startswith(alone)

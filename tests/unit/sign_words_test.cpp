@@ -40,7 +40,7 @@ TEST_CASE("words of signs: functions, matrices and operators that are words are 
     CHECK(en_mots("MA*mj") == "matrice A fois matrice J");
     CHECK(en_mots("MK") == "MK");
     CHECK(en_mots("A and B") == "A et B");
-    CHECK(en_mots("x xor y") == "X ou exclusif Y");
+    CHECK(en_mots("x xor y") == "X ou exclusif i grec");
     CHECK(en_mots("le prix payé") == "le prix payé");
     CHECK(en_mots("la faire") == "la faire");   // holds the letters of AIR
     CHECK(en_mots("d'eau à 3 l’heure") == "d'eau à 3 l’heure");

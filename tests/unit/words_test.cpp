@@ -77,7 +77,7 @@ struct Auditeur {
         std::string gauche = groupe();
         if (!prend("égale")) return gauche;
         gauche = compose("=", {gauche, groupe()});
-        if (prend("rangé dans")) prend("matrice"), un();
+        if (prend("rangé dans")) prend("matrice"), prend("i grec") || !un().empty();
         prend("rangé nulle part");
         return gauche;
     }
@@ -149,6 +149,7 @@ struct Auditeur {
         if (prend("matrice")) return "M" + un();
         if (prend("hexadécimal")) return hexadecimal();
         if (const int rang = fonction(); rang != 0) return appel(rang);
+        if (prend("i grec")) return "Y";
         const std::string mot = un();
         const bool lettre = mot.size() == 1 && mot[0] >= 'A' && mot[0] <= 'Z';
         if (lettre || (mot[0] >= '0' && mot[0] <= '9')) return mot;
@@ -241,7 +242,7 @@ struct Tireur {
     std::string non(int profondeur) { return (tire(12) == 0 ? "NOT " : "") + valeur(profondeur); }
     std::string valeur(int profondeur) {
         if (profondeur == 0 || tire(3) == 0)
-            return un({"1", "2", "3", "2", "12.5", "A", "B", "X", "PI", "ALEA", "$1F", "#7", "E", "7", "2X", "1 4", "NOT OR"});
+            return un({"1", "2", "3", "2", "12.5", "A", "B", "X", "Y", "PI", "ALEA", "$1F", "#7", "E", "7", "2X", "1 4", "NOT OR"});
         if (tire(2) == 0) return "(" + somme(profondeur - 1) + ")";
         const int rang = 1 + tire(kNombreFonctions);
         const LigneFonction& f = ligne_fonction(rang);

@@ -9,6 +9,7 @@
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "sheet/old_result.hpp"
 #include "verification/sign_words.hpp"
 
 namespace {
@@ -33,6 +34,14 @@ Etendue partie(std::string_view ligne, std::size_t place) {
     return place < limite ? Etendue{0, limite} : Etendue{limite, ligne.size()};
 }
 
+// The line without what a calculation wrote after it: the words of an error have brackets too.
+std::string sans_resultat(std::string ligne) {
+    const std::size_t debut = std::min(ligne.find_first_not_of(' '), ligne.size());
+    const std::size_t coupe = fin_gardee(ligne.substr(debut));
+    if (coupe != npos) ligne.resize(debut + coupe);
+    return ligne;
+}
+
 // "parenthèse ouvrante colonne 3", for the bracket at `place` of the line.
 std::string designe(std::string_view ligne, std::size_t place) {
     std::string mots(ligne[place] == '(' ? "parenthèse ouvrante colonne "_fr : "parenthèse fermante colonne "_fr);
@@ -53,7 +62,7 @@ void va_sur(std::string_view ligne, std::size_t debut, std::size_t depuis, std::
 void mnuParentheseItem() {
     const std::string& texte = port.texte.texte();
     const Etendue etendue = etendue_autour(texte, curseur());
-    const std::string ligne = texte.substr(etendue.debut, etendue.fin - etendue.debut);
+    const std::string ligne = sans_resultat(texte.substr(etendue.debut, etendue.fin - etendue.debut));
     const std::size_t place = ligne.find_last_of("()", std::min(curseur() - etendue.debut, ligne.size()));
     if (place == npos) return dit(kAucuneParenthese);
     const Etendue p = partie(ligne, place);

@@ -57,7 +57,7 @@ def views(p, h):
     h.hear_box("F8", "degré")
     h.hear_back("Échap", "C=B+1 = 7", "Degré", row="Unité d'angle")
     h.hear("Alt+F1", "lecture seule", first_function(p))
-    h.hear("X", "lecture seule", row="Liste des fonctions")
+    h.hear("5", "lecture seule", row="Liste des fonctions")
     h.hear("Échap", "C=B+1 = 7", row="Liste des fonctions")
 
 

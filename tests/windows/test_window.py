@@ -404,6 +404,59 @@ def pasted_characters(p):
     same(p.sheet(), "A=5-3\n2PI", "sheet")
 
 
+def faults(p):
+    """The place of a fault, its entry in the guide and the way back; messages again; a function from the list."""
+    p.start(text="A=3¶2+A*)¶12345678")
+    fault = "2+A*) = attend fact: k, var, (: ')"
+    p.key("Alt+C")
+    p.hear(fault)
+    p.key("F12")
+    p.hear("ligne 2, colonne 5 : )")
+    wait(lambda: p.selection() == (13, 13), "the cursor at the fault")
+    p.key("Maj+F12")
+    p.hear("lecture seule", "Message : attend fact: k, var, (: '-")
+    p.key("Échap")
+    p.hear(fault)
+    wait(lambda: p.selection() == (13, 13), "the cursor at the fault again")
+    p.key("Maj+F11")
+    p.hear("pas de ligne en erreur plus haut")
+    p.key("F11")
+    p.hear("pas de ligne en erreur plus bas")
+    p.key("Ctrl+D")
+    p.hear(" pas de ligne en erreur plus bas  ")
+    p.key("Ctrl+D")
+    p.hear("pas de ligne en erreur plus haut")
+    p.key("Alt+F1")
+    p.hear("lecture seule", data("fonction.txt").split("\n")[0])
+    for line in [one for one in data("fonction.txt").split("\n") if one.startswith("SQR")][:2]:
+        p.key("s")
+        p.hear(line)
+    p.key("Entrée")
+    p.wait_sheet("A=3 = 3\n2+A*SQRT() = attend fact: k, var, (: ')\n12345678")
+
+
+def copied_result(p):
+    """The bare number is said, spelt and copied; what was copied stays when the program has ended."""
+    p.start(text="A=3¶1234567.5")
+    p.key("Alt+C")
+    p.hear("1234567.5 = 1234567.5")
+    p.key("Maj+F2")
+    p.hear("1, 2 3 4, 5 6 7 point 5")
+    p.key("Ctrl+F2")
+    p.hear("copié : 1234567.5")
+    p.key("Ctrl+A")
+    wait(lambda: p.selection()[0] == 0, "the whole text selected")
+    p.key("Ctrl+F2")
+    p.hear("2 résultats copiés")
+    p.key("Alt+Q")
+    p.wait_box("enregistrer sur SANSTITRE.VXT ?")
+    p.key("Alt+N")
+    p.wait_end()
+    p.start()
+    p.key("Ctrl+V")
+    p.wait_sheet("3\n1234567.5")
+
+
 def large_sheet(p):
     """A sheet beyond 64 KB is shown, calculated and written at its end."""
     lines = [f"{i}+1" for i in range(12000)]
@@ -469,5 +522,6 @@ def given_up(p):
 run([start, calculation, repeated_message, given_up, messages_together, equal_messages, told_to_the_system, undo,
      undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view,
      tab_order, colour_view, functions_and_guide, key_help, search_and_replace,
-     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, large_sheet,
+     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, faults, copied_result,
+     large_sheet,
      fonts, deep_formulas], BUILD, PLACE)

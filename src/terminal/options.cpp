@@ -105,6 +105,9 @@ void declare(CLI::App& app, OptionsCalcul& o) {
     app.add_flag("-c,--colonne", o.colonne,
                  "Ajoute le total de toutes les lignes, dans une ligne Z=");
     app.add_option("--html", o.page, "Écrit aussi la feuille en page HTML dans ce fichier")->type_name("FICHIER");
+    app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier")
+        ->type_name("FICHIER");
+    app.add_option("--son", o.son, "Écrit aussi leurs courbes en son dans ce fichier wav")->type_name("FICHIER");
     app.add_option("--importer", o.importe,
                    "Met devant la feuille les nombres de ce fichier (csv, tsv, txt) ; sans FEUILLE, eux seuls")
         ->type_name("FICHIER");
@@ -168,9 +171,9 @@ void range_feuilles(LectureOptions& lecture) {
     std::vector<std::string>& feuilles = lecture.options.feuilles;
     if (feuilles.size() > 1) {
         const OptionsCalcul& o = lecture.options;
-        if (!o.page.empty() || !o.importe.empty() || !o.donnees.empty()) {
+        if (!o.page.empty() || !o.importe.empty() || !o.donnees.empty() || !o.etude.empty() || !o.son.empty()) {
             lecture.statut = 2;
-            lecture.erreur = "--html, --importer et --donnees demandent une seule feuille";
+            lecture.erreur = "--html, --importer, --donnees, --etude et --son demandent une seule feuille";
             return;
         }
         if (std::find(feuilles.begin(), feuilles.end(), "-") == feuilles.end()) return;

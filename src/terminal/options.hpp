@@ -14,6 +14,8 @@ struct OptionsCalcul {
     std::string statistiques = "complet";      // complet, restreint
     bool colonne = false;                      // the column total too
     bool en_place = false;                     // back into the file
+    std::string etude;                         // path of the studies to write, "" for none
+    std::string son;                           // path of the sound file of the curves, "" for none
     std::string page;                          // path of the page of HTML to write, "" for none
     std::string importe;                       // path of data to put in front, "" for none
     std::string forme;                         // what they become, "" for what fits

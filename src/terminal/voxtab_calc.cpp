@@ -29,6 +29,7 @@
 #include "terminal/many_sheets.hpp"
 #include "terminal/options.hpp"
 #include "terminal/sheet_file.hpp"
+#include "terminal/study_files.hpp"
 #include "terminal/terminal_port.hpp"
 #include "verification/check.hpp"
 
@@ -233,7 +234,8 @@ int calcule(const OptionsCalcul& options) {
     const bool reussi = calcule_texte(lue->texte, options.colonne);
     const int ecriture = ecrit(options, *lue, octets);
     if (ecriture != kReussite) return ecriture;
-    if (const int echange = dit_refus(ecrit_echanges(options, lue->texte)); echange != kReussite) return echange;
+    for (const auto ecris : {ecrit_echanges, ecrit_etudes})
+        if (const int echange = dit_refus(ecris(options, lue->texte)); echange != kReussite) return echange;
     return reussi ? kReussite : kLigneEnErreur;
 }
 

@@ -28,6 +28,7 @@ struct Attente {
     bool vue = false;          // the pass has come by
     bool entete = false;       // it is a heading: the pass reads it with the line below
     std::string entiere;       // the heading
+    std::string commentaire;   // and its comment, with its mark
     int variable = 0;          // of the last heading that the pass came by, 1 to 26
     LigneDite dite;
     int echec = 0;             // number of the failure that ended its words, which a pass would only box
@@ -116,9 +117,10 @@ void ajoute_elements(LigneDite& dite, std::string_view ligne) {
     }
 }
 
-// The text of a function of the letter `rang`, which has no value yet: it is read with one.
-void ajoute_fonction(LigneDite& dite, std::string_view ecrit, int rang) {
-    if (rang < 1 || rang > 26) return ajoute_texte(dite, ecrit);
+// The text of a function of the letter `rang`, which has no value yet: it is read with one. Its fault is said
+// unless the line has one of its own.
+void ajoute_fonction(LigneDite& dite, std::string_view ecrit, int rang, bool fautive) {
+    if (rang < 1 || rang > 26) return ajoute_mots(dite.mots, mots_lus(lit_formule(ecrit), ecrit));
     const auto place = static_cast<std::size_t>(rang);
     const bool definie = std::exchange(moteur.variable_definie[place], true);
     const double valeur = moteur.valeur_variable[place];
@@ -131,7 +133,7 @@ void ajoute_fonction(LigneDite& dite, std::string_view ecrit, int rang) {
     moteur.valeur_variable[place] = valeur;
     moteur.variable_definie[place] = definie;
     ajoute_formule(dite, lue, ecrit, places_dans_le_texte(ecrit, lue.formule), rang);
-    ajoute_faute(dite, lue.erreur, lue.releve.mots_faute);
+    ajoute_faute(dite, lue.erreur && !fautive, lue.releve.mots_faute);
 }
 
 // The record of the pass as that of a formula.
@@ -192,35 +194,58 @@ void ajoute_definition(LigneDite& dite, std::string_view ligne) {
 }
 
 // "fonction de X égale X au carré plus 1" for "DEFFON=X^2+1".
-void ajoute_deffon(LigneDite& dite, std::string_view ligne) {
-    const std::size_t egal = std::min(ligne.find('='), ligne.size() - 1);
-    ajoute_mots(dite.mots, "fonction de");
-    if (moteur.fonction_active > 0) ajoute_mots(dite.mots, lettre(moteur.fonction_active));
+void ajoute_deffon(LigneDite& dite, const LigneObservee& o) {
+    const std::size_t egal = o.formule.find('=');
+    ajoute_mots(dite.mots, "fonction");
+    if (egal == std::string_view::npos) return;
+    if (moteur.fonction_active > 0) ajoute_mots(dite.mots, "de " + lettre(moteur.fonction_active));
     ajoute_mots(dite.mots, "égale"_fr);
-    ajoute_fonction(dite, sans_blancs(ligne.substr(egal + 1)), moteur.fonction_active);
+    ajoute_fonction(dite, sans_blancs(o.formule.substr(egal + 1)), moteur.fonction_active, o.erreur);
 }
 
-// The words of a line by its role. A heading is said when the line below it has been read.
+// A call of statistics; without its brackets it is the heading of two lists.
+void ajoute_statistiques(LigneDite& dite, const LigneObservee& o) {
+    if (!o.lue.empty()) return ajoute_formule(dite, relevee(o), o.formule, places(o));
+    const bool appel = o.formule.find('(') != std::string_view::npos;
+    ajoute_mots(dite.mots, appel ? "statistiques" : "début des deux listes"_fr);
+    ajoute_faute(dite, appel, "manque )");   // the calculation tells it in a box
+}
+
+// A heading is said when the line below it has been read.
+void retient_entete(const LigneObservee& o) {
+    attente.entete = true;
+    attente.entiere = o.formule;
+    attente.commentaire = o.ligne.substr(std::min(o.ligne.find('!'), o.ligne.size()));
+}
+
+// The words of a line by its role.
 void ajoute_role(LigneDite& dite, const LigneObservee& o) {
     switch (o.role) {
         case RoleLigne::fermante: return ajoute_fermante(dite, o.entiere);
         case RoleLigne::copiee: return ajoute_mots(dite.mots, "ligne non calculée"_fr);
         case RoleLigne::refusee: return ajoute_mots(dite.mots, "ligne refusée"_fr);
-        case RoleLigne::statistiques:
-            if (o.lue.empty() && !o.erreur) return ajoute_mots(dite.mots, "début des deux listes"_fr);
-            [[fallthrough]];
+        case RoleLigne::statistiques: return ajoute_statistiques(dite, o);
         case RoleLigne::formule: return ajoute_formule(dite, relevee(o), o.formule, places(o));
-        case RoleLigne::fonction: return ajoute_deffon(dite, o.formule);
+        case RoleLigne::fonction: return ajoute_deffon(dite, o);
         case RoleLigne::entete_matrice: return ajoute_definition(dite, o.formule);
         case RoleLigne::rangee: ajoute_mots(dite.mots, "ligne de matrice"); return ajoute_elements(dite, o.formule);
         case RoleLigne::entete_donnees: return ajoute_mots(dite.mots, "début des données"_fr);
         case RoleLigne::donnees: ajoute_mots(dite.mots, "données"_fr); return ajoute_elements(dite, o.ligne);
         case RoleLigne::liste: ajoute_mots(dite.mots, "liste"); return ajoute_elements(dite, o.ligne);
-        case RoleLigne::entete: attente.entete = true; attente.entiere = o.formule; return;
+        case RoleLigne::entete: retient_entete(o); return;
         case RoleLigne::fonction_de_table:
             ajoute_mots(dite.mots, "fonction");
-            return ajoute_fonction(dite, o.formule, attente.variable);
+            return ajoute_fonction(dite, o.formule, attente.variable, false);
     }
+}
+
+// The words of a line's fault: those behind it, or those of the box that told it. The number of a failure says
+// nothing here.
+std::string_view mots_faute(const LigneObservee& o) {
+    const std::size_t debut = o.resultat.find_first_not_of(" =");
+    if (debut != std::string_view::npos) return o.resultat.substr(debut);
+    const std::string_view boite = sans_blancs(moteur.faute.mots);
+    return boite.empty() || (boite[0] >= '0' && boite[0] <= '9') ? std::string_view() : boite;
 }
 
 // The line that is asked for, or the one below a heading.
@@ -229,16 +254,16 @@ void prend_ligne(const LigneObservee& o) {
         attente.entete = false;
         ajoute_entete(attente.dite, relevee(o), attente.entiere);
         ajoute_faute(attente.dite, o.erreur, observation->releve.mots_faute);
+        ajoute_commentaire(attente.dite, attente.commentaire);
     }
     if (o.role == RoleLigne::entete) attente.variable = variable_entete(o.formule);
     if (o.numero != attente.numero) return;
     attente.vue = true;
     ajoute_role(attente.dite, o);
     if (o.role == RoleLigne::entete) return;
-    const std::string_view resultat = o.resultat;
-    const std::size_t mots = std::min(resultat.find_first_not_of(" ="), resultat.size());
-    ajoute_faute(attente.dite, o.erreur, resultat.substr(mots));
-    if (o.role != RoleLigne::fermante) ajoute_commentaire(attente.dite, o.ligne);
+    ajoute_faute(attente.dite, o.erreur, mots_faute(o));
+    const bool elements = o.role == RoleLigne::donnees || o.role == RoleLigne::liste;   // read with their comment
+    if (o.role != RoleLigne::fermante && !elements) ajoute_commentaire(attente.dite, o.ligne);
 }
 
 // Each line of the pass. What fails here ends the command, not the pass.
@@ -262,7 +287,8 @@ std::string hors_du_calcul(std::string_view texte, int numero) {
 }  // namespace
 
 LigneDite dit_ligne(const std::string& texte, int numero) {
-    attente = Attente{.numero = numero, .entiere = {}, .dite = {}};
+    attente = Attente{};
+    attente.numero = numero;
     const bool lue = parcourt_en_silence(texte, ecoute);
     if (attente.echec != 0) echoue(attente.echec);
     if (attente.entete) ajoute_mots(attente.dite.mots, "en-tête sans fonction"_fr);

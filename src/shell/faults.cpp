@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 
+#include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "editing/lines.hpp"
 #include "platform/boxes.hpp"
@@ -14,6 +15,7 @@
 #include "shell/explained.hpp"
 #include "shell/heard.hpp"
 #include "shell/views.hpp"
+#include "verification/sign_words.hpp"
 
 namespace {
 
@@ -62,6 +64,17 @@ std::string mots_a_expliquer(std::string_view guide) {
     return explique ? entendu : std::string(mots_de_la_faute());
 }
 
+// The piece as it is to be heard: signs alone are called by their names, for a reader may pass over them.
+std::string mots_du_morceau(std::string_view morceau) {
+    if (morceau.empty()) return std::string(kFinDuCalcul);
+    if (sans_blancs(morceau).empty()) return "blanc";
+    const bool signes = std::ranges::none_of(morceau, [](char c) {
+        const char grande = capitale(c);
+        return (grande >= 'A' && grande <= 'Z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0xC0;
+    });
+    return signes ? signes_en_mots(morceau) : std::string(morceau);
+}
+
 // The fault's line, column and piece; its first words where the line ends with others.
 std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     const Etendue ligne = etendue_autour(texte, faute.debut);
@@ -69,7 +82,7 @@ std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     std::string mots("ligne "_fr);
     mots += chiffres(NumeroTxt(texte, faute.debut));
     mots.append(", colonne "_fr) += chiffres(static_cast<long long>(faute.debut - ligne.debut + 1));
-    mots.append(" : ").append(piece.empty() ? kFinDuCalcul : piece);
+    mots.append(" : ").append(mots_du_morceau(piece));
     const std::string_view cause = mots_de_la_faute();
     if (!cause.empty() && !mots_de(texte, ligne).ends_with(cause)) mots.append(", ").append(cause);
     return mots;

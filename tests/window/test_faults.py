@@ -14,7 +14,7 @@ def faults(p, h):
     """The place of the fault, its entry in the guide, and back to its column."""
     p.type("A=3¶2+A*)¶12345678")
     h.hear("Alt+C", FAULT)
-    h.hear("F12", "ligne 2, colonne 5 : )")
+    h.hear("F12", "ligne 2, colonne 5 : fin parenthèse")
     same(p.caret(), 12, "the cursor")
     h.hear("Maj+F12", "lecture seule", "Message : attend fact: k, var, (: '-")
     h.hear("Échap", FAULT, row="Guide")

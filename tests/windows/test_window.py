@@ -411,7 +411,7 @@ def faults(p):
     p.key("Alt+C")
     p.hear(fault)
     p.key("F12")
-    p.hear("ligne 2, colonne 5 : )")
+    p.hear("ligne 2, colonne 5 : fin parenthèse")
     wait(lambda: p.selection() == (13, 13), "the cursor at the fault")
     p.key("Maj+F12")
     p.hear("lecture seule", "Message : attend fact: k, var, (: '-")

@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kFinLigne = "\r\n";
 constexpr std::size_t kValeursParLigne = 10;    // what is heard in one go
 constexpr std::size_t kLargeurLigne = 72;
-constexpr std::size_t kFormuleMaxi = 32'766;    // characters that the reader of a formula can number, less its end mark
+constexpr std::size_t kFormuleMaxi = 32'765;    // characters that the reader of a formula can number, less its end mark and what is read ahead
 constexpr std::size_t kLignesMaxi = 32'767;     // lines that a sheet can number
 constexpr std::string_view kLettres = "ABCDEFGHIJ";
 

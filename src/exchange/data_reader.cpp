@@ -13,13 +13,26 @@
 namespace {
 
 constexpr std::size_t kLignesRegardees = 200;   // for the separator
+constexpr int kLignesDeTitre = 5;               // of the file, that one line of headings takes at most
 constexpr std::size_t kCelluleCitee = 30;       // characters of a cell that a sentence repeats
+
+// Where the line ends; a heading in quotes may go over a few lines of the file.
+std::size_t fin_de_ligne(std::string_view texte) {
+    const std::size_t premiere = std::min(texte.find('\n'), texte.size());
+    std::size_t fin = premiere;
+    for (int i = 0; i < kLignesDeTitre; ++i) {
+        if (std::count(texte.begin(), texte.begin() + static_cast<std::ptrdiff_t>(fin), '"') % 2 == 0) return fin;
+        if (fin == texte.size()) break;
+        fin = std::min(texte.find('\n', fin + 1), texte.size());
+    }
+    return premiere;
+}
 
 // Lines at the start of the text in which something stands.
 std::vector<std::string_view> premieres_lignes(std::string_view texte) {
     std::vector<std::string_view> lignes;
     while (!texte.empty() && lignes.size() < kLignesRegardees) {
-        const std::size_t fin = std::min(texte.find('\n'), texte.size());
+        const std::size_t fin = fin_de_ligne(texte);
         const std::string_view ligne = texte.substr(0, fin);
         if (ligne.find_first_not_of(" \t\r") != std::string_view::npos) lignes.push_back(ligne);
         texte.remove_prefix(std::min(fin + 1, texte.size()));
@@ -140,14 +153,18 @@ struct Lecture {
     }
 };
 
-// The first line in which a number stands; those in front of it are headings.
-std::size_t premiere_de_nombres(const Lecture& lecture) {
-    const auto a_un_nombre = [&](const RangeeLue& rangee) {
-        return std::any_of(rangee.cellules.begin(), rangee.cellules.end(),
-                           [&](std::string_view c) { return lecture.nombre(c).has_value(); });
-    };
-    return static_cast<std::size_t>(std::find_if(lecture.rangees.begin(), lecture.rangees.end(), a_un_nombre) -
-                                    lecture.rangees.begin());
+// The first line of numbers; those in front of it are headings. Where blanks part the cells, words of a heading
+// do, too, and a number among them counts for nothing when most lines have numbers alone.
+std::size_t premiere_de_nombres(const Lecture& lecture, char separateur) {
+    const auto est_nombre = [&](std::string_view c) { return lecture.nombre(c).has_value(); };
+    const auto a_un_nombre = [&](const RangeeLue& r) { return std::any_of(r.cellules.begin(), r.cellules.end(), est_nombre); };
+    const auto nombres_seuls = [&](const RangeeLue& r) { return std::all_of(r.cellules.begin(), r.cellules.end(), est_nombre); };
+    const std::vector<RangeeLue>& rangees = lecture.rangees;
+    const auto seuls = static_cast<std::size_t>(std::count_if(rangees.begin(), rangees.end(), nombres_seuls));
+    const auto premiere = separateur == kBlancs && 2 * seuls >= rangees.size()
+                              ? std::find_if(rangees.begin(), rangees.end(), nombres_seuls)
+                              : std::find_if(rangees.begin(), rangees.end(), a_un_nombre);
+    return static_cast<std::size_t>(premiere - rangees.begin());
 }
 
 // How many cells most of the lines of numbers have, and the longest.
@@ -291,6 +308,7 @@ std::string mots_colonnes(const DonneesLues& donnees) {
         if (i < donnees.table.titres.size() && !donnees.table.titres[i].empty())
             mots += " " + donnees.table.titres[i].substr(0, kCelluleCitee);
     }
+    std::replace(mots.begin(), mots.end(), '\n', ' ');
     return donnees.rangs.size() > 8 ? mots + "..." : mots;
 }
 
@@ -300,13 +318,14 @@ std::optional<DonneesLues> lis_donnees(std::string_view octets, std::string& ref
     std::optional<std::string> texte = texte_des_donnees(octets, refus);
     if (!texte) return std::nullopt;
     const char dit = separateur_dit(*texte);
-    RangeesLues lues = coupe_en_cellules(*texte, dit != 0 ? dit : separateur_de(*texte));
+    const char separateur = dit != 0 ? dit : separateur_de(*texte);
+    RangeesLues lues = coupe_en_cellules(*texte, separateur);
     refus = lues.refus;
     if (!refus.empty()) return std::nullopt;
     Lecture lecture;
     lecture.rangees = std::move(lues.rangees);
     lecture.decimale = decimale_de(lecture.rangees);
-    lecture.premiere = premiere_de_nombres(lecture);
+    lecture.premiere = premiere_de_nombres(lecture, separateur);
     if (lecture.premiere == lecture.rangees.size()) {
         refus = mots_sans_nombre(lecture);
         return std::nullopt;

@@ -91,7 +91,7 @@ std::string axes(const Repere& r) {
 
 std::string cadre(int numero, std::string_view titre, std::string_view description, std::string_view contenu) {
     const std::string n = chiffres(numero);
-    std::string svg = "<svg role=\"img\" aria-labelledby=\"titre-" + n + " description-" + n + "\" viewBox=\"0 0 640 400\">";
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" aria-labelledby=\"titre-" + n + " description-" + n + "\" viewBox=\"0 0 640 400\">";
     svg += "<title id=\"titre-" + n + "\">" + html(titre) + "</title>";
     svg += "<desc id=\"description-" + n + "\">" + html(description) + "</desc>";
     return svg.append(contenu).append("</svg>");
@@ -125,6 +125,18 @@ std::string traces(const std::vector<PointTrace>& courbe, const Repere& r) {
         points += r.point(p.x, *p.y);
     }
     finit();
+    return svg;
+}
+
+std::string rond(double x, double y) {
+    return "<circle class=\"point\" cx=\"" + coordonnee(x) + "\" cy=\"" + coordonnee(y) + "\" r=\"4\"/>";
+}
+
+// The rows of the table that are in sight.
+std::string points_de_table(const std::vector<RangeeNotee>& rangees, const Repere& r) {
+    std::string svg;
+    for (const RangeeNotee& p : rangees)
+        if (p.y >= r.y.debut && p.y <= r.y.fin) svg += rond(r.px(p.x), r.py(p.y));
     return svg;
 }
 
@@ -178,7 +190,7 @@ std::string nuage(const LigneRapport& ligne) {
     const Repere r{aere(bornes(groupes, de_x)), aere(bornes(groupes, de_y))};
     std::string svg = axes(r) + droite(ligne, r);
     for (const GroupeNote& g : groupes)
-        svg += "<circle class=\"point\" cx=\"" + coordonnee(r.px(g.x)) + "\" cy=\"" + coordonnee(r.py(g.y)) + "\" r=\"4\"/>";
+        svg += rond(r.px(g.x), r.py(g.y));
     const std::string titre = std::string("Nuage de "_fr) + chiffres(static_cast<long long>(groupes.size())) + std::string(" points, ligne "_fr) +
                               chiffres(ligne.numero);
     const std::string mots = std::string("Droite de régression de Y en X : Y = "_fr) + nombre_lu(ligne.pente, 4) + std::string(" X + "_fr) +
@@ -224,14 +236,18 @@ bool finis(const std::vector<GroupeNote>& groupes) {
 
 }  // namespace
 
-std::string dessin_de_courbe(const std::vector<PointTrace>& courbe, std::string_view fonction, char lettre, int numero) {
+std::string dessin_de_courbe(const LigneRapport& ligne) {
+    const std::vector<PointTrace>& courbe = ligne.courbe;
     if (std::none_of(courbe.begin(), courbe.end(), [](const PointTrace& p) { return p.y.has_value(); })) return "";
     const Intervalle x{std::min(courbe.front().x, courbe.back().x), std::max(courbe.front().x, courbe.back().x)};
     const Repere r{elargi(x), hauteur_utile(courbe)};
     if (!std::isfinite(r.x.etendue()) || !std::isfinite(r.y.etendue())) return "";
-    const std::string titre = std::string("Courbe de "_fr) + std::string(fonction) + std::string(" pour "_fr) + lettre + std::string(" de "_fr) +
-                              nombre_lu(x.debut, 6) + std::string(" à "_fr) + nombre_lu(x.fin, 6) + std::string(", ligne "_fr) + chiffres(numero);
-    return cadre(numero, titre, description_de_courbe(courbe, r.y), axes(r) + traces(courbe, r));
+    std::string titre = std::string("Courbe de "_fr) + ligne.fonction + std::string(" pour "_fr);
+    titre += static_cast<char>('A' + ligne.donnees.variable - 1);
+    titre += std::string(" de "_fr) + nombre_lu(x.debut, 6) + std::string(" à "_fr) + nombre_lu(x.fin, 6) +
+             std::string(", ligne "_fr) + chiffres(ligne.numero);
+    return cadre(ligne.numero, titre, description_de_courbe(courbe, r.y),
+                 axes(r) + traces(courbe, r) + points_de_table(ligne.donnees.rangees, r));
 }
 
 std::string dessin_de_donnees(const LigneRapport& ligne) {

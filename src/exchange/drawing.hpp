@@ -7,8 +7,8 @@
 
 #include "exchange/sheet_report.hpp"
 
-// A function over its interval; `fonction` is its text, `lettre` its variable.
-std::string dessin_de_courbe(const std::vector<PointTrace>& courbe, std::string_view fonction, char lettre, int numero);
+// The function of an INC or AIR line over its interval, and a dot for each row of its table.
+std::string dessin_de_courbe(const LigneRapport& ligne);
 
 // A data set: a bar for each value, as high as its frequency; or points, with the line of regression of Y on X.
 std::string dessin_de_donnees(const LigneRapport& ligne);

@@ -13,8 +13,7 @@
 
 namespace {
 
-constexpr std::string_view kMoins = "\xE2\x88\x92", kFois = "\xC3\x97", kFoisInvisible = "\xE2\x81\xA2",
-                           kApplication = "\xE2\x81\xA1";
+constexpr std::string_view kMoins = "\xE2\x88\x92", kFois = "\xC3\x97";
 
 // A part of the formula: its elements, and what must be known of it where it stands in another.
 struct Partie {
@@ -55,7 +54,6 @@ std::string nom_mathematique(int fonction) {
         case kAcos: return "arccos";
         case kAsin: return "arcsin";
         case kAtan: return "arctan";
-        case kFon: return "f";
         case kCos: case kSin: case kTan: case kExp: case kLn: case kLog: case kSh: case kCh: case kTh: {
             std::string nom;
             for (const char c : nom_fonction_interne(fonction)) nom += static_cast<char>(c + ('a' - 'A'));
@@ -88,7 +86,7 @@ Partie appel(int fonction, const std::vector<Partie>& arguments) {
     if (arguments.empty()) return {GenreNoeud::appel, true, nom, ""};
     if (arguments.size() == 1)
         if (Partie p = signe_de_fonction(fonction, arguments); !p.elements.empty()) return p;
-    return {GenreNoeud::appel, false, nom + operateur(kApplication) + parentheses(liste(arguments)), ""};
+    return {GenreNoeud::appel, false, nom + parentheses(liste(arguments)), ""};
 }
 
 // The sign between two parts; "" where the node has another form.
@@ -139,8 +137,9 @@ private:
         return {noeud.genre, true, "<mi>" + html(texte) + "</mi>", ""};
     }
     Partie produit(const Noeud& noeud, const std::vector<Partie>& e) const {
-        const std::string_view signe = tape(noeud) ? kFois : kFoisInvisible;
-        return {noeud.genre, false, e[0].elements + operateur(signe) + e[1].elements, ""};
+        // Braille tools don't know the invisible sign; a number needs none in front of what follows it.
+        const bool colle = !tape(noeud) && e[0].genre == GenreNoeud::nombre;
+        return {noeud.genre, false, e[0].elements + (colle ? "" : operateur(kFois)) + e[1].elements, ""};
     }
     Partie traduit(const Noeud& noeud, const std::vector<Partie>& e) const {
         switch (noeud.genre) {

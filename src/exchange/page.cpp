@@ -32,7 +32,7 @@ std::string element(std::string_view nom, std::string_view contenu) {
     return "<" + std::string(nom) + ">" + std::string(contenu) + "</" + std::string(nom) + ">";
 }
 
-std::string formule_mathml(const std::string& elements) { return "<math>" + element("mrow", elements) + "</math>"; }
+std::string formule_mathml(const std::string& elements) { return "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" displaystyle=\"true\">" + element("mrow", elements) + "</math>"; }
 
 // The value behind a line: " = 5" without its sign.
 std::string_view valeur_de(std::string_view resultat) {
@@ -55,15 +55,15 @@ std::string nombre_francais(std::string_view texte) {
     return sortie;
 }
 
-// A table of numbers in columns, each with its heading.
-std::string table_html(const TableDonnees& table, const std::string& titre) {
+// A table of numbers in columns, each with its heading; `texte` writes a number.
+std::string table_html(const TableDonnees& table, const std::string& titre, std::string (*texte)(double)) {
     std::string sortie = "<div class=\"large\" tabindex=\"0\" role=\"region\" aria-label=\"" + titre + "\"><table><caption>" +
                          titre + "</caption><thead><tr>";
     for (const std::string& colonne : table.titres) sortie += "<th scope=\"col\">" + html(colonne) + "</th>";
     sortie += "</tr></thead><tbody>\n";
     for (std::size_t l = 0; l < table.lignes(); ++l) {
         sortie += "<tr>";
-        for (const std::vector<double>& colonne : table.colonnes) sortie += element("td", html(nombre_francais(texte_general(colonne[l]))));
+        for (const std::vector<double>& colonne : table.colonnes) sortie += element("td", html(nombre_francais(texte(colonne[l]))));
         sortie += "</tr>\n";
     }
     return sortie + "</tbody></table></div>\n";
@@ -158,8 +158,9 @@ private:
 
     void nombre(const LigneRapport& ligne) {
         const std::string_view valeur = valeur_de(ligne.resultat);
-        if (ligne.mathml && !valeur.empty())
-            paragraphe(ligne, formule_mathml(*ligne.mathml + "<mo>=</mo>" + mathml_nombre(valeur)));
+        const std::string egale = "<mo>=</mo>" + mathml_nombre(valeur);
+        if (ligne.mathml && !valeur.empty())   // "A=4 = 4" says the same twice
+            paragraphe(ligne, formule_mathml(*ligne.mathml + (ligne.mathml->ends_with("</mi>" + egale) ? "" : egale)));
         else
             paragraphe(ligne, element("code", html(std::string(formule_tapee(ligne)) + ligne.resultat)));
         ++place_;
@@ -167,14 +168,14 @@ private:
 
     void fonction_definie(const LigneRapport& ligne) {
         if (ligne.mathml_fonction)
-            paragraphe(ligne, formule_mathml(nom_de_fonction(ligne) + "<mo>=</mo>" + *ligne.mathml_fonction));
+            paragraphe(ligne, formule_mathml(nom_de_fonction(ligne, "FON") + "<mo>=</mo>" + *ligne.mathml_fonction));
         else
             paragraphe(ligne, element("code", html(formule_tapee(ligne))));
         ++place_;
     }
 
-    static std::string nom_de_fonction(const LigneRapport& ligne) {
-        return std::string("<mi>f</mi><mo>\xE2\x81\xA1</mo><mrow><mo>(</mo><mi>") +
+    static std::string nom_de_fonction(const LigneRapport& ligne, std::string_view nom) {
+        return element("mi", nom) + std::string("<mrow><mo>(</mo><mi>") +
                static_cast<char>('A' + ligne.donnees.variable - 1) + "</mi><mo>)</mo></mrow>";
     }
 
@@ -185,7 +186,8 @@ private:
         if (m.colonnes() <= kColonnesDeFormule && m.lignes() <= kLignesDeFormule)
             paragraphe(ligne, formule_mathml(tete + "<mo>=</mo>" + matrice_mathml(m)));
         else
-            sortie_ += table_html(table_de_matrice(ligne.matrice, m), "Matrice " + nom + ", ligne " + chiffres(ligne.numero));
+            sortie_ += table_html(table_de_matrice(ligne.matrice, m), "Matrice " + nom + ", ligne " + chiffres(ligne.numero),
+                                  texte_element);
         ++place_;
         if (ligne.definition)
             passe_definition();
@@ -216,7 +218,7 @@ private:
         const std::string lieu = ", ligne " + chiffres(ligne.numero);
         const std::string genre = ligne.donnees.couples ? "STATXY" : "STATX";
         const bool en_ligne = brute().find('(') != std::string_view::npos;
-        sortie_ += table_html(table_des_groupes(ligne.donnees), "Données " + genre + lieu);
+        sortie_ += table_html(table_des_groupes(ligne.donnees), "Données " + genre + lieu, texte_general);
         const std::string suite = commentaire(brute(), ligne.resultat);
         if (!suite.empty()) sortie_ += "<p class=\"ligne\">" + suite + "</p>\n";
         ++place_;
@@ -241,6 +243,12 @@ private:
         sortie_ += "</tbody></table>\n";
     }
 
+    // A sum under an integral stands in brackets.
+    static std::string entre_parentheses(const std::string& elements) {
+        const bool somme = elements.find("<mo>+") != std::string::npos || elements.find("<mo>\xE2\x88\x92") != std::string::npos;
+        return somme ? "<mrow><mo>(</mo>" + elements + "<mo>)</mo></mrow>" : element("mrow", elements);
+    }
+
     // A table of values, or an area; the function stands on the line below.
     void tabulee(const LigneRapport& ligne) {
         const std::string fonction = ligne.mathml_fonction.value_or("<mtext>" + html(ligne.fonction) + "</mtext>");
@@ -249,22 +257,20 @@ private:
         const std::string fin = mathml_nombre(texte_general(ligne.donnees.fin));
         if (ligne.donnees.aire)
             paragraphe(ligne, formule_mathml("<msubsup><mo>\xE2\x88\xAB</mo>" + element("mrow", debut) + element("mrow", fin) +
-                                             "</msubsup>" + element("mrow", fonction) + "<mi>d</mi><mi>" + lettre +
+                                             "</msubsup>" + entre_parentheses(fonction) + "<mi>d</mi><mi>" + lettre +
                                              "</mi><mo>\xE2\x89\x88</mo>" + mathml_nombre(valeur_de(ligne.resultat))));
         else
-            paragraphe(ligne, formule_mathml(nom_de_fonction(ligne) + "<mo>=</mo>" + fonction));
+            paragraphe(ligne, formule_mathml(nom_de_fonction(ligne, "f") + "<mo>=</mo>" + fonction));
         place_ = std::min(place_ + 2, lignes_.size());
         if (!ligne.donnees.rangees.empty())
-            sortie_ += table_html(table_des_rangees(ligne.donnees), "Table de " + lettre + ", ligne " + chiffres(ligne.numero));
+            sortie_ += table_html(table_des_rangees(ligne.donnees), "Table de " + lettre + ", ligne " + chiffres(ligne.numero),
+                                  texte_element);
         while (brute().starts_with("f(") && !ligne.donnees.rangees.empty()) ++place_;
         figure(ligne);
     }
 
     void figure(const LigneRapport& ligne) {
-        const char lettre = static_cast<char>('A' + ligne.donnees.variable - 1);
-        const std::string svg = ligne.donnees.variable != 0
-                                    ? dessin_de_courbe(ligne.courbe, ligne.fonction, lettre, ligne.numero)
-                                    : dessin_de_donnees(ligne);
+        const std::string svg = ligne.donnees.variable != 0 ? dessin_de_courbe(ligne) : dessin_de_donnees(ligne);
         if (!svg.empty()) sortie_ += "<figure>" + svg + "</figure>\n";
     }
 
@@ -284,8 +290,8 @@ std::string titre_de(std::string_view texte, std::string_view nom) {
 
 std::string page_html(const Rapport& rapport, std::string_view nom) {
     const std::string titre = titre_de(rapport.texte, nom);
-    std::string page = "<!DOCTYPE html>\n<html lang=\"fr\">\n<head>\n<meta charset=\"utf-8\">\n"
-                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
+    std::string page = "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"fr\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n";
     page += element("title", titre) + "\n<style>" + std::string(kStyleDePage) + "</style>\n</head>\n<body>\n<main>\n";
     page += element("h1", titre) + "\n" + Page(rapport).corps();
     page += "<h2>Texte de la feuille</h2>\n<pre>" + html(rapport.texte) + "</pre>\n";

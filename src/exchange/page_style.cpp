@@ -15,7 +15,7 @@ code, pre { font-family: monospace; font-size: 1em; }
 pre { border: 1px solid var(--trait); overflow-wrap: anywhere; padding: 0.8rem; white-space: pre-wrap; }
 .large { overflow-x: auto; }
 table { border-collapse: collapse; margin: 1rem 0; }
-caption { font-weight: bold; padding: 0.3rem 0; text-align: left; }
+caption { font-weight: bold; white-space: nowrap; padding: 0.3rem 0; text-align: left; }
 th, td { border: 1px solid var(--trait); padding: 0.2rem 0.6rem; text-align: right; }
 th[scope="row"] { font-weight: normal; text-align: left; }
 figure { margin: 1rem 0; }

@@ -154,7 +154,10 @@ void note_ligne(int numero) {
         ligne.definition = capitales(ligne.formule).find("DEFM") != std::string::npos;
         if (en_cours.donnees.perdue) en_cours.rapport->complet = false;
         note_contenu(ligne);
-        en_cours.rapport->lignes.push_back(std::move(ligne));
+        std::vector<LigneRapport>& lignes = en_cours.rapport->lignes;
+        // The heading of two lists is calculated once more when they have been read.
+        std::erase_if(lignes, [=](const LigneRapport& autre) { return autre.numero == numero; });
+        lignes.push_back(std::move(ligne));
     } catch (...) {   // no memory: the pass goes on
         en_cours.rapport->complet = false;
     }

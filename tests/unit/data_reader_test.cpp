@@ -12,7 +12,9 @@
 #include "exchange/data_lines.hpp"
 #include "exchange/data_number.hpp"
 #include "exchange/data_reader.hpp"
+#include "exchange/sheet_report.hpp"
 #include "helpers.hpp"
+#include "sheet/recalculation.hpp"
 
 namespace {
 
@@ -178,19 +180,28 @@ TEST_CASE("lines go below the line of the cursor and its block of results") {
 }
 
 TEST_CASE("the longest list that is accepted is one that the sheet calculates") {
+    installe_port_memoire();
+    reinitialise_calcul();
     std::string refus;
     for (const std::string_view forme : {"STATX", "STATXY", "STATX 1 2"}) {
-        std::size_t acceptees = 0;
-        for (std::size_t n = 1000; n <= 9000; n += 500) {
+        const auto lignes = [&](std::size_t n) {
             std::string octets;
             for (std::size_t i = 0; i < n; ++i) octets += forme == "STATX" ? "1.5\n" : "1.5;2\n";
             const auto donnees = lis_donnees(octets, refus);
             REQUIRE(donnees);
-            if (lignes_de_feuille(*donnees, forme, refus)) acceptees = n;
+            return lignes_de_feuille(*donnees, forme, refus);
+        };
+        std::size_t acceptees = 1, refusees = 9000;
+        while (refusees - acceptees > 1) {
+            const std::size_t milieu = (acceptees + refusees) / 2;
+            (lignes(milieu) ? acceptees : refusees) = milieu;
         }
         CAPTURE(forme);
-        CHECK(acceptees > 2000);
-        CHECK(acceptees < 9000);
+        CHECK_FALSE(lignes(acceptees + 1));
         CHECK(vers_utf8(refus).ends_with(": un calcul a 32767 caractères au plus"));
+        const Rapport rapport = rapport_de(*lignes(acceptees), false);
+        REQUIRE(rapport.lignes.size() == 1);
+        CHECK_FALSE(rapport.lignes[0].erreur);
+        CHECK(rapport.lignes[0].donnees.groupes.size() == acceptees);
     }
 }

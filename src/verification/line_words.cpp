@@ -16,6 +16,7 @@
 #include "engine/reading.hpp"
 #include "sheet/observer.hpp"
 #include "state/context.hpp"
+#include "state/matrices.hpp"
 #include "verification/sign_words.hpp"
 #include "verification/silent_pass.hpp"
 #include "verification/words.hpp"
@@ -54,17 +55,47 @@ std::size_t debut_calcul(const std::vector<Noeud>& noeuds) {
     return i;
 }
 
-// Adds the letters that a formula reads, each once, with their values; of the letter `sauf` nothing is known.
-void ajoute_valeurs(std::string& valeurs, const Releve& releve, int sauf = 0) {
-    for (std::size_t i = debut_calcul(releve.noeuds); i < releve.noeuds.size(); ++i) {
-        const Noeud& n = releve.noeuds[i];
-        if (n.genre != GenreNoeud::lettre || n.numero == sauf) continue;
+// "2 lignes", "1 ligne".
+std::string compte(int nombre, std::string_view mot) {
+    std::string mots = chiffres(nombre);
+    (mots += ' ') += mot;
+    return nombre > 1 ? mots += 's' : mots;
+}
+
+// What a letter is worth where it is read, or how large a matrix is; the tables are those of the line.
+std::string mots_operande(const Releve& releve, const Noeud& n) {
+    if (n.genre == GenreNoeud::refuse) return "sans valeur";
+    if (n.genre == GenreNoeud::lettre) {
         const bool sans = (releve.lettres_neuves >> n.numero & 1u) != 0;
-        const std::string tete = lettre(n.numero) + ' ';
-        const std::string mots = tete + (sans ? "sans valeur" : "vaut " + mots_valeur(n.valeur));
+        return sans ? "sans valeur" : "vaut " + mots_valeur(n.valeur);
+    }
+    const auto rang = static_cast<std::size_t>(n.numero);
+    if (!moteur.matrice_definie[rang]) return "sans valeur";
+    const TableMatrice& table = matrices.table[rang];
+    return compte(table.lignes(), "ligne") + ' ' + compte(table.colonnes(), "colonne");
+}
+
+// The name of a letter or a matrix that a node reads, with or without a value; "" for anything else.
+std::string nom_operande(std::string_view formule, const Noeud& n) {
+    if (n.genre == GenreNoeud::lettre) return lettre(n.numero);
+    if (n.genre == GenreNoeud::matrice) return "matrice " + lettre(n.numero);
+    if (n.genre != GenreNoeud::refuse || n.debut < 1) return {};
+    const std::string_view nom = texte_utile(formule, n);
+    const bool variable = nom.size() == 1 && nom[0] >= 'A' && nom[0] <= 'Z';
+    const bool matrice = nom.size() == 2 && nom[0] == 'M' && TestCarMatrice(nom.substr(1));
+    return variable || matrice ? signes_en_mots(nom) : std::string();
+}
+
+// Adds the letters and matrices that a formula reads, each once; of the letter `sauf` nothing is known.
+void ajoute_valeurs(std::string& valeurs, const FormuleRelevee& lue, int sauf = 0) {
+    const std::vector<Noeud>& noeuds = lue.releve.noeuds;
+    for (std::size_t i = debut_calcul(noeuds); i < noeuds.size(); ++i) {
+        const std::string nom = nom_operande(lue.formule, noeuds[i]);
+        if (nom.empty() || (noeuds[i].genre == GenreNoeud::lettre && noeuds[i].numero == sauf)) continue;
+        const std::string tete = nom + ' ';
         if (valeurs.starts_with(tete) || valeurs.find(" et " + tete) != std::string::npos) continue;
         ajoute_mots(valeurs, valeurs.empty() ? "" : "et");
-        ajoute_mots(valeurs, mots);
+        ajoute_mots(valeurs, tete + mots_operande(lue.releve, noeuds[i]));
     }
 }
 
@@ -76,7 +107,7 @@ void ajoute_formule(LigneDite& dite, const FormuleRelevee& lue, std::string_view
     if (lue.releve.a(kTraitSommePerdue)) ajoute_mots(dite.mots, "attention une somme est perdue");
     if (lue.releve.a(kTraitArgumentPerdu)) ajoute_mots(dite.mots, "attention une valeur est perdue");
     if (!lue.erreur) ajoute_mots(dite.mots, mots_non_lus(lue, ecrit, places));
-    ajoute_valeurs(dite.valeurs, lue.releve, sauf);
+    ajoute_valeurs(dite.valeurs, lue, sauf);
 }
 
 // What stands behind a line that failed.

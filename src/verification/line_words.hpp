@@ -8,7 +8,7 @@
 // The two sentences for a line of a sheet.
 struct LigneDite {
     std::string mots;       // what the line is, in words
-    std::string valeurs;    // the values of the letters that it reads, "aucune lettre dans cette ligne"
+    std::string valeurs;    // the values of the letters that it reads, and the size of matrices; or that there are none
 };
 
 // Reads the sheet as a pass would, without changing anything, up to the line `numero` (from 1) and the one

@@ -59,7 +59,8 @@ std::size_t taille_mot(std::string_view texte) {
     };
     if (texte.starts_with("×"_fr) || texte.starts_with("÷"_fr)) return 0;
     if (const std::size_t lettres = suite(est_lettre); lettres > 0) {
-        const bool elision = lettres + 1 < texte.size() && est_apostrophe(texte[lettres]) && est_lettre(texte[lettres + 1]);
+        const bool elision =
+            lettres + 1 < texte.size() && est_apostrophe(texte[lettres]) && est_lettre(texte[lettres + 1]);
         return elision ? lettres + 1 + taille_mot(texte.substr(lettres + 1)) : lettres;
     }
     std::size_t n = suite(est_chiffre);

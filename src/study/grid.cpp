@@ -13,6 +13,8 @@ namespace {
 constexpr std::size_t kZones = 64;
 constexpr double kDansLaZone = 0.381966;   // never at a point that a user would choose
 constexpr int kMoitiesMaxi = 64;
+constexpr double kEcartAPart = 1e-3;       // a value that far from what its neighbours tend to stands apart
+constexpr double kRondsMaxi = 2000;        // numbers of one decimal, halves or whole numbers that are tried
 
 // The two sides of a cut, with the last values that f has there.
 struct Coupure {
@@ -86,16 +88,31 @@ std::optional<Coupure> coupure_en(const Grille& grille, std::size_t i) {
     return coupe_au_saut(grille.f, m);
 }
 
-// What f tends to at an end of a piece, from within; its value where the interval ends.
-void regarde_bout(const Grille& grille, Bout& bout, double vers, double largeur) {
+// Whether the value at the edge of the domain is none of the piece: the piece tends to something else there.
+bool est_a_part(double y, const Cote& cote) {
+    if (cote.tendance == Tendance::inconnue) return false;
+    if (cote.tendance != Tendance::valeur) return true;
+    return std::fabs(cote.y - y) > 4 * cote.incertitude + kEcartAPart * std::max(std::fabs(y), std::fabs(cote.y));
+}
+
+// What f tends to at an end of a piece, from within; its value where the interval ends. True when the edge of the
+// domain has a value that isn't the piece's: it is left out of the piece.
+bool regarde_bout(const Grille& grille, Bout& bout, double vers, double largeur) {
     const double y = grille.f(bout.lieu.x);
     if (bout.borne == Borne::domaine) bout.compris = !std::isnan(y);
-    if (bout.compris) {
-        bout.cote = {Tendance::valeur, y, 0};
-        return;
-    }
     const double pas = std::copysign(std::min(grille.maille, largeur / 4), vers);
-    bout.cote = tendance(grille.f, bout.lieu.x, pas, 16 * bout.lieu.incertitude);
+    const auto tend = [&] { return tendance(grille.f, bout.lieu.x, pas, 16 * bout.lieu.incertitude); };
+    const bool a_part = bout.compris && bout.borne == Borne::domaine && largeur > 0 && est_a_part(y, tend());
+    bout.compris = bout.compris && !a_part;
+    bout.cote = bout.compris || largeur == 0 ? Cote{Tendance::valeur, y, 0} : tend();
+    return a_part;
+}
+
+// The edge of the domain that has a value of its own, as a piece.
+Morceau point_seul(const Grille& grille, const Lieu& lieu, Borne gauche, Borne droite) {
+    const double y = grille.f(lieu.x);
+    const Cote cote{Tendance::valeur, y, 0};
+    return {{lieu, gauche, true, cote}, {lieu, droite, true, cote}, {lieu.x}, {y}};
 }
 
 void ajoute_point(const Courbe& f, Morceau& m, double x) {
@@ -124,9 +141,24 @@ struct Decoupage {
         ouvert.droite = bout;
         est_ouvert = false;
         const double largeur = ouvert.droite.lieu.x - ouvert.gauche.lieu.x;
-        regarde_bout(grille, ouvert.gauche, 1, largeur);
-        regarde_bout(grille, ouvert.droite, -1, largeur);
+        const bool seul_avant = regarde_bout(grille, ouvert.gauche, 1, largeur) && sans_bord(ouvert.gauche, true);
+        const bool seul_apres = regarde_bout(grille, ouvert.droite, -1, largeur) && sans_bord(ouvert.droite, false);
+        const Lieu fin = ouvert.droite.lieu;
+        if (seul_avant) morceaux.push_back(point_seul(grille, ouvert.gauche.lieu, Borne::domaine, Borne::saut));
         morceaux.push_back(std::move(ouvert));
+        if (seul_apres) morceaux.push_back(point_seul(grille, fin, Borne::saut, Borne::domaine));
+    }
+    // Takes the edge out of the open piece, whose value is another one. True when it is a place of its own: one
+    // that is known no better than its neighbours belongs to a pole.
+    bool sans_bord(Bout& bout, bool gauche) {
+        Morceau& m = ouvert;
+        if (m.x.size() > 1) {
+            m.x.erase(gauche ? m.x.begin() : m.x.end() - 1);
+            m.y.erase(gauche ? m.y.begin() : m.y.end() - 1);
+        }
+        if (bout.lieu.incertitude > 0) return false;
+        bout.borne = Borne::saut;
+        return true;
     }
     void maille(std::size_t i) {
         const bool avant = !std::isnan(grille.y[i]), apres = !std::isnan(grille.y[i + 1]);
@@ -158,6 +190,26 @@ double Grille::flou(double en) const {
     return std::min(bruit(en), 8 * pire);
 }
 
+namespace {
+
+// Puts numbers of few figures without a value between the points of the grid: a formula may well have a hole there
+// and nowhere else.
+void cherche_trous_ronds(Grille& g) {
+    for (const double parts : {10.0, 2.0, 1.0}) {
+        const double premier = std::ceil(g.debut * parts), dernier = std::floor(g.fin * parts);
+        if (!(dernier - premier <= kRondsMaxi)) continue;
+        for (double k = premier; k <= dernier; ++k) {
+            const auto place = std::lower_bound(g.x.begin(), g.x.end(), k / parts);
+            if (place == g.x.end() || *place == k / parts || !std::isnan(g.f(k / parts))) continue;
+            g.y.insert(g.y.begin() + (place - g.x.begin()), std::nan(""));
+            g.x.insert(place, k / parts);
+        }
+        return;
+    }
+}
+
+}  // namespace
+
 Grille pose_grille(const Courbe& f, double debut, double fin) {
     Grille g{f, debut, fin, (fin - debut) / static_cast<double>(kMailles), {}, {}};
     const auto n = static_cast<double>(kMailles);
@@ -170,6 +222,7 @@ Grille pose_grille(const Courbe& f, double debut, double fin) {
         const double part = (static_cast<double>(zone) + kDansLaZone) / static_cast<double>(kZones);
         g.bruits[zone + 1] = bruit_en(f, debut + part * (fin - debut), g.maille);
     }
+    cherche_trous_ronds(g);
     return g;
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <utility>
 
+#include "engine/reading.hpp"
 #include "platform/patience.hpp"
 #include "study/aside.hpp"
 
@@ -59,6 +60,17 @@ void cherche_rencontres(std::string_view texte, EtudeDeFeuille& etude) {
     }
 }
 
+// Tells what of the function's text the engine leaves unread. Its letter must have a value.
+void note_lecture(EtudeDeFeuille& etude) {
+    const std::string& texte = etude.fonction.texte;
+    const FormuleRelevee lue = lit_formule(texte);
+    const Releve& r = lue.releve;
+    etude.autrement = r.a(kTraitRemplace | kTraitPartiel | kTraitSommePerdue | kTraitArgumentPerdu);
+    const auto arret = static_cast<std::size_t>(std::max(r.arret, 1)) - 1;
+    if (lue.erreur || arret >= lue.formule.size()) return;
+    etude.non_lu = texte.substr(std::min(places_dans_le_texte(texte, lue.formule)[arret], texte.size()));
+}
+
 }  // namespace
 
 Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
@@ -68,6 +80,9 @@ Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction,
     if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty()) return refus;
     resultat.fonction = fonction;
     resultat.fonction.lettre = ouverte.lettre;
+    ouverte((ouverte.debut + ouverte.fin) / 2);
+    note_lecture(resultat);
+    ouverte.prend_formule(ouverte.formule);
     resultat.etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
     cherche_rencontres(texte, resultat);
     return patience.abandonnee ? kEtudeInterrompue : Refus();

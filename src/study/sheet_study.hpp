@@ -22,6 +22,8 @@ struct Rencontre {
 
 struct EtudeDeFeuille {
     FonctionDeFeuille fonction;
+    std::string non_lu;              // the end of its text that the engine doesn't read
+    bool autrement = false;          // inside it something isn't read as it is written
     Etude etude;
     std::vector<Rencontre> rencontres;
 };

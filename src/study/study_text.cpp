@@ -12,6 +12,7 @@ namespace {
 
 constexpr double kFinesse = 1e-6;        // of the interval: what is told of places
 constexpr int kDecimalesMaxi = 12;
+constexpr std::size_t kFaitsMaxi = 200;  // lines of one kind
 constexpr double kArrondi = 4e-15;       // beside a value: what powers and functions round away
 
 // Decimals with which a millionth of the extent is told.
@@ -152,8 +153,9 @@ void dit_bords(const Etude& e, const Ecriture& w, Lignes& l) {
         const Bout* avant = i > 0 ? &e.parties[i - 1].morceau.droite : nullptr;
         const bool saut = avant != nullptr && se_touchent(*avant, g);
         if (saut) {
-            l.push_back(texte("Saut en "_fr) + w.en(g.lieu) + ", de " + w.cote(avant->cote) + texte(" à "_fr) +
-                        w.cote(g.cote));
+            const std::string de = w.cote(avant->cote);
+            l.push_back(texte("Saut en "_fr) + w.en(g.lieu) + (de.starts_with('u') || de.starts_with('e') ? ", d'" : ", de ") + de +
+                        texte(" à "_fr) + w.cote(g.cote));
             continue;
         }
         const auto limite = [&](const Bout& b, std::string_view cote) {
@@ -196,19 +198,30 @@ void dit_signes(const Etude& e, const Ecriture& w, Lignes& l) {
                     w.de_a(s.debut, s.fin));
 }
 
+// A tiny value with its first two figures.
+std::string deux_chiffres(double v) {
+    double unite = 1;
+    while (std::fabs(v) < 10 * unite && unite > 1e-300) unite /= 10;
+    while (std::fabs(v) >= 100 * unite) unite *= 10;
+    return texte_general(std::round(v / unite) * unite);
+}
+
 std::string mots_zero(const Ecriture& w, const Zero& z) {
     std::string ligne = texte("Zéro : "_fr) + w.en(z.lieu);
-    if (!z.traverse) ligne += texte(", sans changer de signe"_fr);
-    if (!z.exact && z.reste != 0) ligne += texte(", où f vaut "_fr) + texte_general(z.reste);
+    if (z.traverse) return ligne;
+    ligne += texte(", sans changer de signe"_fr);
+    if (!z.exact && z.reste != 0) ligne += texte(", où f vaut environ "_fr) + deux_chiffres(z.reste);
     return ligne;
 }
 
 void dit_zeros(const Etude& e, const Ecriture& w, Lignes& l) {
     const std::vector<Zero> zeros = zeros_de(e);
-    std::size_t paliers = 0;
+    Lignes paliers;
     for (const Partie& p : e.parties)
-        for (const Palier& palier : p.paliers) paliers += palier.y == 0 ? 1 : 0;
-    if (zeros.empty() && paliers == 0) return l.push_back(texte("Zéros : aucun trouvé"_fr));
+        for (const Palier& palier : p.paliers)
+            if (palier.y == 0) paliers.push_back(texte("Zéros : f est nulle "_fr) + w.de_a(palier.debut, palier.fin));
+    l.insert(l.end(), paliers.begin(), paliers.end());
+    if (zeros.empty() && paliers.empty()) return l.push_back(texte("Zéros : aucun trouvé"_fr));
     if (!zeros.empty()) l.push_back(texte("Zéros : "_fr) + compte(zeros.size(), "trouvé"_fr, "trouvés"_fr));
     for (const Zero& z : zeros) l.push_back(mots_zero(w, z));
 }
@@ -287,6 +300,36 @@ void dit_tableau(const Etude& e, const Ecriture& w, Lignes& l) {
     }
 }
 
+// Whether the function turns faster than the grid can follow: it changes its sign at a place on whose two sides it
+// has the same one, or has hardly ten points from one extreme to the next.
+bool oscille(const Etude& e) {
+    std::size_t extremes = 0;
+    for (const Partie& p : e.parties) {
+        extremes += p.extremes.size();
+        for (std::size_t i = 0; i + 1 < p.signes.size(); ++i)
+            for (const Zero& z : p.zeros)
+                if (z.traverse && z.lieu.x == p.signes[i].fin.x && z.lieu.x == p.signes[i + 1].debut.x &&
+                    p.signes[i].signe * p.signes[i + 1].signe > 0)
+                    return true;
+    }
+    return extremes > kMailles / 10;
+}
+
+// One kind of facts: the first of them, and how many more there are.
+void ajoute_section(Lignes& l, Lignes section) {
+    const std::size_t autres = section.size() - std::min(section.size(), kFaitsMaxi);
+    section.resize(section.size() - autres);
+    l.insert(l.end(), section.begin(), section.end());
+    if (autres > 0) l.push_back(texte("et "_fr) + compte(autres, "autre ligne"_fr, "autres lignes"_fr));
+}
+
+// What isn't read as it is written comes first: all else is about another function.
+void dit_lecture(const EtudeDeFeuille& etude, Lignes& l) {
+    if (!etude.non_lu.empty()) l.push_back(texte("Attention, non lu : "_fr) + etude.non_lu);
+    if (etude.autrement)
+        l.push_back(texte("Attention, une partie de la fonction n'est pas lue comme elle est écrite"_fr));
+}
+
 Ecriture ecriture_de(const EtudeDeFeuille& etude) {
     Ecriture w;
     w.lettre = etude.fonction.lettre;
@@ -305,13 +348,23 @@ std::vector<std::string> lignes_d_etude(const EtudeDeFeuille& etude) {
                 w.de_a({e.debut, 0}, {e.fin, 0}));
     l.push_back(texte("Précision, sauf mention : "_fr) + w.lettre + texte(" à "_fr) + nombre(unite_de(w.dx), w.dx) +
                 texte(" près, f à "_fr) + nombre(unite_de(w.dy), w.dy) + texte(" près"_fr));
-    dit_domaine(e, w, l);
-    dit_signes(e, w, l);
-    dit_zeros(e, w, l);
-    dit_extremes(e, w, l);
-    dit_variations(e, w, l);
-    dit_bords(e, w, l);
+    dit_lecture(etude, l);
+    const auto section = [&](auto dit) {
+        Lignes faits;
+        dit(e, w, faits);
+        ajoute_section(l, std::move(faits));
+    };
+    section(dit_domaine);
+    const bool trop_vite = oscille(e);
+    if (trop_vite)
+        l.push_back(texte("Attention, la fonction oscille trop vite pour cet intervalle : prenez-en un plus court"_fr));
+    else
+        section(dit_signes);
+    section(dit_zeros);
+    section(dit_extremes);
+    if (!trop_vite) section(dit_variations);
+    section(dit_bords);
     for (const Rencontre& r : etude.rencontres) dit_rencontre(r, w, l);
-    dit_tableau(e, w, l);
+    if (!trop_vite) section(dit_tableau);
     return l;
 }

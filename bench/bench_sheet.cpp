@@ -43,6 +43,7 @@ const std::map<std::string, std::function<void(int)>> kParties = {
     {"7-statistics", mesure_statistiques},
     {"8-table", mesure_tabulation},
     {"9-editing", mesure_edition},
+    {"watched", mesure_surveillance},
 };
 
 void mesure(const std::string& seulement, int repetitions) {

@@ -13,6 +13,7 @@ void mesure_memoire_passe();                // peak of the resident memory
 void mesure_matrices(int repetitions);      // determinant and inverse
 void mesure_statistiques(int repetitions);  // pairs, data sets, sorted data sets
 void mesure_tabulation(int repetitions);    // the table of a function
+void mesure_surveillance(int repetitions);  // a pass that is watched by the check of the sheet
 
 // The editing commands beside themselves: cases_editing.cpp.
 void mesure_edition(int repetitions);  // replacing in the whole text, searching backwards

@@ -12,6 +12,7 @@
 #include "mixed_sheet.hpp"
 #include "program.hpp"
 #include "report.hpp"
+#include "settings/tool_options.hpp"
 #include "shell/calculation.hpp"
 #include "support/memory.hpp"
 
@@ -178,6 +179,22 @@ void mesure_doublement(int repetitions) {
         affiche_croissance(i == 1 ? "16,000 lines beside 8,000" : "32,000 lines beside 16,000",
                            t[i], t[i - 1], "1.8 to 2.3", rapport >= 1.8 && rapport <= 2.3);
     }
+}
+
+void mesure_surveillance(int repetitions) {
+    const std::string texte = cree_feuille_mixte(32767).texte;
+    const auto passe = [&texte](bool surveillee) {
+        prepare_programme(texte);
+        outils.attention = surveillee;
+        const double debut = temps_processeur();
+        recalcul();
+        const double secondes = temps_processeur() - debut;
+        exige_reussite("watched sheet");
+        return secondes;
+    };
+    const std::vector<double> t = medianes({[&] { return passe(true); }, [&] { return passe(false); }}, repetitions);
+    titre("32,767 mixed lines, judged line by line as they are calculated; ratio is watched / not watched");
+    affiche({"a watched pass", duree(t[0]), duree(t[1]), t[0] / t[1], "at most 1.3", t[0] <= 1.3 * t[1]});
 }
 
 void mesure_memoire_passe() {

@@ -22,6 +22,7 @@ struct OptionNommee {
 };
 constexpr std::array kOptions = {
     OptionNommee{"son", &OptionsOutils::son},
+    OptionNommee{"attention", &OptionsOutils::attention},
 };
 
 constexpr std::string_view kFinLigne = "\r\n";
@@ -48,6 +49,7 @@ void prend_ligne(OptionsOutils& options, std::string_view ligne) {
     const auto option = std::ranges::find(kOptions, nom, &OptionNommee::nom);
     if (option == kOptions.end() || egal == std::string_view::npos) return garde_inconnue(options, ligne);
     options.*option->valeur = sans_blancs(ligne.substr(egal + 1)) == "1";
+    if (option->valeur == &OptionsOutils::attention) options.attention_choisie = true;
 }
 
 }  // namespace
@@ -65,7 +67,8 @@ OptionsOutils lis_outils(std::string_view contenu) {
 std::string texte_outils(const OptionsOutils& options) {
     std::string texte;
     for (const OptionNommee& option : kOptions)
-        texte.append(option.nom).append(options.*option.valeur ? "=1" : "=0").append(kFinLigne);
+        if (option.valeur != &OptionsOutils::attention || options.attention_choisie)
+            texte.append(option.nom).append(options.*option.valeur ? "=1" : "=0").append(kFinLigne);
     return texte += options.inconnues;
 }
 
@@ -74,7 +77,9 @@ void lit_outils() {
     if (!FichierExistant(chemin)) return;
     std::string contenu;
     reussit(port.fichiers.lit(chemin, contenu));
+    const bool depart = outils.attention;
     outils = lis_outils(contenu);
+    if (!outils.attention_choisie) outils.attention = depart;
 }
 
 void ecrit_outils() { reussit(port.fichiers.remplace(chemin_outils(), texte_outils(outils))); }

@@ -7,6 +7,8 @@
 
 struct OptionsOutils {
     bool son = false;                // a sound tells how a calculation has ended
+    bool attention = false;          // a calculation warns of what is probably wrong
+    bool attention_choisie = false;  // the user has said so, or not so: otherwise the window decides at its start
     std::string inconnues;           // lines of a later version, kept as they stand, CR LF after each
 };
 extern OptionsOutils outils;

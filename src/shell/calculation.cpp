@@ -13,6 +13,7 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
+#include "shell/review.hpp"
 #include "state/pass_result.hpp"
 #include "state/variables.hpp"
 
@@ -39,9 +40,11 @@ void MnuParleResultatItem() {
 
 void recalcul() noexcept {
     const std::string& texte = port.texte.texte();
+    commence_attention();
     Calcul calcul = calcule_feuille(texte, port.texte.sel_start());
-    if (calcul.issue == Issue::vide || calcul.issue == Issue::refusee) return;
-    montre_calcul(calcul);
+    const bool faite = calcul.issue == Issue::ecrite || calcul.issue == Issue::incomplete;
+    if (faite) montre_calcul(calcul);
+    dit_attention(calcul.issue == Issue::ecrite);
 }
 
 void calcul_colonne() {

@@ -26,6 +26,7 @@
 #include "shell/menus.hpp"
 #include "shell/options.hpp"
 #include "shell/quitting.hpp"
+#include "shell/review.hpp"
 #include "shell/results.hpp"
 #include "shell/spoken_line.hpp"
 #include "shell/study_commands.hpp"
@@ -189,6 +190,17 @@ constexpr auto kItems = std::to_array<LigneCommande>({
      .refus = kRienARetablir, .execute = retablit},
     {.numero = 46, .menu = kOutils, .nom = kItemSon, .libelle = "Son à la fin du calcul"_fr,
      .raccourci = ctrl(kToucheF8), .mots_aide = "son à la fin du calcul"_fr, .execute = mnuSonItem},
+    {.numero = 50, .menu = kOutils, .nom = "mnuVerifierItem", .libelle = "&Vérifier la feuille"_fr,
+     .raccourci = ctrl('K'), .mots_aide = "vérifier la feuille"_fr, .refus = kPasUneFeuille,
+     .execute = mnuVerifierItem},
+    {.numero = 51, .menu = kOutils, .nom = "mnuConstatSuivantItem", .libelle = "&Constat suivant"_fr,
+     .raccourci = seule(kToucheF4), .mots_aide = "constat suivant"_fr, .refus = kPasUneFeuille,
+     .execute = mnuConstatSuivantItem},
+    {.numero = 52, .menu = kOutils, .nom = "mnuConstatPrecedentItem", .libelle = "Consta&t précédent"_fr,
+     .raccourci = maj(kToucheF4), .mots_aide = "constat précédent"_fr, .refus = kPasUneFeuille,
+     .execute = mnuConstatPrecedentItem},
+    {.numero = 53, .menu = kOutils, .nom = kItemAttention, .libelle = "Attention après le calcul"_fr,
+     .mots_aide = "attention après le calcul"_fr, .execute = mnuAttentionItem},
     {.numero = 54, .menu = kOutils, .nom = "mnuDireLigneItem",
      .libelle = "Dire la ligne"_fr, .raccourci = seule(kToucheF2),
      .mots_aide = "dire la ligne"_fr, .refus = kPasUneFeuille, .execute = mnuDireLigneItem},

@@ -74,3 +74,8 @@ void pose_libelle_son(bool avec) {
     pose_libelle(kItemSon,
                  avec ? "Son à la fin du calcul : oui"_fr : "Son à la fin du calcul : non"_fr);
 }
+
+void pose_libelle_attention(bool avec) {
+    pose_libelle(kItemAttention,
+                 avec ? "Attention après le calcul : oui"_fr : "Attention après le calcul : non"_fr);
+}

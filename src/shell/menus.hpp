@@ -16,6 +16,7 @@ inline constexpr std::string_view kItemDerniereFeuille = "mnuDerniereFeuilleItem
 inline constexpr std::string_view kItemMatrice = "mnuColonneMatrice";
 inline constexpr std::string_view kItemStat = "mnuLigneStat";
 inline constexpr std::string_view kItemSon = "mnuSonItem";
+inline constexpr std::string_view kItemAttention = "mnuAttentionItem";
 inline constexpr std::string_view kItemExpliquer = "mnuExpliquerItem";
 inline constexpr std::string_view kItemRepeter = "mnuRepeterItem";
 inline constexpr std::string_view kItemQuitter = "mnuQuitterItem";
@@ -50,3 +51,5 @@ void pose_libelle_matrice(bool en_colonne);
 void pose_libelle_stat(bool restreint, std::string_view complet);
 // Whether the end of a calculation is heard.
 void pose_libelle_son(bool avec);
+// Whether a calculation warns.
+void pose_libelle_attention(bool avec);

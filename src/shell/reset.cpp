@@ -19,6 +19,7 @@
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/menus.hpp"
+#include "shell/review.hpp"
 #include "shell/spoken_line.hpp"
 #include "shell/status.hpp"
 #include "shell/study_commands.hpp"
@@ -40,6 +41,7 @@ void reinitialise_tout() {
     aide = Aide{};
     entendus = Entendus{};
     ligne_ecoutee = LigneEcoutee{};
+    attention = Attention{};
     intervalle_donne = IntervalleDonne{};
     etude_gardee.reset();
     oublie_touches();

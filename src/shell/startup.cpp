@@ -152,6 +152,7 @@ void applique_options(Demarrage& pas) {
     });
     pas([] { lit_outils(); });
     pas([] { pose_libelle_son(outils.son); });
+    pas([] { pose_libelle_attention(outils.attention); });
 }
 
 void applique_couleurs(Demarrage& pas) {

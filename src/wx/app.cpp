@@ -13,6 +13,7 @@
 #include "platform/files.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
+#include "settings/tool_options.hpp"
 #include "shell/events.hpp"
 #include "shell/reset.hpp"
 #include "wx/announce.hpp"
@@ -66,6 +67,7 @@ public:
         installe_port();
         if (avec_reprise) installe_reprises(dossier_a_nous());
         suit_fin_de_session();
+        outils.attention = true;   // in the window, until the user has said otherwise
         evenement_chargement();
         return true;
     }

@@ -28,6 +28,10 @@ struct NumeroOutil {
     std::string_view nom;
 };
 constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
+    {50, "mnuVerifierItem"},
+    {51, "mnuConstatSuivantItem"},
+    {52, "mnuConstatPrecedentItem"},
+    {53, "mnuAttentionItem"},
     {54, "mnuDireLigneItem"},
     {55, "mnuParentheseItem"},
     {56, "mnuAllerFauteItem"},
@@ -84,6 +88,9 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuNombreDecimalItem", avec_ctrl(kToucheF5)},
     {"mnuSonItem", avec_ctrl(kToucheF8)},
     {"mnuAideToucheItem", simple(kToucheF1)},
+    {"mnuVerifierItem", avec_ctrl('K')},
+    {"mnuConstatSuivantItem", simple(kToucheF4)},
+    {"mnuConstatPrecedentItem", avec_maj(kToucheF4)},
     {"mnuDireLigneItem", simple(kToucheF2)},
     {"mnuParentheseItem", avec_ctrl('B')},
     {"mnuAllerFauteItem", simple(kToucheF12)},

@@ -60,7 +60,8 @@ def menus(p):
     same([menu.get_name() for menu in children(p.menu_bar())], names, "menus")
     state = {"mnuColonneMatrice": "affichage matrice ligne/colonne : en ligne",
              "mnuLigneStat": "résultat statistique restreint/complet : complet",
-             "mnuSonItem": "Son à la fin du calcul : non"}
+             "mnuSonItem": "Son à la fin du calcul : non",
+             "mnuAttentionItem": "Attention après le calcul : oui"}
     for menu in children(p.menu_bar()):
         items = [item for item in children(menu) if role(item) != "separator"]
         if menu.get_name() == "Fichier":

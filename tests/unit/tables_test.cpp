@@ -315,6 +315,16 @@ TEST_CASE("menus: the menus stand in their order, each in one piece") {
     CHECK(suite == Textes{"&Fichier", "&Edition", "&Affichage", "Recherche", "&Options", "Ou&tils", "&?"});
 }
 
+TEST_CASE("menus: the items of Outils that came later stand in the order of their numbers") {
+    int dernier = -1;
+    for (const LigneCommande& ligne : lignes_menu()) {
+        if (ligne.menu != "Ou&tils") continue;
+        CAPTURE(utf8(ligne.nom));
+        CHECK(ligne.numero > dernier);
+        dernier = ligne.numero;
+    }
+}
+
 TEST_CASE("menus: every item keeps its number in the window") {
     int numero = 0;
     for (const std::string_view nom : kNumeros) {

@@ -2,6 +2,7 @@
 #include "verification/judge.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <cmath>
 #include <optional>
 #include <string_view>
@@ -140,7 +141,7 @@ void juge_rangee(Jugement& j, const LigneObservee& o) {
         return r.empty() ? 0 : std::count(r.begin(), r.end() - 1, ',') + 1;
     };
     j.bloc_refuse = o.erreur;
-    const long trouves = elements(o.formule), voulus = definition_de_matrice.definition_colonnes;
+    const std::ptrdiff_t trouves = elements(o.formule), voulus = definition_de_matrice.definition_colonnes;
     if (!o.erreur) return juge_elements(j, endroit_de(o), o.formule);
     if (trouves <= voulus) return;
     Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::colonnes_en_trop, o.formule.find(','), o.formule);

@@ -86,6 +86,18 @@ gboolean touche(GtkWidget* dialogue, GdkEventKey* frappe, gpointer) {
     return TRUE;
 }
 
+// The name is good, and the toolkit presses the button for the user: it would show it pressed for a quarter
+// of a second. The key that lets it go comes at once.
+void lache_le_bouton(GtkWidget*, gpointer dialogue) {
+    GtkWidget* bouton = gtk_window_get_default_widget(GTK_WINDOW(dialogue));
+    if (!GTK_IS_BUTTON(bouton) || gtk_widget_get_window(bouton) == nullptr) return;
+    GdkEvent* e = gdk_event_new(GDK_KEY_RELEASE);
+    e->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(bouton)));
+    e->key.keyval = GDK_KEY_Return;
+    gtk_widget_event(bouton, e);
+    gdk_event_free(e);
+}
+
 // What a reader calls a part of the font dialog, or nullptr.
 const char* nom_de_partie(GtkWidget* w) {
     if (GTK_IS_SEARCH_ENTRY(w)) return "Chercher une police";
@@ -146,4 +158,5 @@ void commence_par_le_nom(wxFileDialog& dialogue) {
     }
     g_signal_connect_after(choix, "map", G_CALLBACK(montre_ligne), fenetre);
     g_signal_connect(fenetre, "key-press-event", G_CALLBACK(touche), nullptr);
+    g_signal_connect_after(choix, "response-requested", G_CALLBACK(lache_le_bouton), fenetre);
 }

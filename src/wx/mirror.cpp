@@ -32,7 +32,10 @@ void Cadre::montre_police(Paire& p) {
                                   p.police.taille == police.taille && p.police.gras == police.gras))
         return;
     p.police = police;
-    p.fenetre->SetFont(police_wx(police));
+    if (p.fenetre == txt_)
+        pose_police_de_la_vue(*txt_, police_wx(police));
+    else
+        p.fenetre->SetFont(police_wx(police));
     a_placer_ = true;
 }
 
@@ -67,13 +70,7 @@ void Cadre::montre_couleurs() {
     if (couleur_vue_ == fenetre.txt_couleur && fond_vu_ == fenetre.txt_fond) return;
     couleur_vue_ = fenetre.txt_couleur;
     fond_vu_ = fenetre.txt_fond;
-    const wxColour caracteres = couleur_wx(couleur_vue_);
-    const wxColour fond = couleur_wx(fond_vu_);
-    txt_->SetForegroundColour(caracteres);
-    txt_->SetBackgroundColour(fond);
-    // The toolkit gives each piece of text the colours that are set when it comes, to keep.
-    txt_->SetDefaultStyle(wxTextAttr(caracteres, fond));
-    txt_->SetStyle(0, txt_->GetLastPosition(), wxTextAttr(caracteres, fond));
+    pose_couleurs_de_la_vue(*txt_, couleur_wx(couleur_vue_), couleur_wx(fond_vu_));
 }
 
 // The message line can be read on whatever the theme has behind it.

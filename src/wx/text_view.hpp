@@ -18,6 +18,10 @@ void lit_selection_de_la_vue(const wxTextCtrl& controle, long& de, long& a);
 void pose_selection_de_la_vue(wxTextCtrl& controle, long de, long a);
 void montre_curseur_de_la_vue(wxTextCtrl& controle, long position);
 
+// The font of the whole text; the colours of the whole text, and of the view around it.
+void pose_police_de_la_vue(wxTextCtrl& controle, const wxFont& police);
+void pose_couleurs_de_la_vue(wxTextCtrl& controle, const wxColour& caracteres, const wxColour& fond);
+
 // While true, a screen reader isn't told of what changes in the text, nor of a cursor that moves.
 void tait_les_changements(const wxTextCtrl& controle, bool tait);
 

@@ -257,6 +257,19 @@ void montre_curseur_de_la_vue(wxTextCtrl& controle, long position) {
         gtk_adjustment_set_value(gtk_scrollable_get_hadjustment(GTK_SCROLLABLE(vue)), 0);
 }
 
+// The view has font and colours, its text has none of its own: the toolkit would give each text that comes in
+// three tags, and look through the whole buffer for older ones at every key. It would also put the whole text
+// in anew for another font.
+void pose_police_de_la_vue(wxTextCtrl& controle, const wxFont& police) {
+    controle.wxTextCtrlBase::SetFont(police);
+}
+
+void pose_couleurs_de_la_vue(wxTextCtrl& controle, const wxColour& caracteres, const wxColour& fond) {
+    controle.SetForegroundColour(caracteres);
+    controle.SetBackgroundColour(fond);
+    controle.SetDefaultStyle(wxTextAttr());
+}
+
 // What the toolkit tells a reader of the buffer comes from the view's accessible object.
 void tait_les_changements(const wxTextCtrl& controle, bool tait) {
     GtkWidget* vue = gtk_bin_get_child(GTK_BIN(controle.GetHandle()));

@@ -214,6 +214,13 @@ void montre_curseur_de_la_vue(wxTextCtrl& controle, long) {
     demande(controle, EM_SCROLLCARET, 0);
 }
 
+void pose_police_de_la_vue(wxTextCtrl& controle, const wxFont& police) { controle.SetFont(police); }
+
+void pose_couleurs_de_la_vue(wxTextCtrl& controle, const wxColour& caracteres, const wxColour& fond) {
+    controle.SetForegroundColour(caracteres);
+    controle.SetBackgroundColour(fond);
+}
+
 // A reader asks by itself what the text has become.
 void tait_les_changements(const wxTextCtrl&, bool) {}
 

@@ -193,8 +193,8 @@ def font_of_the_screen(p):
                 "Voulez vous modifier la police de l'écran", "Liberation Serif", 30)
     p.wait_text()
     wait(lambda: height_of_line(p) > before * 1.5, "larger letters")
-    attributes = Atspi.Text.get_attribute_run(p.text(), 0, False)[0]
-    same(attributes.get("family-name"), "Liberation Serif", "font")
+    attributes = Atspi.Text.get_attribute_run(p.text(), 0, True)[0]
+    same((attributes.get("family-name"), attributes.get("size")), ("Liberation Serif", "30"), "font")
     p.menu("O", "Choix de la police de l'écran")
     p.close_box("police Liberation Serif Taille 30")
     p.wait_box("Voulez vous modifier la police de l'écran")

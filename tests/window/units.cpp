@@ -69,6 +69,16 @@ TEST_CASE("a cursor between the two characters of a line end is at the start of 
     CHECK(position_du_controle("A=3\r\n", 4) == 4);
 }
 
+TEST_CASE("each kind of line end is one character of the control") {
+    const std::string feuille = "a\rb\nc\r\n\r\r\n";
+    const std::vector<std::size_t> la = {0, 1, 2, 3, 4, 5, 6, 6, 7, 8, 8};
+    CHECK(texte_du_controle(feuille) == "a\nb\nc\n\n\n");
+    for (std::size_t i = 0; i < la.size(); ++i) CHECK(position_du_controle(feuille, i) == la[i]);
+    CHECK(position_de_la_feuille(feuille, 6) == 7);
+    CHECK(position_de_la_feuille(feuille, 7) == 8);
+    CHECK(position_de_la_feuille(feuille, 8) == 10);
+}
+
 TEST_CASE("every position of the control goes to the sheet and back") {
     for (const std::string& feuille : kFeuilles) {
         CAPTURE(feuille);

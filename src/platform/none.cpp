@@ -74,7 +74,8 @@ constexpr Port kPortVide{
     {[](Chemin, Chemin, double) -> int { return kAccesFichier; }},
     kFenetre,
     kSysteme,
-    kReprise};
+    kReprise,
+    {[](const std::vector<std::int16_t>&, int) {}, [] {}}};
 
 }  // namespace
 

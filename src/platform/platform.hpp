@@ -113,6 +113,13 @@ struct PortReprise {
     std::int64_t (*maintenant)();                               // seconds since 1970
 };
 
+// Sounds of the program's own making: samples from -32768 to 32767, left and right in turn. The order returns at once;
+// the front end reports the end, or that there is no device.
+struct PortSon {
+    void (*joue)(const std::vector<std::int16_t>& echantillons, int cadence);   // what played before stops
+    void (*arrete)();
+};
+
 struct Port {
     PortTexte texte;
     PortBoites boites;
@@ -124,6 +131,7 @@ struct Port {
     PortFenetre fenetre;
     PortSysteme systeme;
     PortReprise reprise;
+    PortSon son;
 };
 
 extern Port port;

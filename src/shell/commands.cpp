@@ -238,6 +238,9 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 66, .menu = kOutils, .nom = "mnuEtudierItem", .libelle = "Étudi&er la fonction"_fr,
      .raccourci = ctrl('U'), .mots_aide = "étudier la fonction"_fr, .vues = Vues::quittees,
      .execute = mnuEtudierItem},
+    {.numero = 67, .menu = kOutils, .nom = "mnuEcouterItem", .libelle = "Écouter la courbe"_fr,
+     .raccourci = ctrl(kToucheF9), .mots_aide = "écouter la courbe"_fr, .vues = Vues::quittees,
+     .execute = mnuEcouterItem},
 
     {.numero = 47, .menu = kAide, .nom = "mnuAideToucheItem",
      .libelle = "&Aide mémoire des touches"_fr, .raccourci = seule(kToucheF1),

@@ -23,6 +23,7 @@
 #include "shell/function_list.hpp"
 #include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
+#include "shell/listening.hpp"
 #include "shell/menus.hpp"
 #include "shell/quitting.hpp"
 #include "shell/recent_files.hpp"
@@ -216,6 +217,7 @@ void evenement_chargement() { evenement(demarre); }
 // and the next start offers the sheets that were not saved. Kept: see the oddities, close-box-closes. It
 // stays when a sheet couldn't be saved, and when what isn't saved can't be kept for the next start.
 void evenement_fermeture() {
+    arrete_courbe();
     documents.enregistrement_rate = false;
     evenement([] { execute_commande(kItemQuitter); });
     if (fenetre.fermee || documents.enregistrement_rate) return;
@@ -234,6 +236,7 @@ bool evenement_fin_session() {
 }
 
 void evenement_menu(std::string_view nom, int index) {
+    arrete_courbe();
     evenement([&] {
         if (nom == kNomRecents) {
             const EtatItem* item = etat_recent(index);
@@ -248,6 +251,7 @@ void evenement_menu(std::string_view nom, int index) {
 
 // A click on an option moves the choice and nothing else: the button of the view reads it.
 void evenement_clic(std::string_view nom) {
+    arrete_courbe();
     evenement([&] {
         const Controle* c = controle(nom);
         if (c == nullptr || !accessible(*c)) return;
@@ -275,6 +279,7 @@ void evenement_lecture_seule() {
 }
 
 bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
+    arrete_courbe();
     const std::string_view item = item_du_raccourci(frappe);
     note_touche_entendus(frappe.touche, item);
     const bool repetee = est_tenue(frappe.touche);
@@ -283,6 +288,11 @@ bool evenement_pression(std::string_view nom, const FrappeTouche& frappe) {
         if (repetee && ligne_menu(item)->une_fois) return true;
         note_servie(frappe.touche);
         evenement_menu(item);
+        return true;
+    }
+    if (nom == "txt" && est_touche_d_ecoute(frappe)) {
+        note_servie(frappe.touche);
+        evenement([&] { touche_d_ecoute(frappe); });
         return true;
     }
     if (nom == "txt" && est_touche_de_liste(frappe)) {
@@ -333,5 +343,10 @@ void evenement_saisie(std::string_view mots, bool refus) {
 void evenement_touche(std::string_view nom, const FrappeTouche& frappe) {
     evenement([&] {
         if (nom == "txt") touche_texte(frappe);
+        suit_curseur();
     });
+}
+
+void evenement_fin_de_son(bool joue) {
+    evenement([&] { courbe_finie(joue); });
 }

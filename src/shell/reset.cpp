@@ -18,6 +18,7 @@
 #include "shell/heard.hpp"
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
+#include "shell/listening.hpp"
 #include "shell/menus.hpp"
 #include "shell/review.hpp"
 #include "shell/spoken_line.hpp"
@@ -44,6 +45,7 @@ void reinitialise_tout() {
     attention = Attention{};
     intervalle_donne = IntervalleDonne{};
     etude_gardee.reset();
+    ecoute = Ecoute{};
     oublie_touches();
     couleurs = Couleurs{};
     const Fenetre neuve;   // named: g++ 12 takes the captions of a nameless one for unset when it optimises

@@ -1,4 +1,4 @@
-// Studies the cursor's function. Changes the view, `intervalle_donne` and what is said; the sheet and its results stay.
+// Studies the cursor's function and makes it heard. Changes the view, `ecoute`, `intervalle_donne` and what is said; the sheet and its results stay.
 #include "shell/study_commands.hpp"
 
 #include <optional>
@@ -9,7 +9,10 @@
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "shell/listening.hpp"
 #include "shell/views.hpp"
+#include "shell/window.hpp"
+#include "study/curve.hpp"
 #include "study/sheet_study.hpp"
 
 IntervalleDonne intervalle_donne;
@@ -35,6 +38,18 @@ std::string reunit(const std::vector<std::string>& lignes) {
     return texte;
 }
 
+// The curve of the sheet's next function under INC or AIR, or of the first one; left empty when there is none.
+CourbeDeFeuille autre_courbe(const std::string& texte, const FonctionDeFeuille& fonction) {
+    std::optional<FonctionDeFeuille> choisie;
+    for (const FonctionDeFeuille& f : fonctions_de_feuille(texte)) {
+        if (f.ligne == fonction.ligne) continue;
+        if (!choisie || (choisie->ligne < fonction.ligne && f.ligne > fonction.ligne)) choisie = f;
+    }
+    CourbeDeFeuille c;
+    if (choisie && !lis_courbe(texte, *choisie, "", c).empty()) c = CourbeDeFeuille{};
+    return c;
+}
+
 }  // namespace
 
 void mnuEtudierItem() {
@@ -46,4 +61,18 @@ void mnuEtudierItem() {
         return dit(refus);
     montre_lecture(reunit(lignes_d_etude(etude)));
     etude_gardee = std::move(etude);
+}
+
+void mnuEcouterItem() {
+    const std::string texte = port.texte.texte();
+    const auto fonction = fonction_montree(texte);
+    if (!fonction || !demande_intervalle(*fonction)) return;
+    CourbeDeFeuille une;
+    if (const Refus refus = lis_courbe(texte, *fonction, intervalle_donne.bornes, une); !refus.empty())
+        return dit(refus);
+    ecoute.autre = autre_courbe(texte, *fonction);
+    ecoute.une = std::move(une);
+    montre_lecture(texte_d_ecoute());
+    fenetre.courbe_ecoutee = true;
+    joue_la_courbe(true);
 }

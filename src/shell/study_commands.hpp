@@ -1,4 +1,4 @@
-// The commands that make a function known without eyes: its study as lines. Change the view and what is said.
+// The commands that make a function known without eyes: its study as lines, its curve as sound. Change the view and what is said.
 #pragma once
 
 #include <string>
@@ -16,3 +16,4 @@ struct IntervalleDonne {
 extern IntervalleDonne intervalle_donne;
 
 void mnuEtudierItem();       // shows the study of the cursor's function, one fact a line
+void mnuEcouterItem();       // plays its curve and shows its points

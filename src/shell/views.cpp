@@ -29,7 +29,7 @@ namespace {
 void montre_texte(std::string texte, std::size_t position = 1) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
-    fenetre.liste_fonctions = false;
+    fenetre.liste_fonctions = fenetre.courbe_ecoutee = false;
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(position, 0);
     fenetre.txt_lecture_seule = true;
@@ -64,7 +64,7 @@ void montre_angle(bool angle) {
 void ramene_feuille() {
     const bool ailleurs = !feuille_montree();
     documents.liste_fonction_active = false;
-    fenetre.liste_fonctions = false;
+    fenetre.liste_fonctions = fenetre.courbe_ecoutee = false;
     aide.aide_touche = false;
     if (ailleurs) remontre_feuille();
     fenetre.txt_lecture_seule = false;

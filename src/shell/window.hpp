@@ -60,6 +60,7 @@ struct Fenetre {
                         {"MS Sans Serif", 8.25, true}};
 
     bool txt_lecture_seule = false;
+    bool courbe_ecoutee = false;              // the text shown tells the points of a curve
     bool liste_fonctions = false;             // the text shown is the list of functions
     int txt_couleur = kCouleurDessin;         // characters
     int txt_fond = kCouleurDessin;            // background

@@ -7,6 +7,7 @@
 #include "wx/appearance.hpp"
 #include "wx/ids.hpp"
 #include "wx/look.hpp"
+#include "wx/player.hpp"
 #include "wx/sounds.hpp"
 
 Cadre* cadre = nullptr;
@@ -160,6 +161,7 @@ void installe_fenetre(Cadre& c) {
         if (cadre != nullptr) cadre->note_message(texte);
     };
     installe_sons();
+    installe_lecteur_de_son();
     port.fenetre = {[] {
                         if (cadre != nullptr) cadre->montre();
                     },

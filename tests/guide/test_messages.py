@@ -16,7 +16,7 @@ WORDS = re.compile(r"[^\W\d_]{2}.* [^\W\d_]{2}|[À-ÿ]")     # two words, or an 
 VOICE = re.compile(r"\b(?:dit|message|boite|saisie|oui_non|oui_non_annuler|affiche_erreur_formule)\s*\("
                    r"[^;]*;")
 MENUS = ("shell/commands.cpp", "shell/menus.cpp", "shell/help_mode.hpp")   # captions and key-help words
-VOCABULARY = ("study/study_text.cpp", "verification/function_words.cpp", "verification/sign_words.cpp",   # words that sentences are made of
+VOCABULARY = ("shell/listening.cpp", "study/study_text.cpp", "verification/function_words.cpp", "verification/sign_words.cpp",   # words that sentences are made of
               "verification/words.cpp", "verification/line_words.cpp")
 # What the page of a sheet says; a browser reads it, and the program itself says none of it.
 PAGE = ("exchange/drawing.cpp", "exchange/html_text.cpp", "exchange/mathml.cpp", "exchange/page.cpp",

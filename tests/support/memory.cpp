@@ -88,6 +88,11 @@ void note_bip() {
 
 void note_son(Son genre) { entend("son", genre == Son::echec ? "échec"_fr : "réussite"_fr); }
 
+// Tenths of a second of a curve's or a point's sound.
+void note_courbe(const std::vector<std::int16_t>& echantillons, int cadence) {
+    entend("courbe", chiffres(static_cast<long long>(echantillons.size()) * 5 / cadence));
+}
+
 void note_message(Mots texte) {
     memoire.messages.emplace_back(texte);
     entend("message", texte);
@@ -425,5 +430,6 @@ void installe_port_memoire() {
                  '\\', interrompt, limite_pile()},
                 {[](void (*releve)()) { releve(); }, ecrit_reprise, efface_reprise, reprend_effacements,
                  echec_reprise, [] { return memoire.reprise_a_nous; },
-                 [] { return chiffres(++memoire.marques); }, [] { return memoire.horloge; }}};
+                 [] { return chiffres(++memoire.marques); }, [] { return memoire.horloge; }},
+                {note_courbe, [] { entend("arret"); }}};
 }

@@ -61,6 +61,9 @@ void echec(Etape& etape) {
 
 void presse_papiers(Etape& etape) { memoire.presse_papiers = vers_utf8(prend_texte(etape)); }
 
+// The sound that plays comes to its end; with "absent" there was no device for it.
+void fin_du_son(Etape& etape) { evenement_fin_de_son(!suit_mot(etape) || prend_mot(etape) != "absent"); }
+
 void panne(Etape& etape) { memoire.echec_impression = static_cast<int>(prend_entier(etape)); }
 
 // --- Start and end ------------------------------------------------------------------------------
@@ -102,7 +105,8 @@ constexpr std::array kGenres = {
     Genre{"question", "question", 1, 1},     Genre{"saisie", "saisie", 1, 2},
     Genre{"dialogue", "dialogue", 1, 2},     Genre{"bip", "bip", 0, 0},
     Genre{"impression", "impression", 1, 2}, Genre{"fin", "fin", 0, 0},
-    Genre{"son", "son", 1, 1},
+    Genre{"son", "son", 1, 1},               Genre{"courbe", "courbe", 1, 1},
+    Genre{"arrêt", "arret", 0, 0},
 };
 
 // What a step says was heard; a text that it leaves out isn't compared.
@@ -193,6 +197,7 @@ constexpr std::array kVerbes = {
     Verbe{"ferme", Sorte::action, ferme},         Verbe{"entend", Sorte::regard, entend},
     Verbe{"jours", Sorte::action, jours},         Verbe{"panne_secours", Sorte::action, panne_secours},
     Verbe{"fin_session", Sorte::action, termine_session},
+    Verbe{"fin_du_son", Sorte::action, fin_du_son},
     Verbe{"presse_papiers", Sorte::action, presse_papiers},
     Verbe{"voit", Sorte::regard, voit},           Verbe{"ignore", Sorte::oubli, ignore},
 };

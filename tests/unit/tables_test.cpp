@@ -45,6 +45,7 @@ constexpr auto kNumerosOutils = std::to_array<NumeroOutil>({
     {64, "mnuImporterItem"},
     {65, "mnuExporterDonneesItem"},
     {66, "mnuEtudierItem"},
+    {67, "mnuEcouterItem"},
 });
 
 struct RaccourciAttendu {
@@ -103,6 +104,7 @@ const auto kRaccourcis = std::to_array<RaccourciAttendu>({
     {"mnuExporterPageItem", avec_ctrl('H')},
     {"mnuImporterItem", avec_ctrl('I')},
     {"mnuEtudierItem", avec_ctrl('U')},
+    {"mnuEcouterItem", avec_ctrl(kToucheF9)},
 });
 
 // The items by their number in the window, which readers' scripts know.

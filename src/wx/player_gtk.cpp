@@ -1,0 +1,135 @@
+// The player on Linux: the desktop's sound server (PulseAudio, or PipeWire in its place), through its own library on
+// the loop of GTK. Nothing waits: the server's answers come as calls. The toolkit's own sounds need a device that
+// desktops no longer have.
+#include "wx/player.hpp"
+
+#include <pulse/glib-mainloop.h>
+#include <pulse/pulseaudio.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.hpp"
+#include "shell/events.hpp"
+
+namespace {
+
+constexpr const char* kSansCarte = "auto_null";   // what servers without a device call the one that they make up
+
+struct Lecteur {
+    pa_glib_mainloop* boucle = nullptr;
+    pa_context* contexte = nullptr;               // the way to the server, once it was needed
+    pa_stream* flux = nullptr;                    // the sound that plays
+    std::vector<std::int16_t> son;                // waits for the server
+    int cadence = 0;
+    bool attend = false;                          // `son` is to be played
+};
+Lecteur lecteur;
+
+void laisse_flux() {
+    if (lecteur.flux == nullptr) return;
+    pa_stream_set_state_callback(lecteur.flux, nullptr, nullptr);
+    pa_stream_disconnect(lecteur.flux);
+    pa_stream_unref(lecteur.flux);
+    lecteur.flux = nullptr;
+}
+
+void laisse_contexte() {
+    laisse_flux();
+    if (lecteur.contexte == nullptr) return;
+    pa_context_set_state_callback(lecteur.contexte, nullptr, nullptr);
+    pa_context_disconnect(lecteur.contexte);
+    pa_context_unref(lecteur.contexte);
+    lecteur.contexte = nullptr;
+}
+
+void finit(bool joue) {
+    lecteur.attend = false;
+    if (joue)
+        laisse_flux();
+    else
+        laisse_contexte();   // the next sound looks for a server anew
+    evenement_fin_de_son(joue);
+}
+
+// All samples stand in the server's buffer; it tells when they have been heard.
+void ecrit(pa_stream* flux) {
+    const std::size_t octets = lecteur.son.size() * sizeof(std::int16_t);
+    if (pa_stream_write(flux, lecteur.son.data(), octets, nullptr, 0, PA_SEEK_RELATIVE) < 0) return finit(false);
+    const auto ecoute = [](pa_stream* s, int reussi, void*) {
+        if (s == lecteur.flux) finit(reussi != 0);
+    };
+    pa_operation* attente = pa_stream_drain(flux, ecoute, nullptr);
+    if (attente == nullptr) return finit(false);
+    pa_operation_unref(attente);
+}
+
+void etat_du_flux(pa_stream* flux, void*) {
+    if (flux != lecteur.flux) return;
+    const pa_stream_state_t etat = pa_stream_get_state(flux);
+    if (etat == PA_STREAM_READY) ecrit(flux);
+    if (etat == PA_STREAM_FAILED) finit(false);
+}
+
+void commence() {
+    if (!lecteur.attend) return;
+    lecteur.attend = false;
+    const pa_sample_spec forme{PA_SAMPLE_S16NE, static_cast<std::uint32_t>(lecteur.cadence), 2};
+    lecteur.flux = pa_stream_new(lecteur.contexte, "courbe", &forme, nullptr);
+    if (lecteur.flux == nullptr) return finit(false);
+    pa_stream_set_state_callback(lecteur.flux, etat_du_flux, nullptr);
+    const auto octets = static_cast<std::uint32_t>(lecteur.son.size() * sizeof(std::int16_t));
+    const auto defaut = static_cast<std::uint32_t>(-1);
+    const pa_buffer_attr place{octets, octets, defaut, defaut, defaut};
+    if (pa_stream_connect_playback(lecteur.flux, nullptr, &place, PA_STREAM_NOFLAGS, nullptr, nullptr) < 0) finit(false);
+}
+
+// A server without a device plays to nobody.
+void regarde_la_sortie(pa_context* contexte, const pa_server_info* info, void*) {
+    if (contexte != lecteur.contexte || !lecteur.attend) return;
+    const bool sortie = info != nullptr && info->default_sink_name != nullptr &&
+                        std::string_view(info->default_sink_name) != kSansCarte;
+    sortie ? commence() : finit(false);
+}
+
+void demande_la_sortie() {
+    pa_operation* demande = pa_context_get_server_info(lecteur.contexte, regarde_la_sortie, nullptr);
+    if (demande == nullptr) return finit(false);
+    pa_operation_unref(demande);
+}
+
+void etat_du_contexte(pa_context* contexte, void*) {
+    if (contexte != lecteur.contexte) return;
+    const pa_context_state_t etat = pa_context_get_state(contexte);
+    if (etat == PA_CONTEXT_READY) demande_la_sortie();
+    if (etat != PA_CONTEXT_FAILED && etat != PA_CONTEXT_TERMINATED) return;
+    const bool en_cours = lecteur.attend || lecteur.flux != nullptr;
+    en_cours ? finit(false) : laisse_contexte();
+}
+
+void cherche_serveur() {
+    if (lecteur.boucle == nullptr) lecteur.boucle = pa_glib_mainloop_new(nullptr);
+    lecteur.contexte = pa_context_new(pa_glib_mainloop_get_api(lecteur.boucle), "VOXTAB");
+    pa_context_set_state_callback(lecteur.contexte, etat_du_contexte, nullptr);
+    if (pa_context_connect(lecteur.contexte, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) finit(false);
+}
+
+void arrete() {
+    lecteur.attend = false;
+    laisse_flux();
+}
+
+void joue(const std::vector<std::int16_t>& echantillons, int cadence) {
+    arrete();
+    lecteur.son = echantillons;
+    lecteur.cadence = cadence;
+    lecteur.attend = true;
+    if (lecteur.contexte == nullptr) return cherche_serveur();
+    if (pa_context_get_state(lecteur.contexte) == PA_CONTEXT_READY) demande_la_sortie();
+}
+
+}  // namespace
+
+void installe_lecteur_de_son() { port.son = {joue, arrete}; }

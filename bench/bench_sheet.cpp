@@ -56,7 +56,7 @@ void mesure(const std::string& seulement, int repetitions) {
 }  // namespace
 
 int main(int nombre, char** arguments) {
-    CLI::App options("Measures the sheet calculation beside muParser and bc, and its growth.");
+    CLI::App options("Measures the sheet calculation beside muParser, the Luas and bc, and its growth.");
     int repetitions = 9;
     std::string seulement;
     bool strict = false;

@@ -1,4 +1,4 @@
-// The comparisons with muParser and bc: the same formulas, each in its own language, and first a
+// The comparisons with muParser, LuaJIT, Lua and bc: the same formulas, each in its own language, and first a
 // look at the values, which must be the same.
 #include <cmath>
 #include <cstdlib>
@@ -45,34 +45,20 @@ void verifie_bc(const FeuilleMixte& f) {
     if (std::getline(sortie, texte)) throw std::runtime_error("bc printed too much");
 }
 
-// Medians of the passes over one sheet, in seconds. Without bc its times are 0.
-struct Temps {
-    double ici = 0;
-    double muparser = 0;
-    double bc = 0;  // less the start-up
-    double depart_bc = 0;
-};
-
-// Looks at the values once, then times the three programs in turn.
-Temps compare_feuille(const FeuilleMixte& f, int repetitions) {
-    const bool bc = bc_present();
-    temps_passe("mixed sheet", f.texte);
-    verifie_muparser(f);
-    if (bc) verifie_bc(f);
+// Every formula has the value that a Lua gives.
+void verifie_lua(const std::string& nom, const FeuilleMixte& f) {
     std::vector<double> valeurs;
-    std::vector<Cas> cas = {[&] { return temps_passe("mixed sheet", f.texte); },
-                            [&] { return temps_muparser(f.muparser, valeurs); }};
-    if (bc) {
-        cas.push_back([&] { return temps_bc(f.bc); });
-        cas.push_back([] { return temps_bc(""); });
-    }
-    const std::vector<double> t = medianes(cas, repetitions);
-    if (!bc) return {t[0], t[1], 0, 0};
-    return {t[0], t[1], t[2] - t[3], t[3]};
+    temps_lua(nom, f.muparser, valeurs);
+    for (std::size_t i = 0; i < valeurs.size(); ++i)
+        exige_proche(nom + ", " + f.muparser[i], feuille.valeur_ligne(f.numero[i]), valeurs[i]);
 }
 
-// A row of the times a line of this program and of another, which is wanted `fois` times slower; 0:
-// the row only informs.
+// How many times slower each program is wanted than this one, a line; 0: its row only informs.
+struct Voulu {
+    double muparser = 0, luajit = 0, bc = 0;
+};
+
+// A row of the times a line of this program and of another, which is wanted `fois` times slower.
 void affiche_rival(const std::string& quoi, double ici, double autre, double fois) {
     Rangee r{quoi, duree(ici / kLignesMaximum), duree(autre / kLignesMaximum), autre / ici, "",
              true};
@@ -81,59 +67,92 @@ void affiche_rival(const std::string& quoi, double ici, double autre, double foi
     affiche(r);
 }
 
-void affiche_rivaux(const Temps& t, double fois_muparser, double fois_bc) {
-    affiche_rival("muParser, parse and evaluate once a formula", t.ici, t.muparser, fois_muparser);
-    if (t.bc > 0)
-        affiche_rival("bc -l, without its start-up of " + duree(t.depart_bc), t.ici, t.bc, fois_bc);
-    else
-        note("bc is not installed: its row is left out");
+void note_absent(const std::string& nom) { note(nom + " is not installed: its row is left out"); }
+
+// Looks at the values once, times the programs in turn and prints a row for each.
+void compare_feuille(const FeuilleMixte& f, const Voulu& voulu, int repetitions) {
+    const bool bc = bc_present(), luajit = lua_present("luajit"), lua = lua_present("lua5.4");
+    temps_passe("mixed sheet", f.texte);
+    verifie_muparser(f);
+    if (bc) verifie_bc(f);
+    if (luajit) verifie_lua("luajit", f);
+    if (lua) verifie_lua("lua5.4", f);
+    std::vector<double> valeurs;
+    std::vector<Cas> cas = {[&] { return temps_passe("mixed sheet", f.texte); },
+                            [&] { return temps_muparser(f.muparser, valeurs); },
+                            [&] { return luajit ? temps_lua("luajit", f.muparser, valeurs) : 0; },
+                            [&] { return lua ? temps_lua("lua5.4", f.muparser, valeurs) : 0; },
+                            [&] { return bc ? temps_bc(f.bc) : 0; },
+                            [&] { return bc ? temps_bc("") : 0; }};
+    const std::vector<double> t = medianes(cas, repetitions);
+    affiche_rival("muParser, parse and evaluate once a formula", t[0], t[1], voulu.muparser);
+    luajit ? affiche_rival("LuaJIT, load and run each line, two decimals", t[0], t[2], voulu.luajit)
+           : note_absent("luajit");
+    lua ? affiche_rival("Lua 5.4, the same", t[0], t[3], 0) : note_absent("lua5.4");
+    bc ? affiche_rival("bc -l, without its start-up of " + duree(t[5]), t[0], t[4] - t[5], voulu.bc) : note_absent("bc");
+    if (voulu.muparser > 0 && t[1] < voulu.muparser * t[0])
+        note("a line is read character by character: branches that can't be foretold are two fifths of its time");
+    if (voulu.bc > 0 && t[4] - t[5] < voulu.bc * t[0])
+        note("bc reads a line of plain arithmetic in half a microsecond and needs 6 to 45 for a function: its ratio is that of the mix");
 }
 
-// One function's area beside muParser's; wanted at most `fois` times its time. The shared point of
-// two trapezoids has one value: a second row tells what muParser takes when it knows that too.
-void compare_aire(const std::string& fonction, const std::string& fonction_mu, double fois,
-                  int repetitions) {
-    const std::string texte = "AIRX(0,1," + std::to_string(kTrapezes) + ")\r\n" + fonction;
-    double aire = 0, aire_une_fois = 0;
+// A function whose area is compared: its texts, where the area begins (it is one wide), the part of muParser's time that is
+// wanted at most, and of LuaJIT's; 0: that row only informs.
+struct Aire {
+    std::string fonction, en_muparser;
+    double debut, muparser, luajit;
+};
+
+void affiche_aire(const std::string& quoi, double ici, double autre, double part) {
+    Rangee r{quoi, duree(ici), duree(autre), ici / autre, "", true};
+    if (part > 0) r.voulu = "at most " + decimal(part, 1);
+    if (part > 0) r.tenu = ici <= part * autre;
+    affiche(r);
+}
+
+// One function's area beside those of the others. The shared point of two trapezoids has one value: a row tells what
+// muParser takes when it knows that too.
+void compare_aire(const Aire& a, int repetitions) {
+    const std::string texte = "AIRX(" + decimal(a.debut, 0) + "," + decimal(a.debut + 1, 0) + "," +
+                              std::to_string(kTrapezes) + ")\r\n" + a.fonction;
+    const bool luajit = lua_present("luajit"), lua = lua_present("lua5.4");
+    double aire = 0, une_fois = 0, en_luajit = 0, en_lua = 0;
+    const auto en = [&](const char* nom, bool present, double& valeur) {
+        return present ? temps_aire_lua(nom, a.en_muparser, a.debut, kTrapezes, valeur) : 0;
+    };
     const std::vector<double> t = medianes(
-        {[&] { return temps_passe("AIR " + fonction, texte, kRadian); },
-         [&] { return temps_aire_muparser(fonction_mu, kTrapezes, Bouts::deux_fois, aire); },
-         [&] {
-             return temps_aire_muparser(fonction_mu, kTrapezes, Bouts::une_fois, aire_une_fois);
-         }},
+        {[&] { return temps_passe("AIR " + a.fonction, texte, kRadian); },
+         [&] { return temps_aire_muparser(a.en_muparser, a.debut, kTrapezes, Bouts::deux_fois, aire); },
+         [&] { return temps_aire_muparser(a.en_muparser, a.debut, kTrapezes, Bouts::une_fois, une_fois); },
+         [&] { return en("luajit", luajit, en_luajit); }, [&] { return en("lua5.4", lua, en_lua); }},
         repetitions);
-    exige_proche("area of " + fonction, feuille.valeur_ligne(1), aire);
-    exige_proche("area of " + fonction + " by single points", aire_une_fois, aire);
-    affiche({"AIRX(0,1,1000000) over " + fonction, duree(t[0]), duree(t[1]), t[0] / t[1],
-             "at most " + decimal(fois, 1), t[0] <= fois * t[1]});
-    affiche({"  beside muParser evaluating each point once", duree(t[0]), duree(t[2]), t[0] / t[2],
-             "", true});
+    for (const double autre : {aire, une_fois, luajit ? en_luajit : aire, lua ? en_lua : aire})
+        exige_proche("area of " + a.fonction, feuille.valeur_ligne(1), autre);
+    affiche_aire("a million trapezoids over " + a.fonction + ", muParser", t[0], t[1], a.muparser);
+    affiche_aire("  muParser evaluating each point once", t[0], t[2], 0);
+    luajit ? affiche_aire("  LuaJIT", t[0], t[3], a.luajit) : note_absent("luajit");
+    lua ? affiche_aire("  Lua 5.4", t[0], t[4], 0) : note_absent("lua5.4");
 }
 
 }  // namespace
 
 void compare_feuille_mixte(int repetitions) {
     const FeuilleMixte f = cree_feuille_mixte(kLignesMaximum);
-    const Temps t = compare_feuille(f, repetitions);
     titre("A sheet of 32,767 mixed lines, " + milliers(static_cast<int>(f.numero.size())) +
           " of them formulas; times are per line of the sheet; ratio is beside / here");
-    // The microsecond belongs to a machine where muParser takes four.
-    const double but = t.muparser / 4;
-    affiche({"the whole pass", duree(t.ici / kLignesMaximum), "", 0,
-             "at most " + duree(but / kLignesMaximum) + " (1 us where muParser takes 4)",
-             t.ici <= but});
-    affiche_rivaux(t, 4, 40);
+    compare_feuille(f, {.muparser = 20, .luajit = 4, .bc = 30}, repetitions);
 }
 
 void compare_feuille_fonctions(int repetitions) {
-    const Temps t =
-        compare_feuille(cree_feuille_mixte(kLignesMaximum, Melange::fonctions), repetitions);
-    titre("The same, but every formula calls a function or uses Pi (to read the ratios above by)");
-    affiche_rivaux(t, 0, 0);
+    const FeuilleMixte f = cree_feuille_mixte(kLignesMaximum, Melange::fonctions);
+    titre("The same, but every formula calls a function or uses Pi");
+    compare_feuille(f, {.bc = 80}, repetitions);
 }
 
 void compare_aires(int repetitions) {
-    titre("Areas in radians beside the same sums over muParser's bytecode; ratio is here / beside");
-    compare_aire("3X+SIN(X)/2", "3*X+sin(X)/2", 1.0, repetitions);
-    compare_aire("X^2+3X+1", "X^2+3*X+1", 2.0, repetitions);
+    titre("Areas in radians beside the same sums of others; ratio is here / beside");
+    compare_aire({"3X+SIN(X)/2", "3*X+sin(X)/2", 0, 1.0, 1.0}, repetitions);
+    compare_aire({"X^2+3X+1", "X^2+3*X+1", 0, 0.8, 0}, repetitions);
+    note("LuaJIT multiplies; a power here goes through logarithm and exponential, which is part of its digits");
+    compare_aire({"SIN(X)*EXP(-X)+LN(X)", "sin(X)*exp(-X)+ln(X)", 1, 1.0, 1.0}, repetitions);
 }

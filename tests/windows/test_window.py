@@ -457,6 +457,27 @@ def copied_result(p):
     p.wait_sheet("3\n1234567.5")
 
 
+def findings(p):
+    """The check of the sheet goes from one finding to the next; a calculation warns of what is new."""
+    product = "ligne 2, signe manquant : 2(A+1) est lu 2, la suite n'est pas calculée ; tapez 2*(A+1)"
+    p.start(text="A=3¶2(A+1)¶-2^2")
+    p.key("Ctrl+K")
+    p.hear("2 constats, 1 faux probable", product)
+    wait(lambda: p.selection() == (6, 6), "the cursor at the finding")
+    p.key("F4")
+    p.hear("ligne 3, à savoir, signe moins et puissance : -2^2 vaut -4, la puissance est calculée d'abord ; "
+           "tapez (-2)^2")
+    p.key("F4")
+    p.hear("pas de constat plus bas")
+    p.key("Maj+F4")
+    p.hear(product)
+    p.key("Alt+C")
+    p.hear("2(A+1) = 2", "attention ligne 2")
+    p.key("Alt+C")
+    p.hear("2(A+1) = 2")
+    p.wait_sheet("A=3 = 3\n2(A+1) = 2\n-2^2 = -4")
+
+
 def large_sheet(p):
     """A sheet beyond 64 KB is shown, calculated and written at its end."""
     lines = [f"{i}+1" for i in range(12000)]
@@ -522,6 +543,6 @@ def given_up(p):
 run([start, calculation, repeated_message, given_up, messages_together, equal_messages, told_to_the_system, undo,
      undo_of_the_control_menu, undo_without_keys, alt_released_first, number_modes, decimals, angle_view,
      tab_order, colour_view, functions_and_guide, key_help, search_and_replace,
-     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, faults, copied_result,
+     bookmarks_words_and_lines, french_keyboard, clipboard, pasted_characters, faults, copied_result, findings,
      large_sheet,
      fonts, deep_formulas], BUILD, PLACE)

@@ -1,0 +1,53 @@
+"""What a blind user hears of the check of the sheet: the count, each finding once, and the warning behind a
+calculation, in the ear and on the braille line."""
+import sys
+
+from hearing import FLASH, Hearing
+from pilot import Program, same
+from reader import Reader
+
+BINARY, PLACE = sys.argv[1:3]
+PRODUCT = "ligne 2, signe manquant : 2(A+1) est lu 2, la suite n'est pas calculée ; tapez 2*(A+1)"
+POWER = ("ligne 3, à savoir, signe moins et puissance : -2^2 vaut -4, la puissance est calculée d'abord ; "
+         "tapez (-2)^2")
+
+
+def findings(p, h):
+    """The count and the first place, and from one to the next; the sheet stays as it is."""
+    p.type("A=3¶2(A+1)¶-2^2")
+    h.hear("Ctrl+K", "2 constats, 1 faux probable", PRODUCT)
+    same(p.caret(), 5, "the cursor")
+    h.hear("F4", POWER)
+    same(p.caret(), 11, "the cursor")
+    h.hear("F4", "pas de constat plus bas")
+    h.hear("Maj+F4", PRODUCT)
+    h.hear("Maj+F4", "pas de constat plus haut")
+    p.wait_sheet("A=3\n2(A+1)\n-2^2")
+
+
+def warning(p, h):
+    """The first calculation warns, the second one has nothing new; the option is kept."""
+    h.hear("Alt+C", "2(A+1) = 2", "attention ligne 2")
+    h.hear("Alt+C", "2(A+1) = 2")
+    p.wait_sheet("A=3 = 3\n2(A+1) = 2\n-2^2 = -4")
+
+
+def main():
+    reader = Reader(PLACE, flash=FLASH)
+    program = Program(BINARY, PLACE)
+    h = Hearing(program, reader)
+    try:
+        program.start()
+        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
+        for part in (findings, warning):
+            part(program, h)
+        same(program.errors(), [], "what the toolkit complains about")
+    finally:
+        program.screen.release_all()
+        program.kill()
+        reader.end()
+    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
+    raise SystemExit(1 if h.failures else 0)
+
+
+main()

@@ -238,7 +238,7 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 66, .menu = kOutils, .nom = "mnuEtudierItem", .libelle = "Étudi&er la fonction"_fr,
      .raccourci = ctrl('U'), .mots_aide = "étudier la fonction"_fr, .vues = Vues::quittees,
      .execute = mnuEtudierItem},
-    {.numero = 67, .menu = kOutils, .nom = "mnuEcouterItem", .libelle = "Écouter la courbe"_fr,
+    {.numero = 67, .menu = kOutils, .nom = "mnuEcouterItem", .libelle = "Écouter la cour&be"_fr,
      .raccourci = ctrl(kToucheF9), .mots_aide = "écouter la courbe"_fr, .vues = Vues::quittees,
      .execute = mnuEcouterItem},
 

@@ -78,6 +78,11 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
     {zero_montre, "zero_montre", kSavoir, "résultat arrondi à zéro"_fr, "%m vaut %v, il faut plus de décimales"_fr},
     {valeur_coupee, "valeur_coupee", kSavoir, "résultat coupé"_fr, "%m vaut %v"_fr},
     {effectif, "effectif", kSavoir, "effectif"_fr, "dans %m, le nombre derrière la virgule est un effectif"_fr},
+    {definition_ouverte, "definition_ouverte", kFaux, "en-tête"_fr, "%m n'est jamais fermé ni calculé, il faut FIN en dessous"_fr},
+    {pourcentage_du_terme, "pourcentage_du_terme", kFaux, "pourcentage"_fr,
+     "dans %m, pour cent porte sur tout le terme"_fr},
+    {point_virgule_de_liste, "point_virgule_de_liste", kFaux, "point virgule"_fr,
+     "dans %m, une virgule sépare les valeurs d'une liste"_fr},
 }};
 
 static_assert([] {

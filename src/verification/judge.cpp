@@ -57,7 +57,7 @@ std::vector<std::size_t> places_de(const LigneObservee& o) {
 
 // True when nothing in the record asks for a second look.
 bool sans_histoire(const Releve& r, std::size_t taille) {
-    constexpr std::uint32_t kRien = kTraitPourcent | kTraitBits;
+    constexpr std::uint32_t kRien = kTraitBits;
     return (r.traits & ~kRien) == 0 && r.faute == 0 && r.arret > static_cast<std::int32_t>(taille) &&
            (r.lettres & (1u << ('E' - 'A' + 1))) == 0;
 }
@@ -117,6 +117,20 @@ void juge_texte(Jugement& j, const Endroit& e, std::string_view texte) {
     juge_formule(j, la, {tapee, lue.formule, lue.releve, lue.erreur, places_dans_le_texte(tapee, lue.formule)}, lue.valeur);
 }
 
+// The row with a comma between each two elements.
+std::string avec_virgules(std::string_view rangee) {
+    std::string texte;
+    for (std::size_t i = 0; i < rangee.size(); ++i) {
+        if (rangee[i] != ' ' && rangee[i] != ',') {
+            texte += rangee[i];
+            continue;
+        }
+        while (i + 1 < rangee.size() && (rangee[i + 1] == ' ' || rangee[i + 1] == ',')) ++i;
+        texte += ',';
+    }
+    return texte;
+}
+
 // The elements of a row of a matrix or of a data line. Plain numbers are read and not evaluated.
 void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
     std::size_t debut = 0;
@@ -125,7 +139,11 @@ void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
         const std::string_view element = ligne.substr(debut, virgule - debut);
         const Endroit la{e.numero, e.numero_ecrit, e.retrait + debut};
         if (element.find_first_not_of("0123456789.-") != npos) {
+            const std::size_t avant = j.constats.size();
             juge_texte(j, la, element);
+            // Among elements a blank stands for a comma.
+            if (j.constats.size() > avant && j.constats.back().genre == GenreConstat::deux_valeurs)
+                j.constats.back().propose = avec_virgules(ligne);
         } else if (const std::size_t lus = longueur_prefixe(element); lus < element.size()) {
             Constat& c = ajoute_constat(j, la, GenreConstat::element_partiel, lus, element);
             c.lu = lus == 0 ? "0" : std::string(element.substr(0, lus));
@@ -208,6 +226,22 @@ void juge_statistiques(Jugement& j, const LigneObservee& o) {
         juge_formule(j, endroit_de(o), lue, o.valeur, false);
 }
 
+// True when what stands behind a "!" goes on with the formula. A comment begins with a word, and behind a blank
+// also with a sign.
+bool continue_le_calcul(std::string_view derriere, bool colle) {
+    const std::string_view suite = sans_blancs(derriere);
+    if (suite.empty()) return true;
+    const auto chiffre = [](char c) { return (c >= '0' && c <= '9') || c == '('; };
+    const auto lettre = [](char c) { return capitale(c) >= 'A' && capitale(c) <= 'Z'; };
+    if (std::string_view("+-*/^),=!:%×÷;"_fr).find(suite[0]) != npos) {
+        const std::string_view apres = sans_blancs(suite.substr(1));
+        return colle || (!apres.empty() && chiffre(apres[0]));
+    }
+    // One value alone is no comment.
+    const bool valeur = suite.find_first_not_of("0123456789.()") == npos || (suite.size() == 1 && lettre(suite[0]));
+    return colle && derriere[0] != ' ' && valeur;
+}
+
 // "5!" is no factorial: what stands behind the "!" is a comment. A comment that is one begins with a word.
 bool juge_factorielle(Jugement& j, const LigneObservee& o) {
     const std::size_t signe = o.formule.size();
@@ -215,12 +249,22 @@ bool juge_factorielle(Jugement& j, const LigneObservee& o) {
     const std::size_t place = o.ligne.find('!');
     const char devant = o.formule.back();
     const bool operande = (devant >= '0' && devant <= '9') || devant == ')' || (place == signe && capitale(devant) >= 'A' && capitale(devant) <= 'Z');
-    const std::string_view suite = sans_blancs(o.ligne.substr(place + 1));
-    const bool seul = suite.empty() || std::string_view("+-*/^),=!").find(suite[0]) != npos;
-    if (!operande || !seul || (place > signe && !suite.empty())) return false;
+    if (!operande || !continue_le_calcul(o.ligne.substr(place + 1), place == signe)) return false;
     Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::factorielle, place, o.ligne);
     c.lu = o.formule;
     c.propose = avec_factorielles(o.ligne);
+    return true;
+}
+
+// True for numbers, letters, products and powers alone: they leave nothing of rounding where 0 was meant.
+bool est_produit(std::string_view formule) {
+    char avant = '=';
+    for (const char c : capitales(formule)) {
+        const bool lettre = c >= 'A' && c <= 'Z';
+        if (c == '+' || (lettre && avant >= 'A' && avant <= 'Z')) return false;
+        if (c == '-' && avant != '(' && avant != '^' && avant != '=') return false;
+        if (c != ' ') avant = c;
+    }
     return true;
 }
 
@@ -232,7 +276,7 @@ void juge_valeur(Jugement& j, const LigneObservee& o) {
     if (entier && modes.mode_nombre == 1) return;
     if (!o.resultat.starts_with(" = ") || o.resultat.find(',') != npos || o.resultat.find("Pi") != npos) return;
     const bool zero = o.resultat == " = 0" || o.resultat == " = -0";
-    if (zero && std::fabs(x) < 1e-12) return;   // what rounding has left of zero
+    if (zero && std::fabs(x) < 1e-12 && !est_produit(o.formule)) return;   // what rounding has left of zero
     const bool coupee = modes.mode_nombre == 2 ? !entier : modes.mode_affichage == 1;
     if (!zero && !coupee) return;
     const GenreConstat genre = zero && !coupee ? GenreConstat::zero_montre : GenreConstat::valeur_coupee;
@@ -287,8 +331,13 @@ void juge_fermante(Jugement& j, const LigneObservee& o) {
     if (o.formule.empty()) return;
     const std::string entiere = capitales(o.entiere);
     const std::size_t mot = entiere.find(kFin.mot);
-    if (mot == npos || mot < o.formule.size()) return;   // a text, or the line that closes a definition
-    if (!lit_formule(o.formule).erreur) ajoute_constat(j, endroit_de(o), GenreConstat::mot_fin, mot, o.formule);
+    if (mot == npos) return;
+    // In front of the comment it is a text, or the line that closes a definition, but for an assignment.
+    const bool affecte = o.entiere.substr(o.formule.size()).find('=') != npos && est_mot(o.formule) && o.formule.size() > 3;
+    if (mot < o.formule.size() && !affecte) return;
+    const std::string formule = capitales(o.formule);
+    const bool marque = formule.find("STATX(") != npos || formule.starts_with(kDefFonction.mot);
+    if (affecte || marque || !lit_formule(o.formule).erreur) ajoute_constat(j, endroit_de(o), GenreConstat::mot_fin, mot, o.formule);
 }
 
 // A heading begins with its word, has a letter behind it and then its bracket; another line holds the letters
@@ -323,7 +372,7 @@ void juge_table(Jugement& j, const LigneObservee& o) {
         const Releve& r = observation->releve;
         juge_formule(j, e, {entete.formule, o.lue, r, r.faute != 0, places_dans_le_texte(entete.formule, o.lue)}, 0, false);
     }
-    juge_texte(j, endroit_de(o), o.formule);
+    if (!juge_factorielle(j, o)) juge_texte(j, endroit_de(o), o.formule);
 }
 
 // The text of the user function, read with a value for its variable.
@@ -335,8 +384,33 @@ void juge_fonction(Jugement& j, const LigneObservee& o) {
     const bool definie = std::exchange(moteur.variable_definie[rang], true);
     Endroit e = endroit_de(o);
     e.retrait += egal + 1;
+    const std::size_t avant = j.constats.size();
     juge_texte(j, e, o.formule.substr(egal + 1));
+    for (std::size_t i = avant; i < j.constats.size(); ++i)
+        if (!j.constats[i].propose.empty()) j.constats[i].propose.insert(0, o.formule.substr(0, egal + 1));
     moteur.variable_definie[rang] = definie;
+}
+
+// A heading opens a definition, a line that closes it ends that. What is open at the end of the sheet is never
+// calculated.
+void note_definition(Jugement& j, const LigneObservee& o) {
+    if (o.role == RoleLigne::fermante) j.ouverte.reset();
+    if (o.role != RoleLigne::entete_matrice && o.role != RoleLigne::entete_donnees) return;
+    j.ouverte = Constat{.genre = GenreConstat::definition_ouverte, .ligne = o.numero, .ligne_ecrite = o.numero_ecrit,
+                        .colonne = static_cast<int>(o.retrait + 1), .morceau = std::string(o.formule), .lu = {},
+                        .valeur = {}, .propose = {}};
+}
+
+// A list has its values between commas.
+void juge_liste(Jugement& j, const LigneObservee& o) {
+    const std::size_t place = o.ligne.find(';');
+    if (place == npos) return juge_elements(j, endroit_de(o), o.ligne);
+    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::point_virgule_de_liste, place, o.ligne);
+    c.propose = std::string(o.ligne);
+    if (o.ligne.find(',') == npos)
+        std::ranges::replace(c.propose, ';', ',');
+    else
+        c.propose.clear();   // which of them are decimal marks isn't known
 }
 
 // What a line is judged for, after as what it was treated.
@@ -352,11 +426,11 @@ void juge_selon_role(Jugement& j, const LigneObservee& o) {
         case RoleLigne::fermante: return juge_fermante(j, o);
         case RoleLigne::entete: return juge_entete(j, o);
         case RoleLigne::fonction_de_table: return juge_table(j, o);
-        case RoleLigne::copiee:
-        case RoleLigne::refusee:
         case RoleLigne::entete_matrice:
-        case RoleLigne::entete_donnees:
-        case RoleLigne::liste: return;
+        case RoleLigne::entete_donnees: return void(juge_fin_de_ligne(j, o));
+        case RoleLigne::liste: return juge_liste(j, o);
+        case RoleLigne::copiee:
+        case RoleLigne::refusee: return;
     }
 }
 
@@ -364,6 +438,7 @@ void juge_selon_role(Jugement& j, const LigneObservee& o) {
 
 void juge_ligne(Jugement& jugement, const LigneObservee& o) {
     if (o.role != RoleLigne::fonction_de_table) juge_entete_seul(jugement);
+    note_definition(jugement, o);
     if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;
     if (jugement.bloc_refuse) return;
     juge_selon_role(jugement, o);
@@ -377,6 +452,8 @@ void juge_ligne(Jugement& jugement, const LigneObservee& o) {
 
 void acheve_jugement(Jugement& jugement) {
     juge_entete_seul(jugement);
+    if (jugement.ouverte) jugement.constats.push_back(std::move(*jugement.ouverte));
+    jugement.ouverte.reset();
     for (LectureTropTot& l : jugement.trop_tot)
         if (!l.constat.valeur.empty()) jugement.constats.push_back(std::move(l.constat));
     jugement.trop_tot.clear();

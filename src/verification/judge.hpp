@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,7 @@ struct Jugement {
     std::vector<Constat> constats;
     EnteteJuge entete;
     std::vector<LectureTropTot> trop_tot;
+    std::optional<Constat> ouverte;   // the heading of a definition that nothing has closed yet
     bool bloc_refuse = false;    // a row was refused: what stands below it, to the end of the block, is no formula
 };
 

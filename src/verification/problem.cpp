@@ -50,13 +50,48 @@ const SigneConnu* signe_connu(char c) {
     return trouve == kSignes.end() ? nullptr : &*trouve;
 }
 
+// "45°30" and "12:30" may be minutes: what was meant isn't known.
+bool est_heure_ou_angle(std::string_view tapee, std::size_t place) {
+    if (!est_chiffre(caractere(tapee, place + 1)) || place == 0 || !est_chiffre(tapee[place - 1])) return false;
+    if (tapee[place] == "°"_fr[0]) return true;
+    const bool minutes = caractere(tapee, place + 1) < '6' && est_chiffre(caractere(tapee, place + 2)) &&
+                         !est_chiffre(caractere(tapee, place + 3)) && caractere(tapee, place + 3) != '.';
+    const bool heures = place < 3 && (place < 2 || tapee[0] <= '2');
+    return tapee[place] == ':' && heures && minutes;
+}
+
+// The start of the operand that ends in front of `place`: digits, letters, points.
+std::size_t debut_operande(std::string_view tapee, std::size_t place) {
+    while (place > 0 && (est_chiffre(tapee[place - 1]) || est_lettre(capitale(tapee[place - 1])) || tapee[place - 1] == '.')) --place;
+    return place;
+}
+
+// "%" where it isn't read: a hundredth of the operand in front of it, unless that is a divisor or an exponent.
+Probleme pourcentage_non_lu(std::string_view tapee, std::size_t place) {
+    const char avant = devant(tapee, debut_operande(tapee, place));
+    return {.genre = GenreConstat::pourcentage, .place = place, .longueur = 1, .correction = "/100",
+            .corrigible = avant != '/' && avant != '^'};
+}
+
+// True when the brackets around `place` hold another comma in front of it: which of them is a decimal mark isn't
+// known.
+bool autre_virgule(std::string_view tapee, std::size_t place) {
+    int profondeur = 0;
+    for (std::size_t i = place; i-- > 0;) {
+        if (tapee[i] == ')') ++profondeur;
+        if (tapee[i] == '(' && profondeur-- == 0) return false;
+        if (tapee[i] == ',' && profondeur == 0) return true;
+    }
+    return false;
+}
+
 // The problem of a sign at `place` that the engine doesn't know.
 Probleme probleme_signe(std::string_view tapee, std::size_t place) {
     const SigneConnu* const connu = signe_connu(caractere(tapee, place));
     if (connu == nullptr) return {.genre = GenreConstat::nombre_partiel, .place = place};
     if (!connu->entre_chiffres)
         return {.genre = GenreConstat::signe_inconnu, .place = place, .longueur = 1,
-                .correction = std::string(connu->remplace), .corrigible = true};
+                .correction = std::string(connu->remplace), .corrigible = !est_heure_ou_angle(tapee, place)};
     const bool entre = place > 0 && est_chiffre(tapee[place - 1]) && est_chiffre(caractere(tapee, place + 1));
     return {.genre = GenreConstat::milliers, .place = place, .longueur = 1, .corrigible = entre};
 }
@@ -134,11 +169,11 @@ std::optional<Probleme> reste_non_lu(const Lue& lue) {
     if (c == ',') {
         const bool decimale = place > 0 && est_chiffre(lue.tapee[place - 1]) && est_chiffre(caractere(lue.tapee, place + 1));
         return Probleme{.genre = decimale ? GenreConstat::virgule_decimale : GenreConstat::texte_non_lu, .place = place,
-                        .longueur = 1, .correction = ".", .corrigible = decimale};
+                        .longueur = 1, .correction = ".", .corrigible = decimale && !autre_virgule(lue.tapee, place)};
     }
     if (c == '(') return parenthese_non_lue(lue, place);
     if (c == ')') return fermante_non_lue(lue, place);
-    if (c == '%') return Probleme{.genre = GenreConstat::pourcentage, .place = place, .longueur = 1, .correction = "/100", .corrigible = true};
+    if (c == '%') return pourcentage_non_lu(lue.tapee, place);
     if (c == '=') return Probleme{.genre = GenreConstat::deux_egal, .place = place};
     if (est_lettre(c)) return Probleme{.genre = GenreConstat::signe_manquant, .place = place, .correction = "*", .corrigible = true};
     if (signe_connu(c) != nullptr) return probleme_signe(lue.tapee, place);
@@ -211,10 +246,11 @@ std::optional<Probleme> faute_connue(const Lue& lue) {
     const std::size_t place = lue.places[faute - 1];
     const char c = caractere(lue.tapee, place);
     if (c == ',' && place > 0 && est_chiffre(lue.tapee[place - 1]) && est_chiffre(caractere(lue.tapee, place + 1)))
-        return Probleme{.genre = GenreConstat::virgule_decimale, .place = place, .longueur = 1, .correction = ".", .corrigible = true};
+        return Probleme{.genre = GenreConstat::virgule_decimale, .place = place, .longueur = 1, .correction = ".",
+                        .corrigible = !autre_virgule(lue.tapee, place)};
     if (c == '.' && est_chiffre(caractere(lue.tapee, place + 1)))
         return Probleme{.genre = GenreConstat::point_seul, .place = place, .correction = "0", .corrigible = true};
-    if (c == '%') return Probleme{.genre = GenreConstat::pourcentage, .place = place, .longueur = 1, .correction = "/100", .corrigible = true};
+    if (c == '%') return pourcentage_non_lu(lue.tapee, place);
     if (c == '+' || c == '-') return signe_derriere(lue, place);
     if (auto p = lettre_derriere_nombre(lue, place)) return p;
     if (!est_chiffre(c) && !est_lettre(capitale(c)) && c != '$' && signe_connu(c) != nullptr) return probleme_signe(lue.tapee, place);

@@ -47,6 +47,7 @@ public:
 
     std::vector<ConstatArbre> fait() {
         for (std::size_t i = 0; i < noeuds_.size(); ++i) {
+            if (lue_.releve.a(kTraitPourcent)) regarde_pourcentage(i);
             if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
             if (lue_.releve.a(kTraitMatrice)) regarde_matrice(i);
             if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
@@ -68,6 +69,22 @@ private:
         const std::size_t a = lue_.place(debut - 1), b = lue_.place(fin);
         std::string texte(lue_.tapee);
         return texte.insert(b, ")").insert(a, "(");
+    }
+
+    // A percentage of a product without brackets: "1000+200*5%" looks like 1000 and 10.
+    void regarde_pourcentage(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (lue_.erreur || i == 0 || (n.genre != GenreNoeud::plus_pourcent && n.genre != GenreNoeud::moins_pourcent)) return;
+        const GenreNoeud terme = noeuds_[i - 1].genre;
+        if (terme != GenreNoeud::fois && terme != GenreNoeud::divise && terme != GenreNoeud::puissance) return;
+        const std::size_t place = lue_.tapee.find('%', lue_.place(noeuds_[i - 1].fin - 1));
+        if (place == std::string_view::npos) return;
+        std::string propose(lue_.tapee);
+        if (terme == GenreNoeud::fois)
+            propose.replace(place, 1, "/100");
+        else
+            propose.clear();
+        ajoute(GenreConstat::pourcentage_du_terme, static_cast<std::int32_t>(noeuds_[i - 1].fin + 1), std::move(propose));
     }
 
     void regarde_puissance(std::size_t i) {
@@ -142,6 +159,6 @@ private:
 }  // namespace
 
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur) {
-    if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel)) return {};
+    if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel | kTraitPourcent)) return {};
     return Examen(lue, valeur).fait();
 }

@@ -3,12 +3,14 @@
 // desktops no longer have.
 #include "wx/player.hpp"
 
+#include <glib.h>
 #include <pulse/glib-mainloop.h>
 #include <pulse/pulseaudio.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.hpp"
@@ -25,6 +27,7 @@ struct Lecteur {
     std::vector<std::int16_t> son;                // waits for the server
     int cadence = 0;
     bool attend = false;                          // `son` is to be played
+    guint echec = 0;                              // that there is no sound is still to be told
 };
 Lecteur lecteur;
 
@@ -45,13 +48,23 @@ void laisse_contexte() {
     lecteur.contexte = nullptr;
 }
 
+// The end is told when what is going on is over: a server that is missing is known before the words of the curve
+// have been told. After a failure the next sound looks for a server anew.
 void finit(bool joue) {
     lecteur.attend = false;
-    if (joue)
+    if (joue) {
         laisse_flux();
-    else
-        laisse_contexte();   // the next sound looks for a server anew
-    evenement_fin_de_son(joue);
+        return evenement_fin_de_son(true);
+    }
+    laisse_contexte();
+    if (lecteur.echec != 0) return;
+    lecteur.echec = g_idle_add(
+        [](gpointer) -> gboolean {
+            lecteur.echec = 0;
+            evenement_fin_de_son(false);
+            return G_SOURCE_REMOVE;
+        },
+        nullptr);
 }
 
 // All samples stand in the server's buffer; it tells when they have been heard.
@@ -118,6 +131,7 @@ void cherche_serveur() {
 
 void arrete() {
     lecteur.attend = false;
+    if (lecteur.echec != 0) g_source_remove(std::exchange(lecteur.echec, 0));
     laisse_flux();
 }
 

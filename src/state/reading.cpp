@@ -1,17 +1,15 @@
 // The start of a record of what was read, and its faults. Change the record that they are given.
 #include "state/reading.hpp"
 
-#include <utility>
-
 void vide_releve(Releve& releve) noexcept {
-    Releve neuf;
-    std::swap(neuf.noeuds, releve.noeuds);
-    std::swap(neuf.racines, releve.racines);
-    std::swap(neuf.mots_faute, releve.mots_faute);
-    neuf.noeuds.clear();
-    neuf.racines.clear();
-    neuf.mots_faute.clear();
-    std::swap(releve, neuf);
+    releve.noeuds.clear();
+    releve.racines.clear();
+    releve.mots_faute.clear();
+    releve.traits = releve.lettres = releve.lettres_neuves = 0;
+    releve.perdue = releve.symbole_debut = releve.symbole_fin = releve.lu = releve.arret = 0;
+    releve.faute = releve.faute_fin = 0;
+    releve.affectee = 0;
+    releve.symbole_refuse = false;
 }
 
 void note_faute(Releve& releve, std::string_view mots) noexcept {

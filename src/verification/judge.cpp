@@ -11,6 +11,7 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "engine/reading.hpp"
+#include "functions/table.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
 #include "sheet/old_result.hpp"
@@ -55,11 +56,24 @@ std::vector<std::size_t> places_de(const LigneObservee& o) {
     return places;
 }
 
-// True when nothing in the record asks for a second look.
-bool sans_histoire(const Releve& r, std::size_t taille) {
-    constexpr std::uint32_t kRien = kTraitBits;
-    return (r.traits & ~kRien) == 0 && r.faute == 0 && r.arret > static_cast<std::int32_t>(taille) &&
-           (r.lettres & (1u << ('E' - 'A' + 1))) == 0;
+// True when the tree has nothing that its rules look for: no angle, one power at most and no sign in front.
+bool arbre_simple(const Releve& r) {
+    int puissances = 0;
+    for (const Noeud& n : r.noeuds) {
+        if (n.genre == GenreNoeud::appel && (n.numero == kSin || n.numero == kCos || n.numero == kTan)) return false;
+        if (n.genre == GenreNoeud::puissance && ++puissances > 1) return false;
+        if (n.genre == GenreNoeud::moins_unaire && r.a(kTraitPuissance)) return false;
+    }
+    return true;
+}
+
+// True when nothing in the record asks for a second look. Most lines end here.
+bool sans_histoire(const Releve& r, std::string_view lue) {
+    constexpr std::uint32_t kRien = kTraitBits | kTraitAppel | kTraitPuissance;
+    constexpr std::uint32_t kE = 1u << ('E' - 'A' + 1);
+    if ((r.traits & ~kRien) != 0 || r.faute != 0 || r.arret <= static_cast<std::int32_t>(lue.size())) return false;
+    if ((r.lettres & kE) != 0 && lue.find("*E") != npos) return false;
+    return !r.a(kTraitAppel | kTraitPuissance) || arbre_simple(r);
 }
 
 // Notes a letter or a matrix without a value, for the end of the sheet.
@@ -86,7 +100,7 @@ bool se_lit(std::string_view texte) {
 
 // Judges a formula that was read; `valeur` is what it gave.
 bool juge_formule(Jugement& j, const Endroit& e, const Lue& lue, double valeur, bool propose = true) {
-    if (!lue.erreur && sans_histoire(lue.releve, lue.formule.size())) return false;
+    if (!lue.erreur && sans_histoire(lue.releve, lue.formule)) return false;
     const std::optional<Probleme> p = premier_probleme(lue);
     if (p) {
         Constat& c = ajoute_constat(j, e, p->genre, p->place, lue.tapee);
@@ -274,8 +288,9 @@ void juge_valeur(Jugement& j, const LigneObservee& o) {
     if (x == 0 || !std::isfinite(x) || o.resultat.empty()) return;
     const bool entier = x == std::trunc(x);
     if (entier && modes.mode_nombre == 1) return;
-    if (!o.resultat.starts_with(" = ") || o.resultat.find(',') != npos || o.resultat.find("Pi") != npos) return;
     const bool zero = o.resultat == " = 0" || o.resultat == " = -0";
+    if (!zero && modes.mode_nombre != 2 && modes.mode_affichage != 1) return;
+    if (!o.resultat.starts_with(" = ") || o.resultat.find(',') != npos || o.resultat.find("Pi") != npos) return;
     if (zero && std::fabs(x) < 1e-12 && !est_produit(o.formule)) return;   // what rounding has left of zero
     const bool coupee = modes.mode_nombre == 2 ? !entier : modes.mode_affichage == 1;
     if (!zero && !coupee) return;
@@ -300,7 +315,7 @@ void juge_calculee(Jugement& j, const LigneObservee& o) {
     const std::size_t avant = j.constats.size();
     if (!o.lue.empty()) {
         const Releve& r = observation->releve;
-        if (o.erreur || !sans_histoire(r, o.lue.size()))
+        if (o.erreur || !sans_histoire(r, o.lue))
             juge_formule(j, endroit_de(o), {o.formule, o.lue, r, o.erreur, places_de(o)}, o.valeur);
         if (!o.erreur && r.affectee == 0 && !r.noeuds.empty() && r.noeuds.back().genre == GenreNoeud::egale)
             ajoute_constat(j, endroit_de(o), GenreConstat::affectation_vide, 0, o.formule);
@@ -321,6 +336,7 @@ void note_affectation(Jugement& j, int lettre, int ligne) {
 void juge_commentaire(Jugement& j, const LigneObservee& o) {
     const std::size_t signe = o.ligne.find('!');
     if (signe == npos || signe == 0) return;
+    if ((lettres_de(o.ligne) & kMotStatX.lettres) != kMotStatX.lettres) return;
     const std::size_t mot = capitales(o.ligne).find(kMotStatX.mot, signe);
     if (mot == npos || capitales(o.formule).find(kMotStatX.mot) != npos) return;
     ajoute_constat(j, endroit_de(o), GenreConstat::mot_statx, mot, o.ligne);

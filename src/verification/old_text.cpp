@@ -39,6 +39,8 @@ std::size_t fin_du_resultat(std::string_view queue) {
     const std::size_t debut = std::min(corps.find_first_not_of(' '), corps.size());
     const std::string_view mots = corps.substr(debut);
     if (mots.empty()) return matrice ? npos : queue.size();
+    const bool chiffre = mots[0] == '-' || (mots[0] >= '0' && mots[0] <= '9');
+    if (chiffre && debut == 1 && !matrice && mots.find_first_of(" ,") == npos) return est_valeur(mots) ? queue.size() : npos;
     if (est_erreur(mots)) return queue.size();
     if (const std::size_t egal = mots.find(" ="); egal != npos && est_matrice(mots.substr(0, egal)) && est_matrice(mots.substr(egal + 2)))
         return queue.size();

@@ -460,13 +460,13 @@ def copied_result(p):
 def findings(p):
     """The check of the sheet goes from one finding to the next; a calculation warns of what is new."""
     product = "ligne 2, signe manquant : 2(A+1) est lu 2, la suite n'est pas calculée ; tapez 2*(A+1)"
-    p.start(text="A=3¶2(A+1)¶-2^2")
+    p.start(text="A=3¶2(A+1)¶3+(-2^2)")
     p.key("Ctrl+K")
     p.hear("2 constats, 1 faux probable", product)
     wait(lambda: p.selection() == (6, 6), "the cursor at the finding")
     p.key("F4")
-    p.hear("ligne 3, à savoir, signe moins et puissance : -2^2 vaut -4, la puissance est calculée d'abord ; "
-           "tapez (-2)^2")
+    p.hear("ligne 3, à savoir, signe moins et puissance : 3+(-2^2) vaut -1, la puissance est calculée d'abord ; "
+           "tapez 3+((-2)^2)")
     p.key("F4")
     p.hear("pas de constat plus bas")
     p.key("Maj+F4")
@@ -475,7 +475,7 @@ def findings(p):
     p.hear("2(A+1) = 2", "attention ligne 2")
     p.key("Alt+C")
     p.hear("2(A+1) = 2")
-    p.wait_sheet("A=3 = 3\n2(A+1) = 2\n-2^2 = -4")
+    p.wait_sheet("A=3 = 3\n2(A+1) = 2\n3+(-2^2) = -1")
 
 
 def large_sheet(p):

@@ -85,12 +85,13 @@ std::string nom_propose(std::string_view extension) {
     return dossier_de_la_feuille() + nom.substr(0, point) + "." + std::string(extension);
 }
 
-// Asks where a file goes; "" on Cancel, and, with the words, for a place of the program's or of an open sheet.
+// Asks where a file goes; "" on Cancel, and, with the words, for a place of the program's or of a sheet.
 std::string demande_nom(std::string_view filtre, std::string_view extension) {
     std::string nom = nom_propose(extension);
     if (!port.dialogues.enregistre(nom, filtre, extension)) return "";
-    if (!reserve(nom) && rang_ouvert(nom) == 0) return nom;
-    dit("rien n'est exporté : ce nom est celui d'une feuille ouverte ou du programme"_fr);
+    const bool feuille = rang_ouvert(nom) != 0 || capitales(nom).ends_with(".VXT");
+    if (!reserve(nom) && !feuille) return nom;
+    dit("rien n'est exporté : ce nom est celui d'une feuille ou du programme"_fr);
     return "";
 }
 

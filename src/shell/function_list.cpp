@@ -23,14 +23,15 @@ int rang_de(std::string_view nom) {
     return 0;
 }
 
-// Brings the sheet back and writes at its cursor, as typing does.
+// Brings the sheet back and writes at its cursor. What is selected there stays: who has chosen a function doesn't
+// hear of it any more.
 void insere_fonction() {
     const std::string mot = texte_de_fonction(extraitLigne(curseur()));
     if (mot.empty()) return dit(kPasDeFonctionIci);
     quitte_vues();
-    const std::size_t debut = curseur();
+    const std::size_t debut = fin_selection();
     std::string texte = port.texte.texte();
-    texte.replace(debut, fin_selection() - debut, mot);
+    texte.insert(debut, mot);
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(debut + mot.size(), 0);
     marque_modifie();

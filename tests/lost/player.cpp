@@ -80,6 +80,8 @@ bool dialogue_note(std::string& nom, std::string_view filtre, std::string_view e
     if (!port.fichiers.meme_fichier(nom, reglages.table_ini(documents.document_courant).nom))
         if (const std::optional<std::string> contenu = lit_memoire(nom))
             ajoute_mots(joueur->remplaces[nom], *contenu);
+    // What goes out as a page or as data is no sheet: opened as one it is shown otherwise.
+    if (capitales(extension) != "VXT" && !capitales(nom).ends_with(".VXT")) joueur->touches.insert(chemin_memoire(nom));
     return true;
 }
 

@@ -242,10 +242,10 @@ std::string dessin_de_courbe(const LigneRapport& ligne) {
     const Intervalle x{std::min(courbe.front().x, courbe.back().x), std::max(courbe.front().x, courbe.back().x)};
     const Repere r{elargi(x), hauteur_utile(courbe)};
     if (!std::isfinite(r.x.etendue()) || !std::isfinite(r.y.etendue())) return "";
-    std::string titre = std::string("Courbe de "_fr) + ligne.fonction + std::string(" pour "_fr);
-    titre += static_cast<char>('A' + ligne.donnees.variable - 1);
-    titre += std::string(" de "_fr) + nombre_lu(x.debut, 6) + std::string(" à "_fr) + nombre_lu(x.fin, 6) +
-             std::string(", ligne "_fr) + chiffres(ligne.numero);
+    std::string titre("Courbe de "_fr);
+    titre.append(ligne.fonction).append(" pour "_fr) += static_cast<char>('A' + ligne.donnees.variable - 1);
+    titre.append(" de "_fr).append(nombre_lu(x.debut, 6)).append(" à "_fr).append(nombre_lu(x.fin, 6));
+    titre.append(", ligne "_fr).append(chiffres(ligne.numero));
     return cadre(ligne.numero, titre, description_de_courbe(courbe, r.y),
                  axes(r) + traces(courbe, r) + points_de_table(ligne.donnees.rangees, r));
 }

@@ -37,6 +37,8 @@ std::string nombre(double x, int decimales) {
     return texte == "-0" ? "0" : texte;
 }
 
+constexpr std::string_view kEnviron = "environ "_fr, kA = " à "_fr, kPres = " près"_fr;
+
 // How numbers of one study are written.
 struct Ecriture {
     std::string lettre;
@@ -48,8 +50,8 @@ struct Ecriture {
         if (incertitude == 0 && std::round(v * 1e6) / 1e6 == v) return texte_general(v);
         int d = decimales;
         while (d > 0 && unite_de(d) < 2 * incertitude) --d;
-        const std::string texte = std::string("environ "_fr) + nombre(v, d);
-        return d == decimales ? texte : texte + std::string(" à "_fr) + nombre(unite_de(d), d) + std::string(" près"_fr);
+        const std::string texte = std::string(kEnviron) + nombre(v, d);
+        return d == decimales ? texte : texte + std::string(kA) + nombre(unite_de(d), d) + std::string(kPres);
     }
     std::string lieu(const Lieu& l) const { return valeur(l.x, l.incertitude, dx); }
     std::string en(const Lieu& l) const { return lettre + " = " + lieu(l); }
@@ -57,7 +59,7 @@ struct Ecriture {
         const std::string texte = lieu(l);
         return (texte.starts_with('e') ? "d'" : "de ") + texte;
     }
-    std::string de_a(const Lieu& a, const Lieu& b) const { return de(a) + std::string(" à "_fr) + lieu(b); }
+    std::string de_a(const Lieu& a, const Lieu& b) const { return de(a) + std::string(kA) + lieu(b); }
     // A value that rounding alone keeps from few figures is given them, as the sheet does.
     std::string y(double v, double incertitude) const {
         const double rond = std::round(v * 1e6) / 1e6;

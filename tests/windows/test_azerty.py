@@ -87,6 +87,13 @@ def heard(p, *texts):
         same((event["event"], event["name"].strip()), ("live", words), "heard")
 
 
+def pass_over(p):
+    """What was said until now isn't looked at, however late it comes: the place of the cursor is said after it."""
+    strike(PLAIN["g"], CTRL)
+    while not p.listener.next("the place of the cursor")["name"].strip().startswith("colonne "):
+        pass
+
+
 def nothing_more(p):
     """No message is left: the next one is that of the next key."""
     strike(PLAIN["g"], CTRL)
@@ -269,8 +276,7 @@ def modifiers_in_both_orders(p):
         wait(p.box, "the dialog for the name")
         strike(ESCAPE)
         p.wait_no_box()
-        while not p.listener.lines.empty():
-            p.listener.lines.get()
+        pass_over(p)
         nothing_more(p)
         clear(p)
 
@@ -371,7 +377,7 @@ def keys_on_buttons(p):
     strike(F1, ALT)
     heard(p, "lecture seule", FUNCTIONS)
     strike(PLAIN["k"])
-    heard(p, "lecture seule")
+    heard(p, "pas de fonction en K")
     strike(ESCAPE)
     heard(p, "!7émê^")
     p.wait_sheet("!7émê^")

@@ -9,11 +9,9 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "exchange/mathml.hpp"
-#include "platform/boxes.hpp"
 #include "platform/hooks.hpp"
-#include "platform/message.hpp"
 #include "platform/patience.hpp"
-#include "platform/platform.hpp"
+#include "sheet/aside.hpp"
 #include "sheet/matrix_definition.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
@@ -32,46 +30,6 @@ struct RapportEnCours {
     bool avec_formules = false;
 };
 RapportEnCours en_cours;
-
-// What a pass changes and says, put back at the end.
-class PasseSilencieuse {
-public:
-    PasseSilencieuse() {
-        port.boites.boite = port.boites.boite_comptee = port.boites.boite_du_compte = [](std::string_view) {};
-        port.boites.bip = [] {};
-        port.message.etiquette = port.message.annonce = [](std::string_view) {};
-    }
-    PasseSilencieuse(const PasseSilencieuse&) = delete;
-    PasseSilencieuse& operator=(const PasseSilencieuse&) = delete;
-    ~PasseSilencieuse() {
-        notees = nullptr;
-        en_cours.rapport = nullptr;
-        std::swap(feuille, feuille_);
-        std::swap(moteur, moteur_);
-        std::swap(matrices, matrices_);
-        std::swap(definition_de_matrice, definition_);
-        std::swap(statistiques, statistiques_);
-        std::swap(ligne_message, message_);
-        boites_de_passe = boites_;
-        patience = patience_;
-        crochets = crochets_;
-        port.boites = port_boites_;
-        port.message = port_message_;
-    }
-
-private:
-    Feuille feuille_ = feuille;
-    Moteur moteur_ = moteur;
-    Matrices matrices_ = matrices;
-    DefinitionMatrice definition_ = definition_de_matrice;
-    Statistiques statistiques_ = statistiques;
-    LigneMessage message_ = ligne_message;
-    BoitesDePasse boites_ = boites_de_passe;
-    Patience patience_ = patience;
-    Crochets crochets_ = crochets;
-    PortBoites port_boites_ = port.boites;
-    PortMessage port_message_ = port.message;
-};
 
 // The values of the function over the interval; its variable gets its own value back.
 std::vector<PointTrace> courbe_de(const LigneRapport& ligne) {
@@ -169,7 +127,7 @@ std::string nombre_de_ligne(int numero) { return ", ligne " + chiffres(numero); 
 
 Rapport rapport_de(const std::string& texte, bool avec_formules) {
     Rapport rapport;
-    const PasseSilencieuse silence;
+    const CalculAPart a_part;
     Calcul calcul = calcule_feuille(texte, 0);
     rapport.texte = calcul.issue == Issue::ecrite ? std::move(calcul.texte) : texte;
     if (patience.abandonnee || calcul.issue == Issue::refusee) {
@@ -177,10 +135,13 @@ Rapport rapport_de(const std::string& texte, bool avec_formules) {
         return rapport;
     }
     // The lines of the calculated text are those that a second pass numbers.
+    const std::string calcule = rapport.texte;
     en_cours = {&rapport, {}, avec_formules};
     notees = &en_cours.donnees;
     crochets.ligne_calculee = note_ligne;
-    calcul = calcule_feuille(std::string(rapport.texte), 0);
+    calcul = calcule_feuille(calcule, 0);
+    notees = nullptr;
+    en_cours = {};
     if (calcul.issue == Issue::ecrite) rapport.texte = std::move(calcul.texte);
     if (patience.abandonnee) rapport.complet = false;
     std::stable_sort(rapport.lignes.begin(), rapport.lignes.end(),

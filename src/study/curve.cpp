@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "platform/patience.hpp"
-#include "study/aside.hpp"
+#include "sheet/aside.hpp"
 
 namespace {
 

@@ -14,11 +14,11 @@
 #include "engine/identifiers.hpp"
 #include "functions/table.hpp"
 #include "platform/patience.hpp"
+#include "sheet/aside.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/old_result.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
-#include "study/aside.hpp"
 
 namespace {
 

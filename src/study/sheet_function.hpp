@@ -1,5 +1,5 @@
 // The functions of a sheet: which line holds one, over which interval, and its values, as the lines above it make
-// them. Finding one changes nothing; its values are asked for while the calculation stands aside (aside.hpp).
+// them. Finding one changes nothing; its values are asked for while the calculation stands aside (sheet/aside.hpp).
 #pragma once
 
 #include <cstdint>

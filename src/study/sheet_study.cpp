@@ -9,7 +9,7 @@
 
 #include "engine/reading.hpp"
 #include "platform/patience.hpp"
-#include "study/aside.hpp"
+#include "sheet/aside.hpp"
 
 std::optional<EtudeDeFeuille> etude_gardee;
 

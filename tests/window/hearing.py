@@ -4,7 +4,8 @@ VOXTAB_HEARD=FILE writes the rows into that file."""
 import os
 import re
 
-from pilot import Atspi, role, text_of
+from pilot import Atspi, Program, role, same, text_of
+from reader import Reader
 
 # What the reader says of keys themselves.
 KEY_NAMES = ("left alt", "left control", "left shift", "right alt", "return", "escape", "tab", "space",
@@ -135,6 +136,31 @@ class Hearing:
             for row, words, times, said, line in self.rows:
                 cells = (row, "; ".join(words), "; ".join(map(str, times)), "; ".join(said), line)
                 out.write(" | ".join(cells).replace(str(self.p.folder), "/home/eleve") + "\n")
+
+
+def run_parts(binary, place, parts, before=None, after=None):
+    """Runs the parts of a test one after the other in one run of the program with its reader, then ends the test:
+    status 1 when something was heard otherwise. `before` gets the program before it starts, `after` the hearing
+    when all parts have run."""
+    reader = Reader(place, flash=FLASH)
+    program = Program(binary, place)
+    if before:
+        before(program)
+    h = Hearing(program, reader)
+    try:
+        program.start()
+        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
+        for part in parts:
+            part(program, h)
+        same(program.errors(), [], "what the toolkit complains about")
+        if after:
+            after(h)
+    finally:
+        program.screen.release_all()
+        program.kill()
+        reader.end()
+    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
+    raise SystemExit(1 if h.failures else 0)
 
 
 def is_key(words):

@@ -2,11 +2,9 @@
 calculation, in the ear and on the braille line."""
 import sys
 
-from hearing import FLASH, Hearing
-from pilot import Program, same
-from reader import Reader
+from hearing import run_parts
+from pilot import same
 
-BINARY, PLACE = sys.argv[1:3]
 PRODUCT = "ligne 2, signe manquant : 2(A+1) est lu 2, la suite n'est pas calculée ; tapez 2*(A+1)"
 POWER = ("ligne 3, à savoir, signe moins et puissance : -2^2 vaut -4, la puissance est calculée d'abord ; "
          "tapez (-2)^2")
@@ -32,22 +30,4 @@ def warning(p, h):
     p.wait_sheet("A=3 = 3\n2(A+1) = 2\n-2^2 = -4")
 
 
-def main():
-    reader = Reader(PLACE, flash=FLASH)
-    program = Program(BINARY, PLACE)
-    h = Hearing(program, reader)
-    try:
-        program.start()
-        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (findings, warning):
-            part(program, h)
-        same(program.errors(), [], "what the toolkit complains about")
-    finally:
-        program.screen.release_all()
-        program.kill()
-        reader.end()
-    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
-    raise SystemExit(1 if h.failures else 0)
-
-
-main()
+run_parts(*sys.argv[1:3], (findings, warning))

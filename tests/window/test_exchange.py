@@ -2,11 +2,9 @@
 a page: the question once with what was found, and one message each."""
 import sys
 
-from hearing import FLASH, Hearing
-from pilot import Program, expect, name_line, same
-from reader import Reader
+from hearing import run_parts
+from pilot import expect, name_line, same
 
-BINARY, PLACE = sys.argv[1:3]
 QUESTION = ("Presse-papiers, ou réponse vide pour un fichier : 3 lignes, 2 colonnes, virgule décimale : colonnes 1 x, 2 y")
 LINES = "! x, y\nSTATXY\n1.5,2,4\n2,3,5\n"
 
@@ -43,22 +41,4 @@ def exported(p, h):
     expect(page.read_text(encoding="utf-8").startswith("<!DOCTYPE html>"), "a page")
 
 
-def main():
-    reader = Reader(PLACE, flash=FLASH)
-    program = Program(BINARY, PLACE)
-    h = Hearing(program, reader)
-    try:
-        program.start()
-        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (imported, exported):
-            part(program, h)
-        same(program.errors(), [], "what the toolkit complains about")
-    finally:
-        program.screen.release_all()
-        program.kill()
-        reader.end()
-    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
-    raise SystemExit(1 if h.failures else 0)
-
-
-main()
+run_parts(*sys.argv[1:3], (imported, exported))

@@ -2,11 +2,9 @@
 in the ear and on the braille line."""
 import sys
 
-from hearing import FLASH, Hearing
-from pilot import Program, same
-from reader import Reader
+from hearing import run_parts
+from pilot import same
 
-BINARY, PLACE = sys.argv[1:3]
 FAULT = "2+A*) = attend fact: k, var, (: ')"
 
 
@@ -61,22 +59,4 @@ def functions(p, h):
     p.wait_sheet("A=3 = 3\n2+A = 5\n12345678 = 12345678\n12345678\n3\n5\n12345678")
 
 
-def main():
-    reader = Reader(PLACE, flash=FLASH)
-    program = Program(BINARY, PLACE)
-    h = Hearing(program, reader)
-    try:
-        program.start()
-        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (faults, corrected, functions):
-            part(program, h)
-        same(program.errors(), [], "what the toolkit complains about")
-    finally:
-        program.screen.release_all()
-        program.kill()
-        reader.end()
-    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
-    raise SystemExit(1 if h.failures else 0)
-
-
-main()
+run_parts(*sys.argv[1:3], (faults, corrected, functions))

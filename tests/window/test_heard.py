@@ -6,9 +6,8 @@ VOXTAB_HEARD=FILE writes the rows into that file."""
 import subprocess
 import sys
 
-from hearing import FLASH, Hearing
-from pilot import Program, accepts, expect, name_line, same, wait, wait_same
-from reader import Reader
+from hearing import run_parts
+from pilot import accepts, expect, name_line, wait, wait_same
 
 BINARY, PLACE, LIST_MENUS = sys.argv[1:4]
 LEAST = 170      # rows of the table
@@ -332,26 +331,16 @@ def closing(p, h):
     h.hear_back("Échap", "X=1", row="Ouvrir")
 
 
-def main():
-    reader = Reader(PLACE, flash=FLASH)
-    program = Program(BINARY, PLACE)
+def taken(program):
+    """A file that stands where a sheet wants to be saved."""
     (program.folder / "pris.VXT").write_bytes(b"X=1\r\n")
-    h = Hearing(program, reader)
-    try:
-        program.start()
-        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (calculation, dialogs, views, menu, left_menus, options, colours, fonts, buttons, one_sheet, key_help,
-                     movement, files, two_sheets, words_of_the_line, replacements, searches, tools, brackets, closing):
-            part(program, h)
-        same(program.errors(), [], "what the toolkit complains about")
-        expect(len(h.rows) >= LEAST, f"only {len(h.rows)} commands were heard")
-    finally:
-        program.screen.release_all()
-        program.kill()
-        reader.end()
+
+
+def whole(h):
+    expect(len(h.rows) >= LEAST, f"only {len(h.rows)} commands were heard")
     h.write()
-    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
-    raise SystemExit(1 if h.failures else 0)
 
 
-main()
+run_parts(BINARY, PLACE, (calculation, dialogs, views, menu, left_menus, options, colours, fonts, buttons, one_sheet,
+                          key_help, movement, files, two_sheets, words_of_the_line, replacements, searches, tools,
+                          brackets, closing), before=taken, after=whole)

@@ -1,11 +1,8 @@
 """What a blind user hears of a function: its study, read with the arrows, and its curve where no device is."""
 import sys
 
-from hearing import FLASH, Hearing
-from pilot import Program, same
-from reader import Reader
-
-BINARY, PLACE = sys.argv[1:3]
+from hearing import run_parts
+from pilot import same
 
 
 def study(p, h):
@@ -31,22 +28,4 @@ def curve(p, h):
     p.wait_sheet("INCX(-2,1,5)\nX^2-1")
 
 
-def main():
-    reader = Reader(PLACE, flash=FLASH)
-    program = Program(BINARY, PLACE)
-    h = Hearing(program, reader)
-    try:
-        program.start()
-        reader.wait_for(lambda heard: heard.count("Feuille text"), "the text")
-        for part in (study, curve):
-            part(program, h)
-        same(program.errors(), [], "what the toolkit complains about")
-    finally:
-        program.screen.release_all()
-        program.kill()
-        reader.end()
-    print(f"{len(h.rows)} commands heard, {len(h.failures)} failures")
-    raise SystemExit(1 if h.failures else 0)
-
-
-main()
+run_parts(*sys.argv[1:3], (study, curve))

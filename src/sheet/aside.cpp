@@ -1,5 +1,5 @@
 // Puts the state of the calculation aside and the port's voice to silence, and brings both back.
-#include "study/aside.hpp"
+#include "sheet/aside.hpp"
 
 #include <string>
 #include <string_view>
@@ -30,7 +30,10 @@ CalculAPart::CalculAPart()
       patience_(patience),
       boites_(boites_de_passe),
       port_boites_(port.boites),
-      port_message_(port.message) {
+      port_message_(port.message),
+      signalement_(signalement),
+      crochets_(crochets),
+      observation_(observation) {
     feuille = Feuille{};
     matrices = Matrices{};
     definition_de_matrice = DefinitionMatrice{};
@@ -52,6 +55,9 @@ CalculAPart::~CalculAPart() {
     boites_de_passe = boites_;
     port.boites = port_boites_;
     port.message = port_message_;
+    signalement = signalement_;
+    crochets = crochets_;
+    observation = observation_;
 }
 
 int boites_tues() { return std::exchange(tues, 0); }

@@ -10,6 +10,7 @@
 #include "exchange/drawing.hpp"
 #include "exchange/html_text.hpp"
 #include "exchange/page_style.hpp"
+#include "sheet/marks.hpp"
 #include "sheet/number_result.hpp"
 
 namespace {
@@ -199,7 +200,7 @@ private:
     void passe_definition() {
         while (place_ < lignes_.size()) {
             const std::string_view ligne = sans_blancs(lignes_[place_++]);
-            if (ligne.empty() || ligne.starts_with('!') || capitales(ligne).find("FIN") != std::string::npos) return;
+            if (ligne.empty() || ligne.starts_with('!') || capitales(ligne).find(kFin.mot) != std::string::npos) return;
         }
     }
 

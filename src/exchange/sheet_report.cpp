@@ -12,6 +12,7 @@
 #include "platform/hooks.hpp"
 #include "platform/patience.hpp"
 #include "sheet/aside.hpp"
+#include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
@@ -88,7 +89,7 @@ void note_contenu(LigneRapport& ligne) {
         ligne.ordonnee = variable('B');
     }
     if (ligne.donnees.variable != 0) return note_fonction(ligne);
-    if (!ligne.erreur && capitales(ligne.formule).find("DEFFON") != std::string::npos) return note_fonction_definie(ligne);
+    if (!ligne.erreur && capitales(ligne.formule).find(kDefFonction.mot) != std::string::npos) return note_fonction_definie(ligne);
     if (!ligne.donnees.groupes.empty()) return;
     ligne.matrice = lettre_de_matrice(ligne);
     if (ligne.matrice != 0 && !ligne.erreur) {
@@ -109,7 +110,7 @@ void note_ligne(int numero) {
         ligne.formule = feuille.formule_ligne(numero);
         ligne.resultat = feuille.resultat_ligne(numero);
         ligne.erreur = moteur.erreur_formule;
-        ligne.definition = capitales(ligne.formule).find("DEFM") != std::string::npos;
+        ligne.definition = capitales(ligne.formule).find(kDefM.mot) != std::string::npos;
         if (en_cours.donnees.perdue) en_cours.rapport->complet = false;
         note_contenu(ligne);
         std::vector<LigneRapport>& lignes = en_cours.rapport->lignes;

@@ -14,6 +14,7 @@
 #include "editing/lines.hpp"
 #include "engine/number_text.hpp"
 #include "engine/reading.hpp"
+#include "sheet/marks.hpp"
 #include "sheet/observer.hpp"
 #include "state/context.hpp"
 #include "state/matrices.hpp"
@@ -195,8 +196,8 @@ void ajoute_fermante(LigneDite& dite, std::string_view entiere) {
     if (texte.empty()) return ajoute_mots(dite.mots, "ligne vide");
     if (texte.starts_with('!')) return ajoute_commentaire(dite, texte);
     const std::string grandes = capitales(texte);
-    const bool fin = grandes.find("FIN") != std::string::npos;
-    ajoute_mots(dite.mots, grandes == "FIN" ? "ligne FIN" : fin ? "ligne non calculée car elle contient FIN"_fr
+    const bool fin = grandes.find(kFin.mot) != std::string::npos;
+    ajoute_mots(dite.mots, grandes == kFin.mot ? "ligne FIN" : fin ? "ligne non calculée car elle contient FIN"_fr
                                                                 : "ligne non calculée"_fr);
     if (!fin) ajoute_mots(dite.mots, signes_en_mots(texte));
 }
@@ -204,8 +205,8 @@ void ajoute_fermante(LigneDite& dite, std::string_view entiere) {
 // The variable of a heading, 1 to 26: the letter behind INC or AIR, 0 for anything else.
 int variable_entete(std::string_view ligne) {
     const std::string grandes = capitales(ligne);
-    std::size_t mot = grandes.find("INC");
-    if (mot == std::string::npos) mot = grandes.find("AIR");
+    std::size_t mot = grandes.find(kMotInc.mot);
+    if (mot == std::string::npos) mot = grandes.find(kMotAir.mot);
     if (mot == std::string::npos || mot + 3 >= grandes.size()) return 0;
     const int rang = rang_lettre(grandes[mot + 3]);
     return rang < 1 || rang > 26 ? 0 : rang;
@@ -221,7 +222,7 @@ void ajoute_entete(LigneDite& dite, const FormuleRelevee& lue, std::string_view 
 void ajoute_definition(LigneDite& dite, std::string_view ligne) {
     const std::string grandes = capitales(ligne);
     ajoute_mots(dite.mots, "définition de la matrice"_fr);
-    ajoute_mots(dite.mots, grandes.substr(std::min(grandes.find("DEFM") + 4, grandes.size()), 1));
+    ajoute_mots(dite.mots, grandes.substr(std::min(grandes.find(kDefM.mot) + kDefM.mot.size(), grandes.size()), 1));
 }
 
 // "fonction de X égale X au carré plus 1" for "DEFFON=X^2+1".

@@ -10,6 +10,7 @@
 #include "exchange/drawing.hpp"
 #include "exchange/html_text.hpp"
 #include "exchange/page_style.hpp"
+#include "exchange/shown_results.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/number_result.hpp"
 
@@ -17,16 +18,6 @@ namespace {
 
 constexpr int kColonnesDeFormule = 12, kLignesDeFormule = 40;   // a larger matrix is a table of the page
 constexpr std::string_view kFinBloc = "fin résultat "_fr;
-
-std::vector<std::string_view> lignes_du_texte(std::string_view texte) {
-    std::vector<std::string_view> lignes;
-    for (std::size_t debut = 0;;) {
-        const std::size_t fin = std::min(texte.find("\r\n", debut), texte.size());
-        lignes.push_back(texte.substr(debut, fin - debut));
-        if (fin == texte.size()) return lignes;
-        debut = fin + 2;
-    }
-}
 
 // A literal of the page: UTF-8 as it stands.
 std::string element(std::string_view nom, std::string_view contenu) {
@@ -98,7 +89,7 @@ public:
             const int numero = static_cast<int>(place_) + 1;
             while (note < notes_.size() && notes_[note].numero < numero) ++note;
             if (note < notes_.size() && notes_[note].numero == numero)
-                calculee(notes_[note]);
+                notes_[note].copiee && !est_nombre(notes_[note]) ? copiee(notes_[note]) : calculee(notes_[note]);
             else
                 autre(lignes_[place_++]);
         }
@@ -107,6 +98,18 @@ public:
 
 private:
     std::string_view brute() const { return place_ < lignes_.size() ? lignes_[place_] : std::string_view(); }
+
+    static bool est_nombre(const LigneRapport& ligne) {
+        return ligne.donnees.variable == 0 && ligne.donnees.groupes.empty() && ligne.matrice == 0;
+    }
+
+    // Lines whose random numbers the sheet alone knows.
+    void copiee(const LigneRapport& ligne) {
+        const std::size_t avant = sortie_.size(), debut = place_;
+        calculee(ligne);
+        sortie_.resize(avant);
+        for (std::size_t i = debut; i < place_; ++i) autre(lignes_[i]);
+    }
 
     // A comment, or a line that no calculation has reached.
     void autre(std::string_view ligne) {

@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "exchange/mathml.hpp"
+#include "exchange/shown_results.hpp"
 #include "platform/hooks.hpp"
 #include "platform/patience.hpp"
 #include "sheet/aside.hpp"
@@ -29,16 +30,19 @@ struct RapportEnCours {
     Rapport* rapport = nullptr;
     DonneesNotees donnees;
     bool avec_formules = false;
+    std::size_t tirages = 0;             // random numbers up to the line before
 };
 RapportEnCours en_cours;
 
-// The values of the function over the interval; its variable gets its own value back.
+// The values of the function over the interval; its variable gets its own value back. A function that draws random
+// numbers has no curve: each one would be another.
 std::vector<PointTrace> courbe_de(const LigneRapport& ligne) {
     std::vector<PointTrace> courbe;
     const double debut = ligne.donnees.debut, fin = ligne.donnees.fin;
     if (!std::isfinite(fin - debut) || debut == fin) return courbe;
     double& variable_du_trace = moteur.valeur_variable[static_cast<std::size_t>(ligne.donnees.variable)];
     const double avant = variable_du_trace;
+    const std::size_t tirages = hasard.tirages;
     for (int i = 0; i <= kPointsDeCourbe && !abandonne(); ++i) {
         const double x = debut + (fin - debut) * i / kPointsDeCourbe;
         variable_du_trace = x;
@@ -47,6 +51,7 @@ std::vector<PointTrace> courbe_de(const LigneRapport& ligne) {
         courbe.push_back({x, definie ? std::optional(lue.valeur) : std::nullopt});
     }
     variable_du_trace = avant;
+    if (hasard.tirages != tirages) courbe.clear();
     return courbe;
 }
 
@@ -106,6 +111,7 @@ void note_ligne(int numero) {
     if (en_cours.rapport == nullptr || definition_de_matrice.definition_matrice) return;
     try {
         LigneRapport ligne;
+        ligne.hasard = hasard.tirages != en_cours.tirages;
         ligne.numero = numero;
         ligne.formule = feuille.formule_ligne(numero);
         ligne.resultat = feuille.resultat_ligne(numero);
@@ -120,6 +126,32 @@ void note_ligne(int numero) {
     } catch (...) {   // no memory: the pass goes on
         en_cours.rapport->complet = false;
     }
+    en_cours.tirages = hasard.tirages;   // noting has read formulas again
+}
+
+// The report of the sheet with the random numbers that come now. False when it was given up.
+bool fais_rapport(const std::string& texte, bool avec_formules, Rapport& rapport) {
+    const std::mt19937_64 generateur = moteur.generateur;
+    Calcul calcul = calcule_feuille(texte, 0);
+    rapport = Rapport{};
+    rapport.texte = calcul.issue == Issue::ecrite ? std::move(calcul.texte) : texte;
+    rapport.complet = !patience.abandonnee && calcul.issue != Issue::refusee;
+    if (!rapport.complet) return false;
+    // The lines of the calculated text are those that a second pass numbers.
+    const std::string calcule = rapport.texte;
+    moteur.generateur = generateur;
+    en_cours = {&rapport, {}, avec_formules, hasard.tirages};
+    notees = &en_cours.donnees;
+    const auto avant = std::exchange(crochets.ligne_calculee, note_ligne);
+    calcul = calcule_feuille(calcule, 0);
+    crochets.ligne_calculee = avant;
+    notees = nullptr;
+    en_cours = {};
+    if (calcul.issue == Issue::ecrite) rapport.texte = std::move(calcul.texte);
+    if (patience.abandonnee) rapport.complet = false;
+    std::stable_sort(rapport.lignes.begin(), rapport.lignes.end(),
+                     [](const LigneRapport& a, const LigneRapport& b) { return a.numero < b.numero; });
+    return rapport.complet;
 }
 
 std::string nombre_de_ligne(int numero) { return ", ligne " + chiffres(numero); }
@@ -129,24 +161,13 @@ std::string nombre_de_ligne(int numero) { return ", ligne " + chiffres(numero); 
 Rapport rapport_de(const std::string& texte, bool avec_formules) {
     Rapport rapport;
     const CalculAPart a_part;
-    Calcul calcul = calcule_feuille(texte, 0);
-    rapport.texte = calcul.issue == Issue::ecrite ? std::move(calcul.texte) : texte;
-    if (patience.abandonnee || calcul.issue == Issue::refusee) {
-        rapport.complet = false;
-        return rapport;
+    const bool fait = fais_rapport(texte, avec_formules, rapport);
+    // The last passes first: their random numbers may be those that the sheet shows.
+    for (std::size_t i = 1; fait && i < hasard.nombre && contredit(rapport, texte); ++i) {
+        moteur.generateur = hasard.debuts[i];
+        if (!fais_rapport(texte, avec_formules, rapport)) return rapport;
     }
-    // The lines of the calculated text are those that a second pass numbers.
-    const std::string calcule = rapport.texte;
-    en_cours = {&rapport, {}, avec_formules};
-    notees = &en_cours.donnees;
-    crochets.ligne_calculee = note_ligne;
-    calcul = calcule_feuille(calcule, 0);
-    notees = nullptr;
-    en_cours = {};
-    if (calcul.issue == Issue::ecrite) rapport.texte = std::move(calcul.texte);
-    if (patience.abandonnee) rapport.complet = false;
-    std::stable_sort(rapport.lignes.begin(), rapport.lignes.end(),
-                     [](const LigneRapport& a, const LigneRapport& b) { return a.numero < b.numero; });
+    if (fait && contredit(rapport, texte)) montre_ce_qui_est_ecrit(rapport, texte);
     return rapport;
 }
 

@@ -110,9 +110,7 @@ constexpr Table kFonctions = {{
      })},
     {kInvMat, "INVMAT", Lecture::un, procedure([](double, double&) { InversionMatrice(); })},   // the work matrix
     {kDetMat, "DETMAT", Lecture::un, procedure([](double, double& r) { Determinantmatrice(r); })},
-    {kAlea, "ALEA", Lecture::nom_seul, procedure([](double, double& r) {
-         r = static_cast<double>(moteur.generateur() >> 11) * 0x1p-53;
-     })},
+    {kAlea, "ALEA", Lecture::nom_seul, procedure([](double, double& r) { r = tire_au_hasard(); })},
     {kResXY, "RESXY", Lecture::deux, procedure([](double, double& r) {
          r = ResXy(moteur.l_argument1, moteur.l_argument2);
      })},

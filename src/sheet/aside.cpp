@@ -41,6 +41,7 @@ CalculAPart::CalculAPart()
     patience = Patience{};
     boites_de_passe = BoitesDePasse{};
     tues = 0;
+    if (hasard.nombre > 0) moteur.generateur = hasard.debuts.front();
     tais_le_port();
 }
 

@@ -272,6 +272,7 @@ Suite traite_ligne(Passe& p) {
 
 // Everything that a pass begins without.
 void vide_definitions() {
+    moteur.debut_hasard.reset();
     moteur.definition_fonction_active = false;
     moteur.fonction_active = 0;
     moteur.nom_fonction.clear();

@@ -43,7 +43,10 @@ void recalcul() noexcept {
     commence_attention();
     Calcul calcul = calcule_feuille(texte, port.texte.sel_start());
     const bool faite = calcul.issue == Issue::ecrite || calcul.issue == Issue::incomplete;
-    if (faite) montre_calcul(calcul);
+    if (faite) {
+        garde_le_hasard();
+        montre_calcul(calcul);
+    }
     dit_attention(calcul.issue == Issue::ecrite);
 }
 

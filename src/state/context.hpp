@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <numbers>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -75,5 +76,17 @@ struct Moteur : Registres {
 
     double pi_valeur = std::numbers::pi; // four times the arc tangent of 1
     std::mt19937_64 generateur;          // uniform random generator, seeded once at start-up
+    std::optional<std::mt19937_64> debut_hasard;   // as it stood before this pass first drew; none: it hasn't
 };
 extern Moteur moteur;
+
+// Where the random numbers of the last passes that drew some began, the newest one first. Who calculates a sheet
+// again to tell of it begins there, and finds the numbers that the sheet shows. One instance, `hasard`.
+struct Hasard {
+    std::array<std::mt19937_64, 8> debuts;
+    std::size_t nombre = 0;              // of them that are known
+    std::size_t tirages = 0;             // random numbers that anything has drawn
+};
+extern Hasard hasard;
+
+double tire_au_hasard();                 // from 0, below 1

@@ -31,6 +31,9 @@ bool formule_en_erreur();
 void pose_pi(double pi);
 void seme_generateur();
 
+// Notes that the sheet shows what the last pass has drawn at random.
+void garde_le_hasard();
+
 // Puts the context and the modes back to their initial values, seeds the random generator, and has failures
 // told by boxes and marked in the formula.
 void reinitialise_moteur();

@@ -23,6 +23,7 @@
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/pass_result.hpp"
+#include "state/variables.hpp"
 #include "terminal/exchange_files.hpp"
 #include "terminal/findings_output.hpp"
 #include "terminal/last_handler.hpp"
@@ -192,6 +193,7 @@ bool calcule_texte(std::string& texte, bool colonne) {
     Calcul calcul = calcule_feuille(texte, 0);
     if (calcul.issue == Issue::ecrite) texte = std::move(calcul.texte);
     const bool faite = calcul.issue == Issue::ecrite || calcul.issue == Issue::incomplete;
+    if (faite) garde_le_hasard();
     if (faite) Tente(kRecalcul, [&] { dit(calcul.message(texte)); });
     if (colonne && faite && !calcul.erreur) ajoute_total(texte);
     return !calcul.erreur && !terminal.boite_vue;

@@ -82,6 +82,9 @@ def small_sheets(calc, folder):
     page = page_of("comments", "! Devoir de <maths> & plus", "2+3 ! somme", "", "! fin")
     check(text_of(page.find(f".//{X}h1")) == "Devoir de <maths> & plus", "the title isn't the first comment")
     check([text_of(c) for c in page.findall(f".//*[@class='commentaire']")] == ["somme", "fin"], "comments are lost")
+    # look() finds the numbers of standard output in the page.
+    page = page_of("random", "A=INT(1000000*ALEA)", "B=A*2", "INCX(1,1,3)", "X+INT(1000000*ALEA)", "A+INT(1000000*ALEA)")
+    check(not page.findall(f".//{S}svg"), "a function that draws random numbers is drawn as if it were one")
     page = page_of("matrix", "DEFMA", "1,2", "3,4", "FIN", "MB=MA*2")
     check(formulas(page) == ["MA=(mtable[mtr[mtd[1]mtd[2]]mtr[mtd[3]mtd[4]]])",
                              "MB=MA×2=(mtable[mtr[mtd[2]mtd[4]]mtr[mtd[6]mtd[8]]])"], "matrices are", formulas(page))

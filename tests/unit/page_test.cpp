@@ -1,0 +1,91 @@
+// The page of a sheet with random numbers shows those of the sheet, whatever has happened since they were drawn.
+#include <doctest/doctest.h>
+
+#include <string>
+
+#include "base/codepage.hpp"
+#include "exchange/page.hpp"
+#include "platform/platform.hpp"
+#include "shell/events.hpp"
+#include "study/sheet_study.hpp"
+#include "unit/one_sheet.hpp"
+
+namespace {
+
+const std::string kDes = "A=INT(1000000*ALEA)\r\nB=A*2\r\nINCX(1,1,3)\r\nX+INT(1000000*ALEA)\r\nA+INT(1000000*ALEA)";
+
+// The sheet as the program has calculated it.
+std::string calculee(const std::string& texte) {
+    port.texte.pose_texte(std::string(texte));
+    port.texte.pose_selection(0, 0);
+    evenement_menu("mnuCalculItem");
+    return port.texte.texte();
+}
+
+std::string page_de(const std::string& texte) { return page_html(rapport_de(texte, true), "essai"); }
+
+// Whether the page shows each number of the sheet, in its formulas and tables and not in the text at its end alone.
+void montre_les_nombres(const std::string& page, const std::string& feuille) {
+    const std::string haut = page.substr(0, page.find("<h2>Texte de la feuille"));
+    for (const std::string ligne : {"B=A*2 = ", "f(1) = ", "f(3) = ", "A+INT(1000000*ALEA) = "}) {
+        const std::size_t place = feuille.find(ligne);
+        REQUIRE(place != std::string::npos);
+        const std::size_t debut = place + ligne.size();
+        const std::string nombre = feuille.substr(debut, feuille.find("\r\n", debut) - debut);
+        INFO(ligne, nombre, "\n", haut);
+        CHECK(haut.find(">" + nombre + "<") != std::string::npos);
+    }
+    CHECK(page.find(feuille) != std::string::npos);
+}
+
+}  // namespace
+
+TEST_CASE("the page of a sheet shows the random numbers that the sheet shows") {
+    demarre_avec_feuille();
+    const std::string feuille = calculee(kDes);
+    montre_les_nombres(page_de(feuille), feuille);
+    CHECK(page_de(feuille) == page_de(feuille));
+}
+
+TEST_CASE("the page shows the same random numbers when other sheets were calculated since") {
+    demarre_avec_feuille();
+    const std::string feuille = calculee(kDes);
+    for (int i = 0; i < 7; ++i) CHECK(calculee(kDes) != feuille);
+    montre_les_nombres(page_de(feuille), feuille);
+}
+
+TEST_CASE("lines that are added to a sheet with random numbers are calculated with them") {
+    demarre_avec_feuille();
+    const std::string feuille = calculee(kDes);
+    const std::string page = page_de("! Des tirages\r\n" + feuille + "\r\nB-2*A+17");
+    montre_les_nombres(page.substr(0, page.find("<h2>")) + feuille, feuille);
+    CHECK(page.find("<mn>17</mn><mo>=</mo><mn>17</mn>") != std::string::npos);
+}
+
+TEST_CASE("random numbers that were never drawn here are shown as the sheet shows them") {
+    demarre_avec_feuille();
+    const std::string feuille = "A=INT(6*ALEA)+1 = 4\r\nB=A*2 = 8\r\nINCX(1,1,2)\r\nX+ALEA\r\nf(1) = 1.25\r\nf(2) = 2.5\r\nA/8 = 0.5";
+    const std::string page = page_de(feuille);
+    const std::string haut = page.substr(0, page.find("<h2>"));
+    CHECK(haut.find("<mn>1</mn><mo>=</mo><mn>4</mn>") != std::string::npos);
+    CHECK(haut.find("<mn>2</mn><mo>=</mo><mn>8</mn>") != std::string::npos);
+    CHECK(haut.find("<code>f(2) = 2.5</code>") != std::string::npos);
+    CHECK(haut.find("<mo>=</mo><mn>0,5</mn>") != std::string::npos);
+    CHECK(page.find(feuille) != std::string::npos);
+}
+
+TEST_CASE("a sheet that wasn't calculated yet gets random numbers for its page") {
+    demarre_avec_feuille();
+    const std::string page = page_de(kDes);
+    CHECK(page.find("f(3) = ") != std::string::npos);
+    CHECK(page.find("<th scope=\"col\">f(X)</th>") != std::string::npos);
+}
+
+TEST_CASE("the study of a function finds the random number above it that the sheet shows") {
+    demarre_avec_feuille();
+    const std::string feuille = calculee("A=INT(1000*ALEA)\r\nINCX(0,1,3)\r\nX+A");
+    EtudeDeFeuille etude;
+    REQUIRE(etudie_fonction(feuille, fonctions_de_feuille(feuille).at(0), "", etude).empty());
+    const std::size_t debut = feuille.find("f(0) = ") + 7;
+    CHECK(etude.etude.y.front() == std::stod(feuille.substr(debut)));
+}

@@ -38,20 +38,24 @@ bool est_ligne_de_statistiques(std::string_view ligne) {
     return dernier > 2 && (est_minuscule(ligne[2]) || est_minuscule(ligne[3]));
 }
 
-// A text that a number begins: a digit, a sign, Pi, INF.
-bool est_valeur(std::string_view texte) {
-    if (texte.starts_with('-')) texte.remove_prefix(1);
-    return !texte.empty() && ((texte[0] >= '0' && texte[0] <= '9') || texte.starts_with("Pi") ||
-                              texte.starts_with("INF") || texte.starts_with("NAN") || texte[0] == '.');
+// The number that a text begins with, Pi and INF too: what was typed behind it is none of it. "" when there is none.
+std::string_view valeur_en_tete(std::string_view texte) {
+    texte = sans_blancs(texte);
+    const std::string_view mot = texte.substr(0, texte.find_first_of(" !"));
+    const bool signes = mot.find_first_not_of("0123456789ABCDEFINPi.+-/") == npos;
+    return signes && mot.find_first_of("0123456789ABCDEFNP") != npos ? mot : std::string_view();
+}
+
+ResultatNu nombre_ou_refus(std::string_view texte) {
+    const std::string_view valeur = valeur_en_tete(texte);
+    return {std::string(valeur), valeur.empty() ? std::string(kPasDeResultat) : ""};
 }
 
 // A line of a block of results: "X=moyenne des X= 12" and "f(2) = 5" have one number, behind their last "=".
 ResultatNu resultat_de_bloc(std::string_view ligne) {
     if (ligne.starts_with("N= ") && ligne.find(", X=") != npos) return {"", std::string(kPlusieursResultats)};
     if (!est_ligne_de_statistiques(ligne) && !ligne.starts_with("f(")) return {"", std::string(kPasDeResultat)};
-    const std::string_view valeur = sans_blancs(ligne.substr(ligne.rfind('=') + 1));
-    if (!est_valeur(valeur)) return {"", std::string(kPasDeResultat)};
-    return {std::string(valeur), ""};
+    return nombre_ou_refus(ligne.substr(ligne.rfind('=') + 1));
 }
 
 // The rows of the matrix below its line, when they stand there whole.
@@ -70,7 +74,7 @@ ResultatNu resultat_nu(std::string_view texte, const Etendue& ligne, std::string
     if (resultat.empty()) return resultat_de_bloc(mots);
     if (resultat.starts_with("==")) return matrice_dessous(texte, ligne);
     const std::string_view sans = resultat.substr(std::min(resultat.find('=') + 1, resultat.size()));
-    if (sans.starts_with(' ')) return {std::string(sans_blancs(sans)), ""};
+    if (sans.starts_with(' ')) return nombre_ou_refus(sans);
     const std::size_t bornes = sans.rfind(" =");
     if (bornes == npos) return {"", std::string(sans.find(',') != npos ? kDefinition : kPasDeResultat)};
     return {std::string(sans.substr(0, bornes)), ""};

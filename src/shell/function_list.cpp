@@ -9,6 +9,7 @@
 #include "functions/table.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "shell/help_mode.hpp"
 #include "shell/views.hpp"
 #include "shell/window.hpp"
 
@@ -57,7 +58,9 @@ void va_a_la_lettre(char lettre) {
 
 }  // namespace
 
+// In key help the keys are only told.
 bool est_touche_de_liste(const FrappeTouche& frappe) {
+    if (aide.aide_touche) return false;
     const bool sienne = est_lettre(frappe.touche) || frappe.touche == kToucheEntree;
     return fenetre.liste_fonctions && fenetre.txt.visible && sienne && !frappe.ctrl && !frappe.alt;
 }

@@ -6,13 +6,16 @@
 #include <string>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "documents/open_documents.hpp"
+#include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "sheet/column.hpp"
 #include "sheet/recalculation.hpp"
 #include "sheet/spoken_result.hpp"
+#include "shell/results.hpp"
 #include "shell/review.hpp"
 #include "state/pass_result.hpp"
 #include "state/variables.hpp"
@@ -33,9 +36,16 @@ void montre_calcul(Calcul& calcul) {
 void mnuCalculItem() { recalcul(); }
 void mnuCalculColonneItem() { calcul_colonne(); }
 
+// The message line has no words for a line without a result, nor any before the first calculation: a reader is told
+// them then. A line that is empty is told as such.
 void MnuParleResultatItem() {
-    if (lignes_de_la_feuille() < 1) return;
-    dit(resultat_sous_curseur(port.texte.texte(), port.texte.sel_start()));
+    const std::string& texte = port.texte.texte();
+    const std::string resultat(sans_blancs(resultat_sous_curseur(texte, port.texte.sel_start())));
+    const bool calculee = lignes_de_la_feuille() >= 1;
+    const bool ligne_vide = sans_blancs(extraitLigne(port.texte.sel_start())).empty();
+    if (calculee) dit(resultat);
+    if (resultat.empty() && !(calculee && ligne_vide)) return souffle(kPasDeResultat);
+    if (!calculee) souffle(resultat);
 }
 
 void recalcul() noexcept {

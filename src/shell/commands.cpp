@@ -183,11 +183,11 @@ constexpr auto kItems = std::to_array<LigneCommande>({
     {.numero = 44, .menu = kOutils, .nom = "mnuAnnulerItem",
      .libelle = "&Annuler la dernière modification Controle Z"_fr,
      .enfoncee = {'Z', false, true, false}, .mots_aide = "annuler la dernière modification"_fr,
-     .refus = kRienAAnnuler, .execute = annule},
+     .refus = kPasUneFeuille, .execute = annule},
     {.numero = 45, .menu = kOutils, .nom = "mnuRetablirItem",
      .libelle = "&Rétablir la modification annulée Controle Maj Z"_fr,
      .enfoncee = {'Z', true, true, false}, .mots_aide = "rétablir la modification annulée"_fr,
-     .refus = kRienARetablir, .execute = retablit},
+     .refus = kPasUneFeuille, .execute = retablit},
     {.numero = 46, .menu = kOutils, .nom = kItemSon, .libelle = "Son à la fin du calcul"_fr,
      .raccourci = ctrl(kToucheF8), .mots_aide = "son à la fin du calcul"_fr, .execute = mnuSonItem},
     {.numero = 50, .menu = kOutils, .nom = "mnuVerifierItem", .libelle = "&Vérifier la feuille"_fr,
@@ -381,9 +381,10 @@ void reinitialise_menus() {
 void lance(const LigneCommande& ligne) {
     if (annonce_mots(ligne.mots_aide)) return;
     if (ligne.dite) dit(ligne.mots_aide);
-    if (ligne.vues == Vues::quittees) quitte_vues();
+    const bool partie = ligne.vues == Vues::quittees && quitte_vues();
     if (!ligne.refus.empty() && !texte_modifiable()) return dit(ligne.refus);
     ligne.execute();
+    if (partie && texte_modifiable()) souffle(kRetourFeuille);
 }
 
 bool execute_commande(std::string_view nom) {

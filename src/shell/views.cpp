@@ -77,13 +77,15 @@ void ramene_feuille() {
 bool texte_modifiable() { return fenetre.txt.visible && !fenetre.txt_lecture_seule; }
 
 // The commands that show another sheet act on sheets: what is typed afterwards must be what is saved.
-void quitte_vues() {
+bool quitte_vues() {
+    const bool ailleurs = !texte_modifiable();
     if (vue_ouverte(Vue::choix_couleur)) RetourListe();
     if (vue_ouverte(Vue::angle)) {
         montre_angle(false);
         donne_focus(fenetre.txt);
     }
     if (documents.liste_fonction_active) ramene_feuille();
+    return ailleurs;
 }
 
 void mnuAngleItem() {

@@ -6,13 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "base/codepage.hpp"
+
 // What a text says that can be read and not written.
 inline constexpr std::string_view kLectureSeule = "lecture seule";
+// Told when a command has left another view, and what it said may not tell so.
+inline constexpr std::string_view kRetourFeuille = "retour à la feuille"_fr;
 
 void mnuAngleItem();             // opens the angle view
 void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated
 bool texte_modifiable();         // `txt` is shown and can be written
-void quitte_vues();              // the sheet again, from the angle, the colours or a read-only text
+bool quitte_vues();              // the sheet again, from the angle, the colours or a read-only text; false: it was there
 void CmdVoxtab();                // validates a colour, or brings the sheet back
 void CmdModifTexte();            // replacement on the text
 void mnuAideToucheItem();        // key help on and off

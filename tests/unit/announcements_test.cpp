@@ -6,6 +6,7 @@
 #include "base/codepage.hpp"
 #include "shell/calculation.hpp"
 #include "shell/colours.hpp"
+#include "shell/commands.hpp"
 #include "shell/events.hpp"
 #include "shell/window.hpp"
 #include "unit/helpers.hpp"
@@ -94,4 +95,36 @@ TEST_CASE("announcements: a view that can't be written in says so") {
     evenement_menu("mnuApropos");
     CHECK(en_utf8(memoire.annonces) == Textes{"lecture seule"});
     CHECK(messages().back() == "VOXTAB Version 2.02");
+}
+
+TEST_CASE("announcements: the result of a line is told where the message line has no words for it") {
+    evenement_chargement();
+    memoire.texte = "1 = 1\r\nA\r\n\r\n5";
+    execute_commande("MnuParleResultatItem");   // no calculation yet: what stands there
+    CHECK(en_utf8(memoire.annonces) == Textes{"= 1"});
+    memoire.sel_start = 7;
+    execute_commande("MnuParleResultatItem");
+    CHECK(en_utf8(memoire.annonces) == Textes{"= 1", "pas de résultat"});
+    CHECK(messages().empty());
+    memoire.texte = "1\r\n! a\r\n\r\n5";
+    memoire.sel_start = 0;
+    execute_commande("mnuCalculItem");
+    memoire.annonces.clear();
+    memoire.sel_start = 7;
+    execute_commande("MnuParleResultatItem");
+    CHECK(messages().back().empty());
+    CHECK(en_utf8(memoire.annonces) == Textes{"pas de résultat"});
+    memoire.sel_start = 14;                      // an empty line is told as such
+    execute_commande("MnuParleResultatItem");
+    CHECK(memoire.annonces.size() == 1);
+}
+
+TEST_CASE("announcements: a command that leaves a view tells that the sheet is there again") {
+    evenement_chargement();
+    evenement_menu("mnuApropos");
+    evenement_menu("mnuErreurSuivanteItem");
+    CHECK(messages().back() == "pas de ligne en erreur plus bas");
+    CHECK(en_utf8(memoire.annonces) == Textes{"lecture seule", "retour à la feuille"});
+    evenement_menu("mnuErreurSuivanteItem");    // in the sheet itself it isn't
+    CHECK(memoire.annonces.size() == 2);
 }

@@ -61,11 +61,10 @@ BENCHMARK_CAPTURE(format_nombre, grand, 1.5e250);
 
 void efface_egalite(benchmark::State& etat, std::string_view texte) {
     prepare_variables();
-    std::string ligne;
     bool correct = false;
     for (auto _ : etat) {
-        ligne = texte;
-        effaceEgalite(ligne, 1, correct);
+        std::string_view ligne = texte;
+        effaceEgalite(ligne, signes_de(texte), 1, correct);
         benchmark::DoNotOptimize(ligne.data());
     }
     if (!correct) etat.SkipWithError("the line was refused");

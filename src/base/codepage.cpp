@@ -7,15 +7,13 @@ std::string capitales(std::string_view texte) {
     return sortie;
 }
 
-void range_capitales(std::string& cible, std::string_view texte) {
-    cible.assign(texte);
-    for (char& c : cible) c = capitale(c);
+void met_en_capitales(std::string& texte) {
+    for (char& c : texte) c = capitale(c);
 }
 
-std::string_view sans_blancs(std::string_view texte) {
-    while (!texte.empty() && texte.front() == ' ') texte.remove_prefix(1);
-    while (!texte.empty() && texte.back() == ' ') texte.remove_suffix(1);
-    return texte;
+void range_capitales(std::string& cible, std::string_view texte) {
+    cible.assign(texte);
+    met_en_capitales(cible);
 }
 
 void ajoute_utf8(std::string& sortie, char32_t c) {

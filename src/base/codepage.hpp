@@ -91,15 +91,21 @@ inline constexpr std::array<char, 256> kCapitale = [] {
     return t;
 }();
 
-inline char capitale(char c) { return kCapitale[static_cast<unsigned char>(c)]; }
+constexpr char capitale(char c) { return kCapitale[static_cast<unsigned char>(c)]; }
 
 // The text in capitals.
 std::string capitales(std::string_view texte);
+void met_en_capitales(std::string& texte);
 // Replaces `cible` by `texte` in capitals, keeping the target's memory.
 void range_capitales(std::string& cible, std::string_view texte);
 
 // The text without its blanks (code 32 alone) at both ends.
-std::string_view sans_blancs(std::string_view texte);
+inline std::string_view sans_blancs(std::string_view texte) {
+    std::size_t debut = 0, fin = texte.size();
+    while (debut < fin && texte[debut] == ' ') ++debut;
+    while (fin > debut && texte[fin - 1] == ' ') --fin;
+    return texte.substr(debut, fin - debut);
+}
 
 // Adds one character, given by its Unicode value, in UTF-8.
 void ajoute_utf8(std::string& sortie, char32_t c);

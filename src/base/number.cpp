@@ -150,39 +150,80 @@ void arrondit_chiffres(QuinzeChiffres& q, int place) {
     }
 }
 
-// Adds an unsigned integer's figures, with `decimales` zeros after a point when there are any.
-void ajoute_entier(std::string& sortie, std::uint64_t n, int decimales) {
-    std::array<char, 24> texte;
-    const auto fin = std::to_chars(texte.data(), texte.data() + texte.size(), n).ptr;
-    sortie.append(texte.data(), fin);
-    if (decimales > 0) {
-        sortie += '.';
-        sortie.append(static_cast<std::size_t>(decimales), '0');
+// Whether |x| is an integer below 10^15: it has at most fifteen digits, nothing is to be rounded.
+bool est_entier_court(double absolu) {
+    return absolu < 1e15 && static_cast<double>(static_cast<std::int64_t>(absolu)) == absolu;
+}
+
+constexpr auto kPaires = [] {   // "00" to "99"
+    std::array<char, 200> t{};
+    for (std::size_t n = 0; n < 100; ++n) {
+        t[2 * n] = static_cast<char>('0' + n / 10);
+        t[2 * n + 1] = static_cast<char>('0' + n % 10);
     }
+    return t;
+}();
+
+// Writes the figures of `n` in front of `fin`; answers where they begin.
+char* ecrit_chiffres(char* fin, std::uint64_t n) {
+    for (; n >= 100; n /= 100) std::memcpy(fin -= 2, kPaires.data() + 2 * (n % 100), 2);
+    if (n < 10) {
+        *--fin = static_cast<char>('0' + n);
+        return fin;
+    }
+    std::memcpy(fin -= 2, kPaires.data() + 2 * n, 2);
+    return fin;
+}
+
+// Adds `n` units of the last of `decimales` decimals, with its sign.
+void ajoute_unites(std::string& sortie, bool negatif, std::uint64_t n, int decimales) {
+    std::array<char, 40> texte;
+    char* const fin = texte.data() + texte.size();
+    char* debut = fin;
+    if (decimales > 0) {
+        for (; decimales > 0; --decimales, n /= 10) *--debut = static_cast<char>('0' + n % 10);
+        *--debut = '.';
+    }
+    debut = ecrit_chiffres(debut, n);
+    if (negatif) *--debut = '-';
+    sortie.append(debut, static_cast<std::size_t>(fin - debut));
 }
 
 constexpr int kDecimalesRapides = 6;
 constexpr std::array<double, kDecimalesRapides + 1> kPuissances10 = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-// Adds |x| with few decimals when one multiplication rounds as the fifteen digits do: below 10^12
-// their cut and the product's error together move the value by far less than 0.01 of the last
-// decimal, so only a value about half-way between two needs the digits. False when it does.
-bool ajoute_fixe_rapide(std::string& sortie, double absolu, int decimales) {
+// |x| in units of its last decimal when one multiplication rounds as the fifteen digits do: below 10^12 their cut and
+// the product's error together move the value by far less than 0.01 of the last decimal, so only a value about half-way
+// between two needs the digits. False when it does.
+bool compte_unites(double absolu, int decimales, std::uint64_t& n) {
     if (decimales > kDecimalesRapides) return false;
     const double unites = absolu * kPuissances10[static_cast<std::size_t>(decimales)];
     if (!(unites < 1e12)) return false;
-    const double entier = std::trunc(unites), reste = unites - entier;
+    const auto entier = static_cast<std::int64_t>(unites);
+    const double reste = unites - static_cast<double>(entier);
     if (std::fabs(reste - 0.5) <= 0.01) return false;
-    auto n = static_cast<std::uint64_t>(entier) + (reste > 0.5 ? 1 : 0);
-    std::array<char, 24> texte;
-    char* debut = texte.data() + texte.size();
-    for (int place = 0; n != 0 || place <= decimales; ++place) {
-        if (place == decimales && decimales > 0) *--debut = '.';
-        *--debut = static_cast<char>('0' + n % 10);
-        n /= 10;
-    }
-    sortie.append(debut, static_cast<std::size_t>(texte.data() + texte.size() - debut));
+    n = static_cast<std::uint64_t>(entier) + (reste > 0.5 ? 1 : 0);
     return true;
+}
+
+// Adds |x| out of its fifteen digits.
+void ajoute_quinze_chiffres(std::string& sortie, double x, int decimales) {
+    QuinzeChiffres q = quinze_chiffres(x);
+    arrondit_chiffres(q, q.exposant + 1 + decimales);
+    const auto chiffre = [&](int rang) {   // digit of rank 10^-rang after the first
+        return rang < 0 || rang > 14 ? '0' : q.chiffre[static_cast<std::size_t>(rang)];
+    };
+    for (int i = 0; i <= std::max(q.exposant, 0); ++i)
+        sortie += q.exposant < 0 ? '0' : chiffre(i);
+    if (decimales > 0) sortie += '.';
+    for (int i = 1; i <= decimales; ++i) sortie += chiffre(q.exposant + i);
+}
+
+// Drops the zeros that end the decimals from `debut` on, and the point when nothing stays after it.
+void retire_zeros(std::string& texte, std::size_t debut) {
+    if (texte.find('.', debut) == std::string::npos) return;
+    while (texte.back() == '0') texte.pop_back();
+    if (texte.back() == '.') texte.pop_back();
 }
 
 }  // namespace
@@ -218,27 +259,35 @@ std::string texte_general(double x) {
 
 void ajoute_texte_fixe(std::string& sortie, double x, int decimales) {
     decimales = std::max(decimales, 0);
-    if (!std::isfinite(x)) [[unlikely]] {
-        sortie += texte_general(x);
-        return;
-    }
-    if (x < 0) sortie += '-';
     const double absolu = std::fabs(x);
-    // Integers below 10^15 have at most fifteen digits: nothing to round.
-    if (absolu < 1e15 && absolu == std::floor(absolu)) {
-        ajoute_entier(sortie, static_cast<std::uint64_t>(absolu), decimales);
-        return;
+    std::uint64_t n = 0;
+    if (compte_unites(absolu, decimales, n)) {
+        ajoute_unites(sortie, x < 0, n, decimales);
+    } else if (!std::isfinite(x)) {
+        sortie += texte_general(x);
+    } else if (est_entier_court(absolu)) {
+        ajoute_unites(sortie, x < 0, static_cast<std::uint64_t>(absolu), 0);
+        if (decimales > 0) (sortie += '.').append(static_cast<std::size_t>(decimales), '0');
+    } else {
+        if (x < 0) sortie += '-';
+        ajoute_quinze_chiffres(sortie, x, decimales);
     }
-    if (ajoute_fixe_rapide(sortie, absolu, decimales)) return;
-    QuinzeChiffres q = quinze_chiffres(x);
-    arrondit_chiffres(q, q.exposant + 1 + decimales);
-    const auto chiffre = [&](int rang) {   // digit of rank 10^-rang after the first
-        return rang < 0 || rang > 14 ? '0' : q.chiffre[static_cast<std::size_t>(rang)];
-    };
-    for (int i = 0; i <= std::max(q.exposant, 0); ++i)
-        sortie += q.exposant < 0 ? '0' : chiffre(i);
-    if (decimales > 0) sortie += '.';
-    for (int i = 1; i <= decimales; ++i) sortie += chiffre(q.exposant + i);
+}
+
+void ajoute_texte_court(std::string& sortie, double x, int decimales) {
+    decimales = std::max(decimales, 0);
+    const double absolu = std::fabs(x);
+    std::uint64_t n = 0;
+    if (est_entier_court(absolu)) {
+        ajoute_unites(sortie, x < 0, static_cast<std::uint64_t>(absolu), 0);
+    } else if (compte_unites(absolu, decimales, n)) {
+        for (; decimales > 0 && n % 10 == 0; --decimales) n /= 10;
+        ajoute_unites(sortie, x < 0, n, decimales);
+    } else {
+        const std::size_t debut = sortie.size();
+        ajoute_texte_fixe(sortie, x, decimales);
+        retire_zeros(sortie, debut);
+    }
 }
 
 std::string forme_blanc(double x) {

@@ -31,6 +31,9 @@ inline std::string texte_fixe(double x, int decimales) {
     return sortie;
 }
 
+// The same without the zeros that end the decimals.
+void ajoute_texte_court(std::string& sortie, double x, int decimales);
+
 // Leading-blank form: one blank in front of a value that is not negative, then the general text.
 std::string forme_blanc(double x);
 

@@ -118,13 +118,6 @@ void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& pos
     position = fin ? longueur + 1 : std::min(paire + 3, longueur);
 }
 
-void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
-               bool& trouve) {
-    std::string_view vue;
-    VoirLigne(vue, texte, position, fin, trouve);
-    ligne.assign(vue);
-}
-
 std::ptrdiff_t find(std::string_view chaine, std::size_t debut) {
     const std::string& texte = port.texte.texte();
     debut = std::max<std::size_t>(debut, 1);

@@ -39,12 +39,9 @@ Etendue etendue_autour(std::string_view texte, std::size_t position);
 // 1 and a line that doesn't exist leave the cursor where it is.
 void SurNumero(std::int32_t numero);
 
-// Reads the line at `position` of `texte` and moves `position` past its line end. `fin` is true on
+// Looks at the line at `position` of `texte` and moves `position` past its line end. `fin` is true on
 // the last line only; a text that closes with a line end has one more, empty, last line. `trouve` is
 // false past the end.
-void LireLigne(std::string& ligne, std::string_view texte, std::size_t& position, bool& fin,
-               bool& trouve);
-// The same for who only looks: the line stays where it stands.
 void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
                bool& trouve);
 

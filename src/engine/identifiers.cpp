@@ -152,21 +152,23 @@ void razVar() {
     moteur.matrice_definie.fill(false);
 }
 
-void prepare_formule(std::string_view texte) {
+Signes prepare_formule(std::string_view texte) {
     std::string& formule = moteur.p_formule;
     const std::string_view garde = sans_blancs(texte);
-    constexpr char kCarreEcrit = "²"_fr[0];
-    if (garde.find(kCarreEcrit) == std::string_view::npos) {
-        range_capitales(formule, garde);
-        return;
+    const Signes signes = signes_de(garde);
+    if ((signes & kSigneCarre) == 0) {
+        formule.assign(garde);
+        if ((signes & kSignePetite) != 0) met_en_capitales(formule);
+        return signes;
     }
     formule.clear();
     for (const char c : garde) {
-        if (c == kCarreEcrit)
+        if (c == "²"_fr[0])
             formule += "^2";
         else
             formule += capitale(c);
     }
+    return signes;
 }
 
 void TestVariable() {

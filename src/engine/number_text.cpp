@@ -13,13 +13,6 @@
 
 namespace {
 
-// Drops the trailing zeros of decimals, and the point when nothing stays after it.
-void retire_zeros(std::string& texte) {
-    if (texte.find('.') == std::string::npos) return;
-    while (texte.size() > 1 && texte.back() == '0') texte.pop_back();
-    if (texte.back() == '.') texte.pop_back();
-}
-
 // Digits as a mantissa of `d` decimals: cut, or filled with zeros.
 void ajuste_chiffres(std::string& s, std::size_t d) {
     if (s.size() > d + 1)
@@ -68,9 +61,7 @@ std::string puissance_positive(const std::string& s, std::size_t point, const st
 
 std::string FormatNombre(double x) {
     std::string texte;
-    const bool entier = std::fabs(x) < 1e15 && x == std::trunc(x);
-    ajoute_texte_fixe(texte, x, entier ? 0 : modes.nombre_decimal);
-    if (!entier) retire_zeros(texte);
+    ajoute_texte_court(texte, x, modes.nombre_decimal);
     return texte;
 }
 

@@ -88,9 +88,9 @@ bool calcule_tabulation(const TexteMarque& formule, std::int16_t numero, std::si
     return true;
 }
 
-// Evaluates p_formule and writes the line's result, or its error. A failure that nothing has put
+// Evaluates p_formule, which has at most these signs, and writes the line's result, or its error. A failure that nothing has put
 // into words is called ambiguous, unless the reader stood on the end mark.
-void calcule_formule(std::int16_t numero, std::string_view genre) {
+void calcule_formule(std::int16_t numero, Signes signes, std::string_view genre) {
     Tente(kCalculChaine, [&] { feuille.valeur_ligne(numero) = evalue_formule(); });
     fige_releve();
     if (moteur.erreur_formule) {
@@ -100,7 +100,7 @@ void calcule_formule(std::int16_t numero, std::string_view genre) {
         moteur.l_texte_erreur.clear();
         return;
     }
-    affiche_valeur(numero);
+    affiche_valeur(numero, signes);
     if (!genre.empty()) ajoute_resultats_stat(genre);
 }
 
@@ -108,8 +108,9 @@ void calcule_formule(std::int16_t numero, std::string_view genre) {
 
 void calcul_chaine(std::int16_t numero) noexcept {
     feuille.ligne_courante = numero;
-    if (!Tente(kCalculChaine, [&] { prepare_formule(feuille.formule_ligne(numero)); })) return;
-    const TexteMarque formule(moteur.p_formule);
+    Signes signes = 0;
+    if (!Tente(kCalculChaine, [&] { signes = prepare_formule(feuille.formule_ligne(numero)); })) return;
+    const TexteMarque formule(moteur.p_formule, signes);
     if (formule.contient(kDefFonction)) {
         note_role(RoleLigne::fonction);
         fige_releve();
@@ -117,7 +118,7 @@ void calcul_chaine(std::int16_t numero) noexcept {
         return;
     }
     if (refuse_sans_resultat(formule, numero)) return;
-    const std::size_t limite = std::min(moteur.p_formule.find('!'), moteur.p_formule.size());
+    const std::size_t limite = (signes & kSigneExclamation) != 0 ? moteur.p_formule.find('!') : moteur.p_formule.size();
     const std::string_view genre = genre_ligne(formule, limite);
     if (!genre.empty()) {
         bool complete = false;
@@ -132,5 +133,5 @@ void calcul_chaine(std::int16_t numero) noexcept {
     } else {
         Tente(kCalculChaine, [] { TestVariable(); });
     }
-    calcule_formule(numero, genre);
+    calcule_formule(numero, signes, genre);
 }

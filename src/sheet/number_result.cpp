@@ -8,6 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "base/number.hpp"
 #include "engine/number_text.hpp"
 #include "functions/functions.hpp"
 #include "state/modes.hpp"
@@ -41,18 +42,27 @@ std::string_view multiple_pi(double absolu) {
     return {};
 }
 
+// Adds the number in the present number mode; adds nothing where it fails.
+void ajoute_texte_du_mode(std::string& sortie, double x) {
+    if (modes.mode_nombre == 2)
+        sortie += texte_hexa(x);
+    else if (modes.mode_affichage == 2)
+        ajoute_texte_court(sortie, x, modes.nombre_decimal);
+    else
+        sortie += modes.mode_affichage == 3 ? FormatPuissance(x) : c_intx(x);
+}
+
 }  // namespace
 
 std::string texte_du_mode(double x) {
-    if (modes.mode_nombre == 2) return texte_hexa(x);
-    if (modes.mode_affichage == 2) return FormatNombre(x);
-    if (modes.mode_affichage == 3) return FormatPuissance(x);
-    return c_intx(x);
+    std::string texte;
+    ajoute_texte_du_mode(texte, x);
+    return texte;
 }
 
 bool formule_contient(std::int16_t numero, const Marque& marque) {
     const std::string& formule = feuille.formule_ligne(numero);
-    if ((lettres_de(formule) & marque.lettres) != marque.lettres) return false;
+    if (!marque.possible(signes_de(formule))) return false;
     return capitales(formule).find(marque.mot) != std::string::npos;
 }
 
@@ -60,10 +70,9 @@ void Affiche_valeur_nombre(std::int16_t numero) noexcept {
     bool pi = false;
     if (modes.mode_nombre == 1) AffichePi(numero, pi);
     if (pi) return;
-    std::string texte;
-    Tente(kAfficheValeurNombre, [&] { texte = texte_du_mode(feuille.valeur_ligne(numero)); });
+    Tente(kAfficheValeurNombre, [&] { feuille.resultat_ligne(numero) = " = "; });
     Tente(kAfficheValeurNombre, [&] {
-        (feuille.resultat_ligne(numero) = " = ") += texte;
+        ajoute_texte_du_mode(feuille.resultat_ligne(numero), feuille.valeur_ligne(numero));
     });
 }
 

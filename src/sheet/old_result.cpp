@@ -25,29 +25,28 @@ constexpr Procedure kEffaceEgalite{" sur effaceEgalite"_fr, false};
 constexpr auto npos = std::string_view::npos;
 
 // True when the line's head names a matrix: "M" and a letter A to J, in any case.
-bool tete_matrice(const std::string& ligne) {
-    const char lettre = ligne.size() >= 4 ? capitale(ligne[1]) : '\0';
-    return ligne.size() >= 4 && capitale(ligne[0]) == 'M' &&
-           TestCarMatrice(std::string_view(&lettre, 1));
+bool tete_matrice(std::string_view ligne) {
+    if (ligne.size() < 4 || capitale(ligne[0]) != 'M') return false;
+    const char lettre = capitale(ligne[1]);
+    return TestCarMatrice(std::string_view(&lettre, 1));
 }
 
-bool est_definition_fonction(const std::string& ligne) {
-    return (lettres_de(ligne) & kDefFonction.lettres) == kDefFonction.lettres &&
-           capitales(ligne).find(kDefFonction.mot) != npos;
+bool est_definition_fonction(std::string_view ligne, Signes signes) {
+    return kDefFonction.possible(signes) && capitales(ligne).find(kDefFonction.mot) != npos;
 }
 
 // True for a comment and for the echo of a statistics result: they never carry a result of their own.
-bool est_sans_resultat(const std::string& ligne) {
-    return ligne.starts_with('!') || ligne.find(", X=") != npos;
+bool est_sans_resultat(std::string_view ligne, Signes signes) {
+    return ligne.starts_with('!') || ((signes & kSigneVirgule) != 0 && ligne.find(", X=") != npos);
 }
 
 // Length of what stays in front of an old result, or npos when the line has none. The head of a line
 // protects its own "=": two columns, four for a matrix, eight for a function definition, which is
 // cut one column earlier since its result always stands as a blank and "=".
-std::size_t longueur_gardee(const std::string& ligne) {
-    if (ligne.find('=') == npos) return npos;
+std::size_t longueur_gardee(std::string_view ligne, Signes signes) {
+    if ((signes & kSigneEgal) == 0) return npos;
     if (tete_matrice(ligne)) return ligne.find('=', 4);
-    if (est_definition_fonction(ligne)) {
+    if (est_definition_fonction(ligne, signes)) {
         const std::size_t egal = ligne.size() >= 9 ? ligne.find('=', 8) : npos;
         return egal == npos ? npos : egal - 1;
     }
@@ -56,11 +55,9 @@ std::size_t longueur_gardee(const std::string& ligne) {
 
 // Refuses the first control character of the formule: box with its column.
 bool refuse_controle(const std::string& formule) {
-    const auto est_controle = [](char c) { return static_cast<unsigned char>(c) < 32; };
-    bool present = false;
-    for (const char c : formule) present |= est_controle(c);   // many characters at once
-    if (!present) return false;
-    const auto controle = std::find_if(formule.begin(), formule.end(), est_controle);
+    const auto controle = std::find_if(formule.begin(), formule.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 32; });
+    if (controle == formule.end()) return false;
     const auto colonne = controle - formule.begin() + 1;
     const std::string texte = std::string("code < 32 en colonne "_fr) + chiffres(colonne);
     note_faute_caractere(texte, formule, static_cast<std::int16_t>(std::min<std::ptrdiff_t>(colonne, 32766)));
@@ -71,23 +68,21 @@ bool refuse_controle(const std::string& formule) {
 
 }  // namespace
 
-std::size_t fin_gardee(const std::string& ligne) {
-    return est_sans_resultat(ligne) ? npos : longueur_gardee(ligne);
+std::size_t fin_gardee(std::string_view ligne) {
+    const Signes signes = signes_de(ligne);
+    return est_sans_resultat(ligne, signes) ? npos : longueur_gardee(ligne, signes);
 }
 
-void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexcept {
+void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, bool& correct) noexcept {
     correct = true;
-    if (est_sans_resultat(ligne)) return;
+    if (est_sans_resultat(ligne, signes)) return;
     Tente(kEffaceEgalite, [&] {
-        const std::size_t gardee = longueur_gardee(ligne);
-        if (gardee == npos) return;
-        ligne.resize(gardee);
-        const std::string_view garde = sans_blancs(ligne);
-        if (garde.size() != ligne.size()) ligne = std::string(garde);
+        const std::size_t gardee = longueur_gardee(ligne, signes);
+        if (gardee != npos) ligne = sans_blancs(ligne.substr(0, gardee));
     });
     Tente(kEffaceEgalite, [&] {
         std::string& formule = formule_de(numero);
-        formule.assign(ligne, 0, ligne.find('!'));
-        correct = !refuse_controle(formule);
+        formule.assign(ligne, 0, (signes & kSigneExclamation) != 0 ? ligne.find('!') : npos);
+        correct = (signes & kSigneControle) == 0 || !refuse_controle(formule);
     });
 }

@@ -4,12 +4,14 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <string_view>
 
-// Cuts the old result from `ligne` and leaves in formule_ligne of the line what is to be evaluated.
+#include "base/signs.hpp"
+
+// Cuts the old result from `ligne`, whose signs are known, and leaves in formule_ligne of the line what is to be evaluated.
 // `correct` is false when a control character stands in that: the box has told it.
-void effaceEgalite(std::string& ligne, std::int16_t numero, bool& correct) noexcept;
+void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, bool& correct) noexcept;
 
 // Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the
 // echo of a statistics result, a line without a result.
-std::size_t fin_gardee(const std::string& ligne);
+std::size_t fin_gardee(std::string_view ligne);

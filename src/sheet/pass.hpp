@@ -22,11 +22,11 @@ struct Passe {
     std::string_view source;             // the text before the pass
     std::size_t position = 1;            // where its next line begins, from 1
     std::int16_t numero = 0;             // number of the current line, from 1
-    std::string ligne;                   // the line, trimmed, then cut by effaceEgalite
-    std::string majuscule;               // the line in capitals, before the cut
-    std::string ligne_avant;             // the line before the cut
+    std::string_view ligne;              // the line, trimmed, then cut by effaceEgalite
+    std::string_view ligne_avant;        // the line before the cut
     std::size_t retrait = 0;             // blanks in front of it
-    Lettres lettres = 0;                 // letters of majuscule
+    Signes signes = 0;                   // of the line before the cut
+    std::string majuscule;               // that line in capitals, where a mark is possible in it
     bool fin = false;                    // this is the last line of the sheet
     bool texte_complet = true;           // every line has been written to the rebuilt text
 
@@ -45,9 +45,9 @@ struct Passe {
     std::string premiere_liste;          // the first of the two lists
     std::size_t ligne_donnees = 1;       // line of the new text with the last heading of a data set
 
-    bool majuscule_contient(const Marque& marque) const {
-        return (lettres & marque.lettres) == marque.lettres &&
-               majuscule.find(marque.mot) != std::string::npos;
+    // Whether the line before the cut holds the mark.
+    bool contient(const Marque& marque) const {
+        return marque.possible(signes) && majuscule.find(marque.mot) != std::string::npos;
     }
 };
 

@@ -45,9 +45,10 @@ AncienBloc ancien_dessous(const Passe& p, GenreBloc genre) {
 
 // True when the line's result is a matrix that stands in a column below it.
 bool resultat_en_colonne(const Passe& p) {
-    return p.majuscule[0] == 'M' && TestCarMatrice(std::string_view(p.majuscule).substr(1, 1)) &&
+    const char lettre = capitale(p.ligne[1]);
+    return capitale(p.ligne[0]) == 'M' && TestCarMatrice(std::string_view(&lettre, 1)) &&
            (reglages.table_ini(kLigneAffichage).champ1 == 1 ||
-            p.ligne_avant.find("==") != std::string::npos);
+            p.ligne_avant.find("==") != std::string_view::npos);
 }
 
 // Takes two lines, with the line end between them, from the beginning of a text; false when it doesn't begin
@@ -65,8 +66,8 @@ bool retire_debut(std::string_view& texte, std::string_view premiere, std::strin
 // The line of a data set: its block. The two lists of a bare STATXY come first.
 Suite retient_stat(Passe& p) {
     const AncienBloc ancien = ancien_dessous(p, GenreBloc::statistiques);
-    if (ancien.lignes > 0 || p.fin || !p.majuscule_contient(kMotStatXY) ||
-        p.ligne.find('(') != std::string::npos)
+    if (ancien.lignes > 0 || p.fin || !p.contient(kMotStatXY) ||
+        p.ligne.find('(') != std::string_view::npos)
         return pose_bloc(p, feuille.resultat_bloc, ancien);
     p.listes_attendues = 2;
     p.ligne_statx = p.numero;
@@ -152,15 +153,15 @@ Suite prend_liste(Passe& p) {
 // What follows a calculated line: the block that it has made. The "==" of a matrix and the count of a sorted
 // data set tell that an old block may stand below.
 Suite retient_blocs(Passe& p) {
-    const bool tri = p.majuscule_contient(kMotTriStatX);
+    const bool tri = p.contient(kMotTriStatX);
     // The word counts in a comment too. Kept: see the oddities, statx-in-a-comment.
-    if (p.majuscule_contient(kMotStatX) && !tri) return retient_stat(p);
+    if (p.contient(kMotStatX) && !tri) return retient_stat(p);
     if (tri) {
         if (!est_compte_de_tri(p.ligne_avant)) return pose_bloc(p, feuille.resultat_bloc, AncienBloc{});
         return pose_bloc(p, GenreBloc::tri);
     }
     if (p.ligne.size() < 4 || !resultat_en_colonne(p)) return ligne_suivante(p);
-    if (p.ligne_avant.find("==") == std::string::npos)
+    if (p.ligne_avant.find("==") == std::string_view::npos)
         return pose_bloc(p, feuille.resultat_bloc, AncienBloc{});
     return pose_bloc(p, GenreBloc::matrice);
 }

@@ -49,15 +49,16 @@ void rend_entete(Passe& p) {
 // The line with what the user wrote after its "=": a heading that isn't calculated loses only a result, which
 // begins with a blank.
 std::string_view sans_resultat(const Passe& p) {
-    const std::string_view coupe = std::string_view(p.ligne_avant).substr(p.ligne.size());
-    return coupe.starts_with(" = ") ? std::string_view(p.ligne) : std::string_view(p.ligne_avant);
+    const std::string_view coupe = p.ligne_avant.substr(p.ligne.size());
+    return coupe.starts_with(" = ") ? p.ligne : p.ligne_avant;
 }
 
 // Holds back the heading of a tabulation or an area until its function has been read.
 Suite retient_entete(Passe& p) {
+    if (!kMotInc.possible(p.signes) && !kMotAir.possible(p.signes)) return Suite::continuer;
     const std::size_t limite = std::min(p.ligne.find('!'), p.ligne.size());
     const auto avant = [&](const Marque& marque) {
-        return p.majuscule_contient(marque) && p.majuscule.find(marque.mot) <= limite;
+        return p.contient(marque) && p.majuscule.find(marque.mot) <= limite;
     };
     const bool inc = avant(kMotInc);
     if (!inc && !avant(kMotAir)) return Suite::continuer;
@@ -108,8 +109,8 @@ Suite prend_fonction(Passe& p) {
 // Opens a matrix or data-set definition on its heading line.
 bool ouvre_definition(Passe& p) {
     note_role(RoleLigne::entete_matrice);
-    if (p.majuscule_contient(kDefM) && TestMatrice(p.numero)) return true;
-    if (!p.majuscule_contient(kMotStatX) || !TestStatX(p.numero)) return false;
+    if (p.contient(kDefM) && TestMatrice(p.numero)) return true;
+    if (!p.contient(kMotStatX) || !TestStatX(p.numero)) return false;
     note_role(RoleLigne::entete_donnees);
     p.ligne_donnees = feuille.colonne_resultat.size();
     return true;
@@ -200,15 +201,21 @@ void efface_non_definie(std::string& majuscule) {
                       majuscule.begin() + static_cast<std::ptrdiff_t>(fin), ' ');
 }
 
-// Takes the next line of the source: trimmed, numbered, its capitals beside it.
+// The marks that the steps of a line look for.
+constexpr Marque kMarquesDeLigne[] = {kFin, kMotInc, kMotAir, kDefM, kMotStatX, kMotTriStatX};
+
+// Takes the next line of the source: trimmed, numbered, its signs and where needed its capitals beside it.
 void prepare_ligne(Passe& p) {
     ++p.numero;
     const std::string_view sans = sans_blancs(p.ligne);
     p.retrait = static_cast<std::size_t>(sans.data() - p.ligne.data());
-    if (sans.size() != p.ligne.size()) p.ligne = std::string(sans);
-    range_capitales(p.majuscule, p.ligne);
-    p.lettres = lettres_de(p.majuscule);
-    if (p.majuscule_contient(kFin)) efface_non_definie(p.majuscule);
+    p.ligne = p.ligne_avant = sans;
+    p.signes = signes_de(sans);
+    bool possible = false;
+    for (const Marque& marque : kMarquesDeLigne) possible |= marque.possible(p.signes);
+    if (!possible) return;
+    range_capitales(p.majuscule, sans);
+    if (p.contient(kFin)) efface_non_definie(p.majuscule);
 }
 
 // A line that is no part of a block that waits: it opens, fills or closes a definition, or is calculated.
@@ -222,7 +229,7 @@ Suite calcule_ou_definit(Passe& p) {
         vide = formule.empty();
     });
     if (ouvre_definition(p)) return ligne_suivante(p);
-    if (vide || p.majuscule_contient(kFin)) {
+    if (vide || p.contient(kFin)) {
         const Suite suite = ferme_definitions(p);
         note_role(RoleLigne::fermante);
         return suite;
@@ -245,9 +252,8 @@ Suite etapes_de_ligne(Passe& p) {
         return suite;
     }
     note_role(RoleLigne::refusee);
-    Tente(kRecalcul, [&] { p.ligne_avant = p.ligne; });
     bool correct = true;
-    effaceEgalite(p.ligne, p.numero, correct);
+    effaceEgalite(p.ligne, p.signes, p.numero, correct);
     if (!correct) {
         rend_entete(p);
         commence_ligne(p, p.numero, p.ligne);
@@ -364,11 +370,7 @@ void traite_suivante(Passe& p) {
 void parcourt(Passe& p) {
     bool trouve = true;
     while (trouve) {
-        if (!Tente(kRecalcul, [&] { LireLigne(p.ligne, p.source, p.position, p.fin, trouve); })) {
-            // A line that can't be read ends the pass; the text stays the user's.
-            p.texte_complet = false;
-            return;
-        }
+        VoirLigne(p.ligne, p.source, p.position, p.fin, trouve);
         if (trouve) traite_suivante(p);
     }
     if (p.attente_fonction) commence_ligne(p, p.numero, p.entete_entiere);   // the sheet ends with its heading

@@ -50,9 +50,14 @@ bool est_ligne_matrice(const std::string& formule) {
 
 }  // namespace
 
+// The formula read last may be another line's, as in a table: what stands in this one is looked at.
 void affiche_valeur(std::int16_t numero) noexcept {
+    affiche_valeur(numero, signes_de(formule_lue()) | kMotEuro.lettres);
+}
+
+void affiche_valeur(std::int16_t numero, Signes signes) noexcept {
     const std::string& formule = formule_lue();
-    if (TexteMarque(formule).contient(kMotTriStatX)) {
+    if (TexteMarque(formule, signes).contient(kMotTriStatX)) {
         Tente(kAfficheValeur, [&] {
             feuille.resultat_ligne(numero) = " = " + chiffres(borne_table_x());
         });
@@ -63,7 +68,7 @@ void affiche_valeur(std::int16_t numero) noexcept {
         return;
     }
     bool euro = false;
-    Tente(kAfficheValeur, [&] { euro = formule_contient(numero, kMotEuro); });
+    if (kMotEuro.possible(signes)) Tente(kAfficheValeur, [&] { euro = formule_contient(numero, kMotEuro); });
     if (euro)
         Tente(kAfficheValeur, [&] {
             feuille.resultat_ligne(numero) = " = " + Forme_montant(feuille.valeur_ligne(numero));

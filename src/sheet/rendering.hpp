@@ -4,4 +4,9 @@
 
 #include <cstdint>
 
+#include "base/signs.hpp"
+
 void affiche_valeur(std::int16_t numero) noexcept;          // the line's result, matrices included
+
+// The same, where the line's formula, which is the one read last, has no other signs than these.
+void affiche_valeur(std::int16_t numero, Signes signes) noexcept;

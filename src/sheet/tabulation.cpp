@@ -35,7 +35,7 @@ constexpr std::string_view kFonctionNonDefinie = "fonction non définie"_fr;
 // is no function of that variable.
 bool ouvre_fonction(std::int16_t numero, int variable) {
     const auto suivante = static_cast<std::int16_t>(numero + 1);
-    std::string texte = feuille.formule_ligne(suivante);
+    const std::string texte = feuille.formule_ligne(suivante);
     const char lettre = static_cast<char>('A' + variable - 1);
     if (capitales(texte).find(lettre) == std::string::npos) {
         std::string mots("fonction de "_fr);
@@ -44,7 +44,8 @@ bool ouvre_fonction(std::int16_t numero, int variable) {
         return false;
     }
     bool correct = true;
-    effaceEgalite(texte, suivante, correct);
+    std::string_view garde = texte;
+    effaceEgalite(garde, signes_de(texte), suivante, correct);
     if (!correct) {
         moteur.erreur_formule = true;
         return false;

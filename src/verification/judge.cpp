@@ -336,7 +336,7 @@ void note_affectation(Jugement& j, int lettre, int ligne) {
 void juge_commentaire(Jugement& j, const LigneObservee& o) {
     const std::size_t signe = o.ligne.find('!');
     if (signe == npos || signe == 0) return;
-    if ((lettres_de(o.ligne) & kMotStatX.lettres) != kMotStatX.lettres) return;
+    if (!kMotStatX.possible(signes_de(o.ligne))) return;
     const std::size_t mot = capitales(o.ligne).find(kMotStatX.mot, signe);
     if (mot == npos || capitales(o.formule).find(kMotStatX.mot) != npos) return;
     ajoute_constat(j, endroit_de(o), GenreConstat::mot_statx, mot, o.ligne);

@@ -16,19 +16,19 @@ namespace {
 const std::string kTexte = "AB\r\nCDE\r\n\r\nF";
 
 struct LigneLue {
-    std::string ligne;
+    std::string_view ligne;
     bool fin;
     bool operator==(const LigneLue&) const = default;
 };
 
-// All lines that LireLigne gives, and how far it went.
+// All lines that VoirLigne gives, and how far it went.
 std::vector<LigneLue> toutes(std::string_view texte) {
     std::vector<LigneLue> lues;
     std::size_t position = 1;
     for (;;) {
         LigneLue lue{"untouched", false};
         bool trouve = false;
-        LireLigne(lue.ligne, texte, position, lue.fin, trouve);
+        VoirLigne(lue.ligne, texte, position, lue.fin, trouve);
         if (!trouve) {
             CHECK(lue.ligne.empty());
             CHECK(position > texte.size());

@@ -8,7 +8,7 @@
 #include "base/codepage.hpp"
 
 TEST_CASE("marks: every letter has its own bit, other characters have none") {
-    Lettres toutes = 0;
+    Signes toutes = 0;
     for (char c = 'A'; c <= 'Z'; ++c) {
         CHECK(bit_lettre(c) != 0);
         CHECK(bit_lettre(static_cast<char>(c + 32)) == bit_lettre(c));

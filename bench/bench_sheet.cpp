@@ -43,6 +43,7 @@ const std::map<std::string, std::function<void(int)>> kParties = {
     {"7-statistics", mesure_statistiques},
     {"8-table", mesure_tabulation},
     {"9-editing", mesure_edition},
+    {"sound", mesure_son},
     {"watched", mesure_surveillance},
 };
 

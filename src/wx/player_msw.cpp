@@ -15,12 +15,14 @@
 namespace {
 
 constexpr UINT kRegard = 30;             // milliseconds between two looks
+constexpr ULONGLONG kRetard = 5000;      // milliseconds that a device may be late; then it has gone
 
 struct Lecteur {
     HWAVEOUT sortie = nullptr;
     WAVEHDR entete{};
     std::vector<std::int16_t> son;
     UINT_PTR minuterie = 0;
+    ULONGLONG limite = 0;                // the system's time at which it must have ended
     bool impossible = false;             // to be told by the timer, as the end is
 };
 Lecteur lecteur;
@@ -35,9 +37,10 @@ void arrete() {
     lecteur.sortie = nullptr;
 }
 
+// A device that is taken away gives the sound back never: the user hears that it has gone.
 void CALLBACK regarde(HWND, UINT, UINT_PTR, DWORD) {
-    if (!lecteur.impossible && (lecteur.entete.dwFlags & WHDR_DONE) == 0) return;
-    const bool joue = !lecteur.impossible;
+    const bool joue = !lecteur.impossible && (lecteur.entete.dwFlags & WHDR_DONE) != 0;
+    if (!joue && !lecteur.impossible && GetTickCount64() < lecteur.limite) return;
     arrete();
     evenement_fin_de_son(joue);
 }
@@ -66,6 +69,7 @@ void joue(const std::vector<std::int16_t>& echantillons, int cadence) {
     arrete();
     lecteur.son = echantillons;
     lecteur.impossible = !commence(cadence);
+    lecteur.limite = GetTickCount64() + echantillons.size() / 2 * 1000 / static_cast<std::size_t>(cadence) + kRetard;
     lecteur.minuterie = SetTimer(nullptr, 0, kRegard, regarde);
 }
 

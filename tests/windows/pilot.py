@@ -93,13 +93,13 @@ class Program:
         self.probe, self.listener = helpers
         self.process = None
 
-    def launch(self, *arguments):
+    def launch(self, *arguments, environment=None):
         self.process = subprocess.Popen(["wine", str(self.folder / "VOXTAB.EXE"), *arguments],
                                         cwd=self.folder, stdout=subprocess.DEVNULL,
-                                        stderr=subprocess.DEVNULL)
+                                        stderr=subprocess.DEVNULL, env={**os.environ, **(environment or {})})
 
-    def start(self, *arguments, text=None):
-        self.launch(*arguments)
+    def start(self, *arguments, text=None, environment=None):
+        self.launch(*arguments, environment=environment)
         return self.ready(text)
 
     def ready(self, text=None):

@@ -1,10 +1,11 @@
 // Runs the tables of jobs: each line of a .jsonl file is a job of the development probe with the
 // fields of its result that are expected. Prints every difference; exit status 1 when there is one.
-//   jobs_runner FILE.jsonl [NAME]     (with a name: that job alone, with its whole result)
+//   jobs_runner FILE.jsonl... [NAME]     (with a name: that job alone, with its whole result)
 #include <cmath>
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -90,20 +91,37 @@ bool execute(const json& cas) {
     return juste;
 }
 
-}  // namespace
+int justes = 0, faux = 0;
 
-int main(int argc, char** argv) {
-    agrandit_pile(argv);
-    if (argc < 2) return 2;
-    std::ifstream fichier(argv[1]);
-    const std::string seul = argc > 2 ? argv[2] : "";
-    int justes = 0, faux = 0;
+// Runs the jobs of one table, or the one that has that name. A table without any job has failed.
+void execute_table(const std::string& nom, const std::string& seul) {
+    std::ifstream fichier(nom);
+    const int avant = justes + faux;
     for (std::string ligne; std::getline(fichier, ligne);) {
         if (ligne.empty()) continue;
         const json cas = json::parse(ligne);
         if (!seul.empty() && cas.at("nom") != seul) continue;
         if (!seul.empty()) std::cout << traite_tache(developpe(cas.at("tache"))).dump(1) << '\n';
         execute(cas) ? ++justes : ++faux;
+    }
+    if (justes + faux > avant) return;
+    ++faux;
+    std::cout << "FAILED " << nom << ": no job\n";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    std::vector<std::string> tables(argv + 1, argv + argc);
+    std::string seul;
+    if (!tables.empty() && !tables.back().ends_with(".jsonl")) {
+        seul = tables.back();
+        tables.pop_back();
+    }
+    for (const std::string& table : tables) {
+        if (tables.size() > 1) std::cerr << table << '\n';   // the last one named is where the program ended
+        execute_table(table, seul);
     }
     std::cout << justes << " passed, " << faux << " failed\n";
     return faux == 0 && justes > 0 ? 0 : 1;

@@ -31,7 +31,10 @@ bool execute(const std::string& nom) {
 int main(int argc, char** argv) {
     agrandit_pile(argv);
     int justes = 0, faux = 0;
-    for (int i = 1; i < argc; ++i) execute(argv[i]) ? ++justes : ++faux;
+    for (int i = 1; i < argc; ++i) {
+        if (argc > 2) std::cerr << argv[i] << '\n';   // the last one named is where the program ended
+        execute(argv[i]) ? ++justes : ++faux;
+    }
     std::cout << justes << " passed, " << faux << " failed\n";
     return faux == 0 && justes > 0 ? 0 : 1;
 }

@@ -1,6 +1,7 @@
-// Calculates a golden sheet and compares it byte for byte with what is expected.
-//   sheets_runner BEFORE.VXT [FOLDER]
-// Beside it: .attendu.VXT (after), and optionally .options, .messages, .boites, .instable. With a
+// Calculates golden sheets and compares each byte for byte with what is expected. Prints every difference;
+// exit status 1 when there is one.
+//   sheets_runner [--expected FOLDER] BEFORE.VXT...
+// Beside a sheet: .attendu.VXT (after), and optionally .options, .messages, .boites, .instable. With a
 // folder these stand there, and the sheet is shown as the program shows a file: without its last line
 // end.
 #include <filesystem>
@@ -78,22 +79,18 @@ void calcule(const std::string& texte, const OptionsCalcul& options) {
     execute_commande(options.colonne ? "calcul_colonne" : "recalcul");
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    agrandit_pile(argv);
-    if (argc < 2) return 2;
-    const fs::path avant = argv[1];
-    const fs::path attendus = argc > 2 ? fs::path(argv[2]) / avant.filename() : avant;
+// One sheet, which has what is expected in `dossier` ("": beside it); true when all is as expected.
+bool execute(const fs::path& avant, const fs::path& dossier) {
+    const fs::path attendus = dossier.empty() ? avant : dossier / avant.filename();
     const auto voisin = [&](const char* suffixe) {
         return fs::path(attendus).replace_extension(suffixe);
     };
     std::string texte = lit(avant);
-    if (argc > 2 && texte.ends_with("\r\n")) texte.resize(texte.size() - 2);
+    if (!dossier.empty() && texte.ends_with("\r\n")) texte.resize(texte.size() - 2);
     const LectureOptions lecture = lis_options(mots(lit(voisin(".options"))), true);
     if (lecture.statut || !fs::exists(voisin(".attendu.VXT"))) {
         std::cout << "FAILED: no expected sheet, or bad options " << lecture.erreur << '\n';
-        return 1;
+        return false;
     }
     const std::string attendu = lit(voisin(".attendu.VXT"));
     calcule(texte, lecture.options);
@@ -102,14 +99,27 @@ int main(int argc, char** argv) {
     if (fs::exists(voisin(".messages")))
         juste &= compare_liste("messages", lignes(voisin(".messages")), en_utf8(memoire.messages));
     calcule(attendu, lecture.options);
-    if (fs::exists(voisin(".instable"))) {
-        if (memoire.texte == attendu) {
-            std::cout << "FAILED: the sheet is stable, but said to change on a second pass\n";
-            juste = false;
-        }
-    } else {
-        juste &= compare("second pass", attendu, memoire.texte);
+    if (!fs::exists(voisin(".instable"))) return compare("second pass", attendu, memoire.texte) && juste;
+    if (memoire.texte != attendu) return juste;
+    std::cout << "FAILED: the sheet is stable, but said to change on a second pass\n";
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    agrandit_pile(argv);
+    std::vector<std::string> noms(argv + 1, argv + argc);
+    fs::path dossier;
+    if (noms.size() > 1 && noms[0] == "--expected") {
+        dossier = noms[1];
+        noms.erase(noms.begin(), noms.begin() + 2);
     }
-    std::cout << (juste ? "1 passed, 0 failed\n" : "0 passed, 1 failed\n");
-    return juste ? 0 : 1;
+    int justes = 0, faux = 0;
+    for (const std::string& nom : noms) {
+        if (noms.size() > 1) std::cerr << nom << '\n';   // the last one named is where the program ended
+        execute(nom, dossier) ? ++justes : ++faux;
+    }
+    std::cout << justes << " passed, " << faux << " failed\n";
+    return faux == 0 && justes > 0 ? 0 : 1;
 }

@@ -9,7 +9,9 @@ import tempfile
 import xml.etree.ElementTree as tree
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 import sheets  # noqa: E402
+from one_start import large_stack  # noqa: E402
 
 X, M, S = "{http://www.w3.org/1999/xhtml}", "{http://www.w3.org/1998/Math/MathML}", "{http://www.w3.org/2000/svg}"
 CHILDREN = {"mfrac": 2, "msup": 2, "mroot": 2, "msubsup": 3}
@@ -113,6 +115,7 @@ def data(page, caption, rows, results, dots):
 
 
 def main():
+    large_stack()
     calc, property_jobs = sys.argv[1:3]
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)

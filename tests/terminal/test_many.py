@@ -9,6 +9,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from one_start import large_stack  # noqa: E402
+
 PROGRAM = sys.argv[1]
 SHEETS = 120
 faults = []
@@ -134,6 +137,7 @@ def check_progress():
 
 
 began = time.monotonic()
+large_stack()
 with tempfile.TemporaryDirectory() as folder:
     os.chdir(folder)
     sheets = write_sheets()

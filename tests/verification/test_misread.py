@@ -6,6 +6,9 @@ import re
 import subprocess
 import sys
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
+from one_start import large_stack  # noqa: E402
+
 TABLE = pathlib.Path(__file__).with_name("misread.jsonl")
 KINDS = pathlib.Path(__file__).parents[2] / "src/verification/findings.cpp"
 
@@ -13,6 +16,8 @@ KINDS = pathlib.Path(__file__).parents[2] / "src/verification/findings.cpp"
 def findings(program: str, sheet: str, options: list[str]) -> list[dict]:
     done = subprocess.run([program, "--verifier", "--json", *options, "-"], input=sheet + "\n",
                           capture_output=True, text=True, encoding="utf-8")
+    if done.returncode not in (0, 1, 3):
+        raise RuntimeError(f"{sheet!r}: status {done.returncode}, {done.stderr}")
     return [json.loads(line) for line in done.stdout.splitlines()]
 
 
@@ -33,6 +38,7 @@ def status_faults(program: str) -> list[str]:
 
 
 def main(program: str) -> int:
+    large_stack()
     wrong = status_faults(program)
     for fault in wrong:
         print(fault)

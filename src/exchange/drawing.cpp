@@ -15,6 +15,8 @@
 namespace {
 
 constexpr double kLargeur = 640, kHauteur = 400, kGauche = 70, kDroite = 20, kHaut = 20, kBas = 45;
+constexpr double kFinesse = 1e-12;    // beside its ends, what an interval must be to have a grid
+constexpr double kGrandeur = 1e300;   // larger values, and smaller ones than its inverse, have no grid of their own
 
 struct Intervalle {
     double debut, fin;
@@ -37,10 +39,16 @@ std::string nombre_lu(double x, int chiffres_utiles) {
     return {texte.data(), ecrit.ptr};
 }
 
+// Whether nothing but rounding parts the ends: a grid of such an interval couldn't tell its lines apart.
+bool est_plat(Intervalle i) {
+    return !(i.etendue() > std::max(std::fabs(i.debut), std::fabs(i.fin)) * kFinesse);
+}
+
 // An interval that isn't empty.
 Intervalle elargi(Intervalle i) {
-    if (i.etendue() > 0) return i;
-    const double marge = i.debut == 0 ? 1 : std::fabs(i.debut) / 2;
+    const double taille = std::max(std::fabs(i.debut), std::fabs(i.fin));
+    if (!est_plat(i) && taille > 1 / kGrandeur) return i;
+    const double marge = taille > 1 / kGrandeur ? taille / 2 : 1;
     return {i.debut - marge, i.fin + marge};
 }
 
@@ -105,7 +113,7 @@ Intervalle hauteur_utile(const std::vector<PointTrace>& courbe) {
     std::sort(valeurs.begin(), valeurs.end());
     const double bas = valeurs[valeurs.size() / 20], haut = valeurs[valeurs.size() - 1 - valeurs.size() / 20];
     const Intervalle tout{valeurs.front(), valeurs.back()};
-    if (!(tout.etendue() > 8 * (haut - bas)) || haut == bas) return elargi(tout);
+    if (!(tout.etendue() > 8 * (haut - bas)) || est_plat({bas, haut})) return elargi(tout);
     return {bas - (haut - bas) / 2, haut + (haut - bas) / 2};
 }
 
@@ -117,7 +125,7 @@ std::string traces(const std::vector<PointTrace>& courbe, const Repere& r) {
         points.clear();
     };
     for (const PointTrace& p : courbe) {
-        if (!p.y || *p.y < r.y.debut || *p.y > r.y.fin) {
+        if (!p.y || !(*p.y >= r.y.debut && *p.y <= r.y.fin)) {
             finit();
             continue;
         }
@@ -193,8 +201,8 @@ std::string nuage(const LigneRapport& ligne) {
         svg += rond(r.px(g.x), r.py(g.y));
     const std::string titre = std::string("Nuage de "_fr) + chiffres(static_cast<long long>(groupes.size())) + std::string(" points, ligne "_fr) +
                               chiffres(ligne.numero);
-    const std::string mots = std::string("Droite de régression de Y en X : Y = "_fr) + nombre_lu(ligne.pente, 4) + std::string(" X + "_fr) +
-                             nombre_lu(ligne.ordonnee, 4) + std::string(", environ. X va de "_fr) +
+    const std::string mots = std::string("Droite de régression de Y en X : Y = "_fr) + nombre_lu(ligne.pente, 4) + (ligne.ordonnee < 0 ? " X - " : " X + ") +
+                             nombre_lu(std::fabs(ligne.ordonnee), 4) + std::string(", environ. X va de "_fr) +
                              nombre_lu(bornes(groupes, de_x).debut, 4) + std::string(" à "_fr) + nombre_lu(bornes(groupes, de_x).fin, 4) +
                              std::string(", Y de "_fr) + nombre_lu(bornes(groupes, de_y).debut, 4) + std::string(" à "_fr) +
                              nombre_lu(bornes(groupes, de_y).fin, 4) + ".";
@@ -228,9 +236,11 @@ std::string batons(const LigneRapport& ligne) {
     return cadre(ligne.numero, titre, mots, svg);
 }
 
-bool finis(const std::vector<GroupeNote>& groupes) {
+bool se_dessine(double x) { return std::fabs(x) < kGrandeur; }
+
+bool se_dessinent(const std::vector<GroupeNote>& groupes) {
     return std::all_of(groupes.begin(), groupes.end(), [](const GroupeNote& g) {
-        return std::isfinite(g.x) && std::isfinite(g.y) && std::isfinite(g.effectif);
+        return se_dessine(g.x) && se_dessine(g.y) && se_dessine(g.effectif);
     });
 }
 
@@ -241,7 +251,7 @@ std::string dessin_de_courbe(const LigneRapport& ligne) {
     if (std::none_of(courbe.begin(), courbe.end(), [](const PointTrace& p) { return p.y.has_value(); })) return "";
     const Intervalle x{std::min(courbe.front().x, courbe.back().x), std::max(courbe.front().x, courbe.back().x)};
     const Repere r{elargi(x), hauteur_utile(courbe)};
-    if (!std::isfinite(r.x.etendue()) || !std::isfinite(r.y.etendue())) return "";
+    if (!se_dessine(r.x.etendue()) || !se_dessine(r.y.etendue())) return "";
     std::string titre("Courbe de "_fr);
     titre.append(ligne.fonction).append(" pour "_fr) += static_cast<char>('A' + ligne.donnees.variable - 1);
     titre.append(" de "_fr).append(nombre_lu(x.debut, 6)).append(" à "_fr).append(nombre_lu(x.fin, 6));
@@ -252,6 +262,6 @@ std::string dessin_de_courbe(const LigneRapport& ligne) {
 
 std::string dessin_de_donnees(const LigneRapport& ligne) {
     const std::vector<GroupeNote>& groupes = ligne.donnees.groupes;
-    if (groupes.empty() || !finis(groupes)) return "";
+    if (groupes.empty() || !se_dessinent(groupes)) return "";
     return ligne.donnees.couples ? nuage(ligne) : batons(ligne);
 }

@@ -24,10 +24,14 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 constexpr long kEntreQuestions = 1024;   // evaluations after which the user is asked
+constexpr double kBorneMaxi = 1e300;     // what is reckoned between larger bounds overflows
+constexpr double kFinesse = 1e-9;        // beside its bounds: a shorter interval has too few numbers for the study
 
 constexpr Refus kErreurAuDessus = "une ligne au-dessus de la fonction est en erreur"_fr;
 constexpr Refus kSansBornes = "les bornes ne peuvent pas être calculées"_fr;
 constexpr Refus kIntervalleVide = "l'intervalle est vide"_fr;
+constexpr Refus kIntervalleTropGrand = "l'intervalle est trop grand"_fr;
+constexpr Refus kIntervalleTropPetit = "l'intervalle est trop petit"_fr;
 constexpr Refus kHasard = "une fonction avec ALEA n'est jamais deux fois la même"_fr;
 constexpr Refus kSansFonction = "la fonction ne peut pas être lue"_fr;
 
@@ -182,6 +186,15 @@ Refus bornes_d_entete(const FonctionDeFeuille& f, FonctionOuverte& o) {
     return std::isfinite(o.debut) && std::isfinite(o.fin) ? Refus() : kSansBornes;
 }
 
+// Puts the bounds in their order; refuses those between which no curve can be followed.
+Refus range_bornes(FonctionOuverte& o) {
+    if (o.fin < o.debut) std::swap(o.debut, o.fin);
+    if (o.debut == o.fin) return kIntervalleVide;
+    const double taille = std::max(std::fabs(o.debut), std::fabs(o.fin));
+    if (taille > kBorneMaxi) return kIntervalleTropGrand;
+    return o.fin - o.debut < kFinesse * taille ? kIntervalleTropPetit : Refus();
+}
+
 // Leaves in `o` the formula and the letter.
 Refus lis_fonction(const FonctionDeFeuille& f, FonctionOuverte& o) {
     o.lettre = f.lettre;
@@ -256,8 +269,7 @@ Refus ouvre_fonction(std::string_view texte, const FonctionDeFeuille& f, std::st
     const bool entete = !f.entete.empty();
     if (const Refus refus = entete ? bornes_d_entete(f, ouverte) : bornes_donnees(bornes, ouverte); !refus.empty())
         return refus;
-    if (ouverte.fin < ouverte.debut) std::swap(ouverte.debut, ouverte.fin);
-    if (ouverte.debut == ouverte.fin) return kIntervalleVide;
+    if (const Refus refus = range_bornes(ouverte); !refus.empty()) return refus;
     return lis_fonction(f, ouverte);
 }
 

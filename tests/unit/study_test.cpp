@@ -228,6 +228,11 @@ TEST_CASE("what can't be studied is told") {
     CHECK(refus("AIRX(0,B,2)\r\nX\r\n", 1, "") == "les bornes ne peuvent pas être calculées");
     CHECK(refus("X^2\r\n", 1, "1") == "les bornes ne peuvent pas être calculées");
     CHECK(refus("X^2\r\n", 1, "1,1") == "l'intervalle est vide");
+    CHECK(refus("X^2\r\n", 1, "-10^308,10^308") == "l'intervalle est trop grand");
+    CHECK(refus("AIRX(-10^308,10^308,10)\r\nX\r\n", 1, "") == "l'intervalle est trop grand");
+    // Numbers so large lie too wide apart for a grid between these bounds.
+    CHECK(refus("INCX(10^17,10,11)\r\nX\r\n", 1, "") == "l'intervalle est trop petit");
+    CHECK(refus("X^2\r\n", 1, "1000000,1000000.01") == "");
     CHECK(refus("X*ALEA\r\n", 1, "0,1") == "une fonction avec ALEA n'est jamais deux fois la même");
     CHECK(refus("X^2\r\n", 1, "0,2*PI") == "");
 }

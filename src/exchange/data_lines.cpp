@@ -179,7 +179,7 @@ std::string commentaire(const DonneesLues& donnees) {
         texte += titre;
     }
     const std::string majuscules = capitales(texte);
-    for (const std::string_view mot : {"FIN", "STATX", "DEFM", "INC", "AIR", "NOMBRE DE", "=", "\n"})
+    for (const std::string_view mot : {"FIN", "STATX", "DEFM", "INC", "AIR", "NOMBRE DE", "=", "\n", "\r"})
         if (majuscules.find(mot) != std::string::npos) return "";
     if (sans_blancs(texte).empty() || texte.size() > kLargeurLigne) return "";
     return "! " + texte + std::string(kFinLigne);

@@ -186,19 +186,26 @@ struct Contenu {
     const RangeeLue* faute = nullptr;   // the first line that has no number there
 };
 
-Contenu contenu_de(const Lecture& lecture, std::size_t colonne) {
-    Contenu contenu;
+// All columns in one walk over the cells: there may be as many of them as there are lines. The columns that most
+// lines have are known to lack a cell from `manquantes` on.
+std::vector<Contenu> contenus_de(const Lecture& lecture) {
+    std::vector<Contenu> contenus(lecture.largeur);
+    std::size_t manquantes = lecture.colonnes;
     for (std::size_t i = lecture.premiere; i < lecture.rangees.size(); ++i) {
         const RangeeLue& rangee = lecture.rangees[i];
-        const std::string_view cellule = lecture.cellule(rangee, colonne);
-        if (lecture.nombre(cellule)) {
-            ++contenu.nombres;
-            continue;
+        const std::size_t cellules = rangee.cellules.size();
+        for (std::size_t c = 0; c < std::max(cellules, manquantes); ++c) {
+            const std::string_view cellule = lecture.cellule(rangee, c);
+            if (lecture.nombre(cellule)) {
+                ++contenus[c].nombres;
+                continue;
+            }
+            contenus[c].mots += !cellule.empty();
+            if (contenus[c].faute == nullptr) contenus[c].faute = &rangee;
         }
-        contenu.mots += !cellule.empty();
-        if (contenu.faute == nullptr) contenu.faute = &rangee;
+        manquantes = std::min(manquantes, cellules);
     }
-    return contenu;
+    return contenus;
 }
 
 // "ligne 7, colonne 2 : "
@@ -251,8 +258,9 @@ const RangeeLue* trop_longue(const Lecture& lecture) {
 std::string trie_colonnes(const Lecture& lecture, DonneesLues& donnees) {
     const RangeeLue* fautive = trop_longue(lecture);
     std::size_t colonne_fautive = lecture.colonnes;
-    for (std::size_t c = 0; c < lecture.largeur; ++c) {
-        const Contenu contenu = contenu_de(lecture, c);
+    const std::vector<Contenu> contenus = contenus_de(lecture);
+    for (std::size_t c = 0; c < contenus.size(); ++c) {
+        const Contenu& contenu = contenus[c];
         if (contenu.nombres < contenu.mots || contenu.nombres == 0 || c >= lecture.colonnes) {
             if (contenu.mots > 0) donnees.textes.push_back(c + 1);
             continue;

@@ -71,6 +71,16 @@ std::string_view sans_bords(std::string_view cellule) {
     return cellule;
 }
 
+// The text with one quote for each two.
+std::string guillemets_simples(std::string_view cellule) {
+    std::string simple;
+    for (std::size_t i = 0; i < cellule.size(); ++i) {
+        simple += cellule[i];
+        if (cellule.substr(i).starts_with("\"\"")) ++i;
+    }
+    return simple;
+}
+
 // Reads cell after cell.
 struct Coupeur {
     std::string_view texte;
@@ -100,13 +110,11 @@ struct Coupeur {
             return false;
         }
         std::string_view cellule = texte.substr(debut, place++ - debut);
-        if (double_) {
-            std::string simple(cellule);
-            for (std::size_t i = simple.find("\"\""); i != std::string::npos; i = simple.find("\"\"", i + 1))
-                simple.erase(i, 1);
-            cellule = lues.sans_guillemets.emplace_back(std::move(simple));
-        }
+        if (double_) cellule = lues.sans_guillemets.emplace_back(guillemets_simples(cellule));
+        const std::size_t derriere = place;
         while (!fin_de_cellule()) ++place;
+        // What stands behind the quotes belongs to the cell, which is no number then.
+        if (!sans_bords(texte.substr(derriere, place - derriere)).empty()) cellule = texte.substr(debut - 1, place - debut + 1);
         rangee.cellules.push_back(sans_bords(cellule));
         return true;
     }

@@ -90,6 +90,7 @@ TEST_CASE("a file that can't be read as data is refused with line and column") {
         {std::string_view("1;2\nab\0cd\n", 10), "ce n'est pas un texte : code 0, ligne 2, colonne 3"},
         {"PK\x03\x04rest", "c'est un classeur ou une archive : dans le tableur, enregistrez au format CSV"},
         {"%PDF-1.4\n", "c'est un document PDF, pas un fichier de données"},
+        {"1;2\n\"3\"5;4\n", "ligne 2, colonne 1 : \"\"3\"5\" n'est pas un nombre"},
         {"1\n1e999\n2\n", "ligne 2, colonne 1 : \"1e999\" n'est pas un nombre"},
     });
     for (const Cas& c : cas) {
@@ -97,6 +98,16 @@ TEST_CASE("a file that can't be read as data is refused with line and column") {
         CHECK(dit_de(c.octets) == c.attendu);
     }
     CHECK(dit_de(std::string(40'000'000, '1')) == "fichier trop grand : 40 millions d'octets, 4 au plus");
+}
+
+TEST_CASE("a file that no spreadsheet writes is refused at once") {
+    std::string guillemets = "1;2\n\"";
+    for (int i = 0; i < 1'900'000; ++i) guillemets += "\"\"";
+    CHECK(dit_de(guillemets + "\";3\n") == "ligne 2, colonne 1 : \"" + std::string(30, '"') + "...\" n'est pas un nombre");
+    std::string large;
+    for (int i = 0; i < 500'000; ++i) large += "1 ";
+    for (int i = 0; i < 1'000'000; ++i) large += "\n1";
+    CHECK(dit_de(large) == "ligne 1 : 500000 colonnes, 1 sur les autres lignes");
 }
 
 TEST_CASE("a file is read in the coding that it was written in") {
@@ -147,6 +158,7 @@ TEST_CASE("data become the lines that a sheet reads") {
 
 TEST_CASE("a heading that would mean something to the calculation becomes no comment") {
     CHECK(lignes_de("Finale\n1\n2\n") == "STATX\r\n1,2\r\nFIN");
+    CHECK(lignes_de("Not\xE9\re\n1\n2\n") == "STATX\r\n1,2\r\nFIN");
     CHECK(lignes_de("Note\n1\n2\n") == "! Note\r\nSTATX\r\n1,2\r\nFIN");
 }
 

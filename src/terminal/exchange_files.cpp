@@ -1,8 +1,11 @@
 // Data in front of a sheet, its page, its data: files of voxtab-calc. Changes files, and nothing of the sheet.
 #include "terminal/exchange_files.hpp"
 
+#include <array>
 #include <cstddef>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -50,7 +53,31 @@ RefusEchange ecrit_donnees(const OptionsCalcul& options, const Rapport& rapport)
     return refus;
 }
 
+// Whether both paths lead to one file, or would.
+bool meme_fichier(const std::string& un, const std::string& autre) {
+    if (un.empty() || autre.empty()) return false;
+    std::error_code erreur;
+    const auto a = std::filesystem::absolute(chemin_du_systeme(un), erreur);
+    const auto b = std::filesystem::absolute(chemin_du_systeme(autre), erreur);
+    if (std::filesystem::equivalent(a, b, erreur)) return true;
+    const std::filesystem::path entier = std::filesystem::weakly_canonical(a, erreur);
+    return !erreur && entier == std::filesystem::weakly_canonical(b, erreur);
+}
+
 }  // namespace
+
+RefusEchange verifie_chemins(const OptionsCalcul& options) {
+    const std::array<const std::string*, 4> ecrits = {&options.page, &options.donnees, &options.etude, &options.son};
+    for (std::size_t i = 0; i < ecrits.size(); ++i) {
+        const std::string& chemin = *ecrits[i];
+        if (capitales(chemin).ends_with(".VXT") || meme_fichier(chemin, options.feuille))
+            return {chemin, 0, "ce nom est celui d'une feuille"};
+        if (meme_fichier(chemin, options.importe)) return {chemin, 0, "ce fichier est celui des nombres à importer"};
+        for (std::size_t k = 0; k < i; ++k)
+            if (meme_fichier(chemin, *ecrits[k])) return {chemin, 0, "deux options écrivent ce fichier"};
+    }
+    return {};
+}
 
 RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte) {
     RefusEchange refus{options.importe, 0, ""};
@@ -73,7 +100,7 @@ RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte) {
 RefusEchange ecrit_echanges(const OptionsCalcul& options, const std::string& texte) {
     if (options.page.empty() && options.donnees.empty()) return {};
     const Rapport rapport = rapport_de(texte, !options.page.empty());
-    if (!rapport.complet) return {options.page.empty() ? options.donnees : options.page, 0, "mémoire insuffisante"};
+    if (!rapport.complet) return {options.page.empty() ? options.donnees : options.page, 0, "la feuille n'a pas été calculée en entier"};
     RefusEchange refus;
     if (!options.page.empty())
         refus = {options.page, remplace_fichier(options.page, page_html(rapport, nom_de_feuille(options))), ""};

@@ -14,6 +14,9 @@ struct RefusEchange {
     bool refuse() const { return numero != 0 || !mots.empty(); }
 };
 
+// Refuses a file to be written that is a sheet, one of those that are read, or named twice.
+RefusEchange verifie_chemins(const OptionsCalcul& options);
+
 // Puts the data of the file that the options name in front of the sheet.
 RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte);
 

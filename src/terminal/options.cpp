@@ -108,18 +108,21 @@ void declare(CLI::App& app, OptionsCalcul& o) {
     app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier")
         ->type_name("FICHIER");
     app.add_option("--son", o.son, "Écrit aussi leurs courbes en son dans ce fichier wav")->type_name("FICHIER");
-    app.add_option("--importer", o.importe,
+    auto* const importer = app.add_option("--importer", o.importe,
                    "Met devant la feuille les nombres de ce fichier (csv, tsv, txt) ; sans FEUILLE, eux seuls")
         ->type_name("FICHIER");
     app.add_option("--forme", o.forme,
                    "Ce qu'ils deviennent : STATX, STATXY, DEFMA..., avec des numéros de colonnes")
+        ->needs(importer)
         ->type_name("FORME");
-    app.add_option("--donnees", o.donnees, "Écrit aussi une table de la feuille en CSV dans ce fichier")
+    auto* const donnees = app.add_option("--donnees", o.donnees, "Écrit aussi une table de la feuille en CSV dans ce fichier")
         ->type_name("FICHIER");
     app.add_option("--table", o.table, "Laquelle, quand la feuille en a plusieurs, de 1 à 9999")
         ->check(table_possible())
+        ->needs(donnees)
         ->type_name("N");
-    app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules");
+    app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules")
+        ->needs(donnees);
     auto* const verifier = app.add_flag("-V,--verifier", o.verifier,
                  "Dit ce qui n'est pas lu comme il y paraît, une ligne par constat, sans écrire la feuille");
     app.add_flag("-j,--json", o.json, "Avec --verifier, un objet JSON par constat")->needs(verifier);
@@ -157,13 +160,23 @@ std::string mots_erreur(const CLI::ParseError& e, const std::vector<std::string>
     if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) return mots_de_trop(texte, mots);
     if (dynamic_cast<const CLI::ConversionError*>(&e) != nullptr)
         return fin_des_mots(texte) + " ne prend pas de valeur";
-    if (dynamic_cast<const CLI::RequiresError*>(&e) != nullptr) return "--json demande --verifier";
+    if (dynamic_cast<const CLI::RequiresError*>(&e) != nullptr)
+        return texte.substr(0, texte.find(' ')) + " demande " + texte.substr(texte.rfind(' ') + 1);
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&e) != nullptr)
         return option + (texte.find("received") != std::string::npos &&
                                  texte.find("received 0") == std::string::npos
                              ? " est donnée deux fois"
                              : " : il manque sa valeur");
     return "ligne de commande incorrecte";
+}
+
+// A check prints what it finds, and nothing else: who asks for a file besides must not wait for it in vain.
+void refuse_avec_verifier(LectureOptions& lecture) {
+    const OptionsCalcul& o = lecture.options;
+    const bool ecrit = o.en_place || !o.page.empty() || !o.donnees.empty() || !o.etude.empty() || !o.son.empty();
+    if (!o.verifier || !ecrit) return;
+    lecture.statut = 2;
+    lecture.erreur = "--verifier n'écrit rien : sans --en-place, --html, --donnees, --etude ni --son";
 }
 
 // One sheet stands alone; several are files.
@@ -204,6 +217,7 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
         std::vector<std::string> envers(mots.rbegin(), mots.rend());
         app.parse(envers);
         range_feuilles(lecture);
+        if (!lecture.statut) refuse_avec_verifier(lecture);
     } catch (const CLI::CallForHelp&) {
         lecture.statut = 0;
         lecture.sortie = app.help();

@@ -216,6 +216,7 @@ int verifie(const OptionsCalcul& options, const std::string& texte) {
 }
 
 int calcule(const OptionsCalcul& options) {
+    if (const int refus = dit_refus(verifie_chemins(options)); refus != kReussite) return refus;
     const bool fichier = !options.feuille.empty() && options.feuille != "-";
     std::string octets;
     const bool donnees_seules = options.feuille.empty() && !options.importe.empty();

@@ -117,7 +117,14 @@ TEST_CASE("options: words of every refusal") {
         {{"a.vxt", "-"}, "l'entrée standard (-) ne se calcule que seule"},
         {{"--decimales"}, "--decimales : il manque sa valeur"},
         {{"a.vxt", "--angle"}, "--angle : il manque sa valeur"},
-        {{"-a"}, "--affichage : il manque sa valeur"}};
+        {{"-a"}, "--affichage : il manque sa valeur"},
+        {{"--json", "a"}, "--json demande --verifier"},
+        {{"--forme", "STATX", "a"}, "--forme demande --importer"},
+        {{"--table", "2", "a"}, "--table demande --donnees"},
+        {{"--point", "a"}, "--point demande --donnees"},
+        {{"-V", "-i", "a"}, "--verifier n'écrit rien : sans --en-place, --html, --donnees, --etude ni --son"},
+        {{"--html", "p", "--verifier", "a"},
+         "--verifier n'écrit rien : sans --en-place, --html, --donnees, --etude ni --son"}};
     for (const Refus& r : refus) {
         CAPTURE(r.texte);
         const LectureOptions lu = lis_options(r.mots);

@@ -13,11 +13,11 @@ namespace {
 constexpr std::size_t kDitsMaxi = 8;   // of one event, no more than two are told
 
 // Keeps a text for who asks what was said. Without memory for it, it is said all the same.
-void retient(std::string_view texte) noexcept {
+void retient(std::string_view texte, bool boite = false) noexcept {
     try {
-        std::vector<std::string>& dits = ligne_message.dits;
+        std::vector<Dit>& dits = ligne_message.dits;
         if (dits.size() >= kDitsMaxi) dits.erase(dits.begin());
-        dits.emplace_back(texte);
+        dits.push_back({std::string(texte), boite});
     } catch (...) {
         ligne_message.dits.clear();
     }
@@ -45,3 +45,5 @@ void souffle(std::string_view texte) {
     retient(texte);
     port.message.annonce(texte);
 }
+
+void note_boite_montree(std::string_view texte) noexcept { retient(texte, true); }

@@ -6,10 +6,15 @@
 #include <string_view>
 #include <vector>
 
+struct Dit {
+    std::string texte;
+    bool boite = false;              // the words of a box, which the user has closed
+};
+
 struct LigneMessage {
     std::string dernier_message;     // text last put into the label
     std::string LblMessage;          // caption of the label
-    std::vector<std::string> dits;   // texts since they were last taken, told words too; the last ones alone
+    std::vector<Dit> dits;           // texts since they were last taken, told words too; the last ones alone
 };
 extern LigneMessage ligne_message;
 
@@ -23,3 +28,6 @@ void dit(std::string_view texte);
 
 // Tells the screen reader words that the message line doesn't show.
 void souffle(std::string_view texte);
+
+// Keeps the words of a box that is shown, for who asks what was said: the port's boxes call it.
+void note_boite_montree(std::string_view texte) noexcept;

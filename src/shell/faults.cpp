@@ -48,22 +48,6 @@ void va_a_la_ligne(std::string_view texte, const Etendue& ligne, const Morceau& 
     dit(dite);
 }
 
-// The message to be explained: the one that was just heard, the fault of the line, its old error, the fault of the
-// last calculation, what was heard before.
-std::string mots_a_expliquer(std::string_view guide) {
-    const std::string entendu(dernier_entendu());
-    const bool explique = entree_du_guide(guide, entendu) != npos;
-    if (explique && entendus.frais) return entendu;
-    const std::string_view texte = port.texte.texte();
-    const Etendue ligne = etendue_autour(texte, curseur());
-    const Morceau faute = place_de_la_faute(texte);
-    if (dans_la_ligne(faute, ligne))
-        return std::string(mots_de_la_faute());
-    if (const std::string_view erreur = erreur_de_la_ligne(mots_de(texte, ligne)); !erreur.empty())
-        return std::string(erreur);
-    return explique ? entendu : std::string(mots_de_la_faute());
-}
-
 // The piece as it is to be heard: signs alone are called by their names, for a reader may pass over them.
 std::string mots_du_morceau(std::string_view morceau) {
     if (morceau.empty()) return std::string(kFinDuCalcul);
@@ -89,6 +73,29 @@ std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     return mots;
 }
 
+// What only shows the way to a line gives way to the fault on it: the words of F12, the warning of a calculation.
+bool montre_le_chemin(std::string_view mots, std::string_view texte, const Morceau& faute) {
+    if (mots.starts_with("attention ligne ")) return true;
+    return faute.debut != Morceau::kAilleurs && mots == mots_de_la_place(texte, faute);
+}
+
+// The words to be explained: the message or box that was just heard, the fault of the line, its old error, what was
+// heard before, the fault of the last calculation.
+Dit mots_a_expliquer(std::string_view guide) {
+    const Dit entendu = dernier_entendu();
+    const std::string_view texte = port.texte.texte();
+    const Etendue ligne = etendue_autour(texte, curseur());
+    const Morceau faute = place_de_la_faute(texte);
+    const bool explique = entree_du_guide(guide, entendu.texte, entendu.boite) != npos;
+    if (explique && entendus.frais && !montre_le_chemin(entendu.texte, texte, faute)) return entendu;
+    const std::string de_la_faute(mots_de_la_faute());
+    const Dit derniere_faute{de_la_faute, de_la_faute == boites_de_passe.derniere};
+    if (dans_la_ligne(faute, ligne)) return derniere_faute;
+    if (const std::string_view erreur = erreur_de_la_ligne(mots_de(texte, ligne)); !erreur.empty())
+        return {std::string(erreur)};
+    return explique ? entendu : derniere_faute;
+}
+
 }  // namespace
 
 void mnuAllerFauteItem() {
@@ -100,9 +107,9 @@ void mnuAllerFauteItem() {
 
 void mnuExpliquerItem() {
     const std::string guide = texte_du_guide();
-    const std::string mots = mots_a_expliquer(guide);
-    if (mots.empty()) return dit(kPasDExplication);
-    const std::size_t entree = entree_du_guide(guide, mots, mots == boites_de_passe.derniere);
+    const Dit mots = mots_a_expliquer(guide);
+    if (mots.texte.empty()) return dit(kPasDExplication);
+    const std::size_t entree = entree_du_guide(guide, mots.texte, mots.boite);
     if (entree == npos) return dit(kPasDansLeGuide);
     // The way back leads to the column of the fault, when it is this line's.
     const std::string_view texte = port.texte.texte();

@@ -20,15 +20,26 @@ void dit_hors_liste(std::string_view texte) {
     ligne_message.dits.clear();
 }
 
+// Moves what was told between two boxes into the list.
+void range(std::vector<std::string>& dites) {
+    for (std::string& texte : std::exchange(dites, {}))
+        if (!texte.empty()) entendus.messages.push_back({std::move(texte)});
+}
+
 }  // namespace
 
 void prend_entendus() {
     if (ligne_message.dits.empty()) return;
     std::vector<std::string> dites;
-    for (const std::string& texte : std::exchange(ligne_message.dits, {}))
-        retient_annonce(dites, sans_blancs(texte));
-    for (std::string& texte : dites)
-        if (!texte.empty()) entendus.messages.push_back(std::move(texte));
+    for (const Dit& entendu : std::exchange(ligne_message.dits, {})) {
+        if (!entendu.boite) {
+            retient_annonce(dites, sans_blancs(entendu.texte));
+            continue;
+        }
+        range(dites);
+        entendus.messages.push_back({std::string(sans_blancs(entendu.texte)), true});
+    }
+    range(dites);
     const std::size_t nombre = entendus.messages.size();
     const std::size_t trop = nombre - std::min(nombre, kEntendusMaxi);
     const auto premier = entendus.messages.begin();
@@ -44,9 +55,9 @@ void note_touche_entendus(int touche, std::string_view item) {
     entendus.frais = false;
 }
 
-std::string_view dernier_entendu() {
+Dit dernier_entendu() {
     const std::size_t nombre = entendus.messages.size();
-    return nombre == 0 ? std::string_view() : entendus.messages[nombre - std::max<std::size_t>(entendus.rang, 1)];
+    return nombre == 0 ? Dit() : entendus.messages[nombre - std::max<std::size_t>(entendus.rang, 1)];
 }
 
 void mnuRepeterItem() {
@@ -56,5 +67,5 @@ void mnuRepeterItem() {
     if (entendus.rang == nombre) return dit_hors_liste(kAucunPlusAncien);
     ++entendus.rang;
     entendus.frais = true;
-    dit_hors_liste(entendus.messages[nombre - entendus.rang]);
+    dit_hors_liste(entendus.messages[nombre - entendus.rang].texte);
 }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "wx/announce.hpp"
 #include "wx/appearance.hpp"
@@ -99,7 +100,10 @@ bool demande_remplacement(std::string_view texte) {
 }
 
 void installe_boites() {
-    port.boites.boite = [](std::string_view texte) { montre_boite(texte, wxOK); };
+    port.boites.boite = [](std::string_view texte) {
+        note_boite_montree(texte);
+        montre_boite(texte, wxOK);
+    };
     port.boites.boite_comptee = [](std::string_view) {};
     port.boites.boite_du_compte = port.boites.boite;
     port.boites.oui_non = [](std::string_view texte) {

@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
+#include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
 
@@ -52,13 +53,17 @@ std::optional<std::string> reponse_suivante() {
 
 void note_boite(Mots texte) {
     memoire.boites.emplace_back(texte);
+    note_boite_montree(texte);
     entend("boite", texte);
 }
 
 // The list of boxes holds those that a pass counts, and not the one that counts them; the journal is what
 // the user hears.
 void note_boite_comptee(Mots texte) { memoire.boites.emplace_back(texte); }
-void note_compte(Mots texte) { entend("boite", texte); }
+void note_compte(Mots texte) {
+    note_boite_montree(texte);
+    entend("boite", texte);
+}
 
 bool demande_oui_non(Mots texte) {
     entend("question", texte);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/message.hpp"
+#include "platform/platform.hpp"
 #include "shell/events.hpp"
 #include "shell/window.hpp"
 #include "unit/helpers.hpp"
@@ -27,8 +28,8 @@ TEST_CASE("heard: thirty messages are kept, the oldest goes") {
         prend_entendus();
     }
     REQUIRE(entendus.messages.size() == kEntendusMaxi);
-    CHECK(entendus.messages.front() == "message 11");
-    CHECK(entendus.messages.back() == "message 40");
+    CHECK(entendus.messages.front().texte == "message 11");
+    CHECK(entendus.messages.back().texte == "message 40");
 }
 
 TEST_CASE("heard: an empty message is none, and blanks at the ends don't count") {
@@ -38,7 +39,19 @@ TEST_CASE("heard: an empty message is none, and blanks at the ends don't count")
     prend_entendus();
     dit("x");
     prend_entendus();
-    CHECK(entendus.messages == Textes{"x", "x"});
+    REQUIRE(entendus.messages.size() == 2);
+    CHECK(entendus.messages.front().texte == "x");
+    CHECK(entendus.messages.back().texte == "x");
+}
+
+TEST_CASE("heard: a box can be heard again in its place, and what was told before it too") {
+    for (const char* texte : {"a", "b"}) dit(texte);
+    port.boites.boite("7 7");
+    for (const char* texte : {"c", "d", "e"}) dit(texte);
+    prend_entendus();
+    std::string tout;
+    for (const Dit& d : entendus.messages) tout += d.texte + (d.boite ? "! " : " ");
+    CHECK(tout == "a b 7 7! d e ");
 }
 
 TEST_CASE("heard: a key that is held goes back once") {

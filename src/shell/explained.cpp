@@ -65,24 +65,44 @@ constexpr auto kMotifs = std::to_array<Motif>({
     {"fonction de * est inconnue sur la ligne suivante"_fr, false},
     {"manque ) sur *"_fr, false},
     {"et * autres échecs"_fr, false},
-    {"* remplacement"_fr, false},
-    {"colonne * ligne *"_fr, false},
     {"caractères *, arrière plan *"_fr, false},
-    {"* caractères collés"_fr, false},
     {"* ne se calcule pas*"_fr, false},
+    {"espace dans un nombre*"_fr, false},
+    {"caractère refusé *"_fr, false},
+    {"* résultats copiés*"_fr, false},
+    {"* résultat copié*"_fr, false},
+    {"* constat*"_fr, false},
+    {"parenthèse fermante colonne * autour de *"_fr, false},
+    {"parenthèse ouvrante colonne * autour de *"_fr, false},
+    {"rien n'est importé : ligne * : * colonne*"_fr, false},
+    {"commentaire *"_fr, false},
+    {"ligne de matrice *"_fr, false},
+    {"ligne de résultat *"_fr, false},
+    {"ligne refusée faute *"_fr, false},
+    {"fonction de * égale *"_fr, false},
+    {"police * Taille *"_fr, false},
+    {"*, puis *"_fr, false},
+    {"* du dossier secours n'est pas *"_fr, false},
+    {"* du dossier secours ne sont pas *"_fr, false},
+    {"* est plus ancienne que sa feuille *"_fr, false},
+    {"* sont plus anciennes que leur feuille *"_fr, false},
 });
 
-// True when the words are the pattern with some text for each "*".
+// True when the words are the pattern with some text for each "*": each fixed part at its first place, the last one
+// at the end.
 bool convient(std::string_view motif, std::string_view mots) {
-    const std::size_t etoile = motif.find('*');
+    std::size_t etoile = motif.find('*');
     if (etoile == npos) return motif == mots;
-    const std::string_view tete = motif.substr(0, etoile), suite = motif.substr(etoile + 1);
-    if (!mots.starts_with(tete)) return false;
-    mots.remove_prefix(tete.size());
-    if (suite.find('*') == npos) return mots.ends_with(suite);
-    for (std::size_t i = 0; i <= mots.size(); ++i)
-        if (convient(suite, mots.substr(i))) return true;
-    return false;
+    if (!mots.starts_with(motif.substr(0, etoile))) return false;
+    mots.remove_prefix(etoile);
+    for (;;) {
+        motif.remove_prefix(etoile + 1);
+        etoile = motif.find('*');
+        if (etoile == npos) return mots.ends_with(motif);
+        const std::size_t place = mots.find(motif.substr(0, etoile));
+        if (place == npos) return false;
+        mots.remove_prefix(place + etoile);
+    }
 }
 
 // The pattern of a message, or nullptr.
@@ -121,6 +141,84 @@ std::size_t cherche_ligne(std::string_view texte, Condition condition) {
     return npos;
 }
 
+bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
+bool est_lettre(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0xC0;
+}
+
+// True for a word of an entry in whose place another may be heard: one with a figure, a quotation, a path, the name
+// of a file, a letter alone.
+bool mot_variable(std::string_view mot) {
+    if (mot.size() == 1) return est_chiffre(mot[0]) || (mot[0] >= 'A' && mot[0] <= 'Z');
+    const std::size_t point = mot.find('.');
+    return mot.find_first_of("0123456789\"\\") != npos || (point != npos && point + 1 < mot.size());
+}
+
+// The pattern that the words of an entry make: "*" for what changes, with the mark behind it. "" for an entry
+// without such a word, and for one that has little else.
+std::string motif_d_entree(std::string_view mots) {
+    std::string motif;
+    std::ptrdiff_t fixes = 0;
+    for (std::size_t debut = 0, fin; debut < mots.size(); debut = fin + 1) {
+        fin = std::min(mots.find(' ', debut), mots.size());
+        const std::string_view mot = mots.substr(debut, fin - debut);
+        const std::size_t coeur = mot.find_last_not_of(",;:.") + 1;
+        const bool variable = mot_variable(mot.substr(0, coeur));
+        if (!variable) fixes += std::ranges::count_if(mot, est_lettre);
+        if (variable && motif.ends_with('*')) continue;   // a piece of several words
+        if (!motif.empty()) motif += ' ';
+        motif.append(variable ? "*" : mot.substr(0, coeur)).append(mot.substr(coeur));
+    }
+    return fixes < 5 || motif.find('*') == npos ? std::string() : motif;
+}
+
+// What a finding of the check is called: "virgule" of "ligne 3, virgule : 1,5 ..."; "" for other words.
+std::string_view nom_de_constat(std::string_view mots) {
+    constexpr std::string_view kLigne = "ligne ";
+    if (!mots.starts_with(kLigne)) return {};
+    const std::size_t chiffres = std::min(mots.find_first_not_of("0123456789", kLigne.size()), mots.size());
+    const std::size_t fin = mots.find(" : ");
+    if (chiffres == kLigne.size() || !mots.substr(chiffres).starts_with(", ") || fin == npos) return {};
+    const std::string_view nom = mots.substr(chiffres + 2, fin - chiffres - 2);
+    return std::ranges::any_of(nom, est_chiffre) ? std::string_view() : nom;   // "colonne 7" is a place
+}
+
+// How many words of the first text stand in the second one, too.
+std::ptrdiff_t mots_communs(std::string_view a, std::string_view b) {
+    const std::string autre = std::string(" ").append(b) += ' ';
+    std::ptrdiff_t communs = 0;
+    for (std::size_t debut = 0, fin; debut < a.size(); debut = fin + 1) {
+        fin = std::min(a.find(' ', debut), a.size());
+        if (autre.find(std::string(" ").append(a.substr(debut, fin - debut)) += ' ') != npos) ++communs;
+    }
+    return communs;
+}
+
+// How well an entry fits a message with parts that change; 0 when it doesn't. Findings of one name differ by their
+// other words.
+std::ptrdiff_t convenance(std::string_view entree, std::string_view mots, std::string_view constat) {
+    if (!constat.empty()) return nom_de_constat(entree) == constat ? mots_communs(entree, mots) : 0;
+    const std::string motif = motif_d_entree(entree);
+    return !motif.empty() && convient(motif, mots) ? static_cast<std::ptrdiff_t>(motif.size()) : 0;
+}
+
+// Where the entry begins that fits best; npos when none does.
+std::size_t entree_la_plus_proche(std::string_view guide, std::string_view mots) {
+    const std::string_view constat = nom_de_constat(mots);
+    std::size_t place = npos;
+    std::ptrdiff_t meilleure = 0;
+    for (std::size_t debut = 0; debut <= guide.size();) {
+        const std::size_t fin = std::min(guide.find("\r\n", debut), guide.size());
+        const std::ptrdiff_t c = convenance(mots_d_entree(guide.substr(debut, fin - debut)), mots, constat);
+        if (c > meilleure) {
+            meilleure = c;
+            place = debut;
+        }
+        debut = fin + 2;
+    }
+    return place;
+}
+
 }  // namespace
 
 bool est_texte_d_erreur(std::string_view mots) {
@@ -153,6 +251,7 @@ std::size_t entree_du_guide(std::string_view guide, std::string_view mots, bool 
     }
     const std::size_t meme = cherche_ligne(guide, [&](std::string_view l) { return mots_d_entree(l) == mots; });
     if (meme != npos) return meme;
+    if (const std::size_t proche = entree_la_plus_proche(guide, mots); proche != npos) return proche;
     const Motif* const motif = motif_de(mots);
     if (motif == nullptr) return npos;
     return cherche_ligne(guide, [&](std::string_view l) { return convient(motif->mots, mots_d_entree(l)); });

@@ -1,5 +1,5 @@
 // Which entry of the guide explains a message. The parts of a message that change (a letter, numbers, a name) are
-// told by patterns; all others stand in the guide word for word. Constant data.
+// found by the figures and names of its entry, or told by patterns. Constant data.
 #pragma once
 
 #include <cstddef>

@@ -45,7 +45,13 @@ struct LigneObservee {
 
 struct Observation {
     void (*ligne)(const LigneObservee& observee) = nullptr;   // is told of each line once it is done
+    // Whether the record of a prepared formula is of no use as long as it is read to its end without an error. The
+    // line then has no `lue`; nullptr: each record is wanted.
+    bool (*sans_interet)(std::string_view formule) = nullptr;
     bool poursuit = false;               // lines below one in error are calculated all the same
+    bool sans_releve = false;            // the line's formula is evaluated without a record
+    double valeur_avant = 0;             // what the variable had that this formula gives a value to
+    bool definie_avant = false;
     Releve releve;                       // of the formula that was read for the line
     RoleLigne role = RoleLigne::copiee;
     std::string lue;                     // see LigneObservee
@@ -57,6 +63,9 @@ extern Observation* observation;         // nullptr when nobody looks on
 inline void note_role(RoleLigne role) {
     if (observation != nullptr) [[unlikely]] observation->role = role;
 }
+
+// p_formule is about to be evaluated: its record is left out where who looks on can do without.
+void allege_releve();
 
 // The record and p_formule are those of the line: what else is evaluated for it is not recorded.
 void fige_releve();

@@ -10,6 +10,7 @@
 #include "state/context.hpp"
 #include "state/pass_result.hpp"
 #include "verification/judge.hpp"
+#include "verification/plain_formula.hpp"
 #include "verification/silent_pass.hpp"
 
 Verification verification;
@@ -47,6 +48,7 @@ void commence_surveillance() noexcept {
     verification = {};
     jugement = {};
     regard.ligne = prend_ligne;
+    regard.sans_interet = est_formule_simple;
     observation = &regard;
 }
 
@@ -54,6 +56,7 @@ void finit_surveillance() noexcept {
     observation = nullptr;
     moteur.releve = nullptr;
     Tente(kRecalcul, [] { acheve(); });
+    std::erase_if(verification.constats, [](const Constat& c) { return gravite(c.genre) != Gravite::faux_probable; });
 }
 
 std::size_t faux_probables(const std::vector<Constat>& constats) {

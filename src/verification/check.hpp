@@ -1,6 +1,6 @@
 // "Vérifier la feuille": what of a sheet was read otherwise than it looks. The pass itself reads the sheet, and
-// the record of its reading is judged line by line. One instance, `verification`: what the last check or watched
-// pass has found.
+// the record of its reading is judged line by line. One instance, `verification`: what the last check has found, or
+// what a watched pass has found that is grave.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +21,8 @@ extern Verification verification;
 // tables of the last pass, variables, matrices, data set and random numbers are put back.
 void verifie_feuille(const std::string& texte) noexcept;
 
-// Watches the next pass and judges its lines as they are calculated; `finit_surveillance` must follow it.
+// Watches the next pass and judges its lines as they are calculated; `finit_surveillance` must follow it. What is
+// right and surprising isn't looked for: most formulas then need no record.
 void commence_surveillance() noexcept;
 void finit_surveillance() noexcept;
 

@@ -56,24 +56,35 @@ std::vector<std::size_t> places_de(const LigneObservee& o) {
     return places;
 }
 
-// True when the tree has nothing that its rules look for: no angle, one power at most and no sign in front.
+// True when the tree has nothing that its rules look for: one power at most and no sign in front, angles that are
+// usual, percentages of a value.
 bool arbre_simple(const Releve& r) {
     int puissances = 0;
-    for (const Noeud& n : r.noeuds) {
-        if (n.genre == GenreNoeud::appel && (n.numero == kSin || n.numero == kCos || n.numero == kTan)) return false;
+    bool pi = false, angle = false, angle_de_pi = false;
+    for (std::size_t i = 0; i < r.noeuds.size(); ++i) {
+        const Noeud& n = r.noeuds[i];
         if (n.genre == GenreNoeud::puissance && ++puissances > 1) return false;
         if (n.genre == GenreNoeud::moins_unaire && r.a(kTraitPuissance)) return false;
+        if (i == 0) {
+            pi = n.genre == GenreNoeud::appel && n.numero == kPi;
+            continue;
+        }
+        if (est_pourcentage(n) && est_terme(r.noeuds[i - 1])) return false;
+        if (n.genre != GenreNoeud::appel) continue;
+        pi |= n.numero == kPi;
+        angle |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, false);
+        angle_de_pi |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, true);
     }
-    return true;
+    return !angle && !(pi && angle_de_pi);
 }
 
 // True when nothing in the record asks for a second look. Most lines end here.
 bool sans_histoire(const Releve& r, std::string_view lue) {
-    constexpr std::uint32_t kRien = kTraitBits | kTraitAppel | kTraitPuissance;
+    constexpr std::uint32_t kRien = kTraitBits | kTraitAppel | kTraitPuissance | kTraitPourcent;
     constexpr std::uint32_t kE = 1u << ('E' - 'A' + 1);
     if ((r.traits & ~kRien) != 0 || r.faute != 0 || r.arret <= static_cast<std::int32_t>(lue.size())) return false;
     if ((r.lettres & kE) != 0 && lue.find("*E") != npos) return false;
-    return !r.a(kTraitAppel | kTraitPuissance) || arbre_simple(r);
+    return !r.a(kTraitAppel | kTraitPuissance | kTraitPourcent) || arbre_simple(r);
 }
 
 // Notes a letter or a matrix without a value, for the end of the sheet.
@@ -450,9 +461,18 @@ void juge_selon_role(Jugement& j, const LigneObservee& o) {
     }
 }
 
+// True for a calculated line without a comment whose formula was read to its end and needed no record, with nothing or
+// a number behind it, where nothing waits for it. In a watched pass most lines are.
+bool est_sans_histoire(const Jugement& j, const LigneObservee& o) {
+    if (o.role != RoleLigne::formule || o.erreur || !o.lue.empty() || o.ligne.size() != o.formule.size()) return false;
+    if (j.entete.numero != 0 || j.bloc_refuse || !j.trop_tot.empty()) return false;
+    return o.entiere.size() == o.ligne.size() || est_resultat_de(o);
+}
+
 }  // namespace
 
 void juge_ligne(Jugement& jugement, const LigneObservee& o) {
+    if (est_sans_histoire(jugement, o)) return;
     if (o.role != RoleLigne::fonction_de_table) juge_entete_seul(jugement);
     note_definition(jugement, o);
     if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;

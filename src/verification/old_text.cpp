@@ -52,6 +52,15 @@ std::size_t fin_du_resultat(std::string_view queue) {
 
 }  // namespace
 
+bool est_resultat_de(const LigneObservee& o) {
+    const std::string_view queue = o.entiere.substr(o.ligne.size());
+    if (o.erreur || o.resultat.size() < 4 || queue.size() < 4 || queue[0] != ' ' || queue[1] != '=' || queue[2] != ' ') return false;
+    const std::size_t debut = queue[3] == '-' ? 4 : 3;
+    bool figures = debut < queue.size() && queue[debut] != '.';
+    for (const char c : queue.substr(debut)) figures &= (c >= '0' && c <= '9') || c == '.';
+    return figures;
+}
+
 bool est_mot(std::string_view texte) {
     return !texte.empty() && std::ranges::all_of(texte, [](char c) {
         return (capitale(c) >= 'A' && capitale(c) <= 'Z') || static_cast<unsigned char>(c) >= 0xC0;
@@ -104,6 +113,7 @@ std::size_t debut_operande(std::string_view texte, std::size_t fin) {
 
 TexteEfface texte_efface(const LigneObservee& o) {
     const std::string_view queue = o.entiere.substr(o.ligne.size());
+    if (est_resultat_de(o)) return {};
     if (queue.find('=') == npos || sans_blancs(queue) == sans_blancs(o.resultat)) return {};
     // Behind the very result that the pass writes again, errors too.
     const bool encore = !o.resultat.empty() && queue.starts_with(o.resultat) && queue.substr(o.resultat.size()).starts_with(' ');

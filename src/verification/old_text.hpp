@@ -19,6 +19,10 @@ struct TexteEfface {
 // What of the line was cut though no pass has written it.
 TexteEfface texte_efface(const LigneObservee& o);
 
+// True when what was cut is a blank, "=", a blank and a number in figures, behind a line that has such a result again:
+// this is quickly known, and nothing of the user's is cut then.
+bool est_resultat_de(const LigneObservee& o);
+
 // True for letters alone, at least one.
 bool est_mot(std::string_view texte);
 

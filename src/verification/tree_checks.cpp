@@ -43,7 +43,7 @@ bool est_matrice(const Noeud& n) {
 class Examen {
 public:
     Examen(const Lue& lue, double valeur)
-        : lue_(lue), noeuds_(lue.releve.noeuds), premiers_(premiers_enfants(noeuds_)), valeur_(texte_general(valeur)) {}
+        : lue_(lue), noeuds_(lue.releve.noeuds), premiers_(premiers_enfants(noeuds_)), valeur_(valeur) {}
 
     std::vector<ConstatArbre> fait() {
         for (std::size_t i = 0; i < noeuds_.size(); ++i) {
@@ -61,7 +61,7 @@ private:
     void ajoute(GenreConstat genre, std::int32_t place, std::string propose) {
         const auto meme = std::ranges::find(constats_, genre, &ConstatArbre::genre);
         if (meme != constats_.end()) return;   // once a formula is enough
-        constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = valeur_, .propose = std::move(propose)});
+        constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = texte_general(valeur_), .propose = std::move(propose)});
     }
 
     // The formula with brackets around a part of it.
@@ -74,13 +74,11 @@ private:
     // A percentage of a product without brackets: "1000+200*5%" looks like 1000 and 10.
     void regarde_pourcentage(std::size_t i) {
         const Noeud& n = noeuds_[i];
-        if (lue_.erreur || i == 0 || (n.genre != GenreNoeud::plus_pourcent && n.genre != GenreNoeud::moins_pourcent)) return;
-        const GenreNoeud terme = noeuds_[i - 1].genre;
-        if (terme != GenreNoeud::fois && terme != GenreNoeud::divise && terme != GenreNoeud::puissance) return;
+        if (lue_.erreur || i == 0 || !est_pourcentage(n) || !est_terme(noeuds_[i - 1])) return;
         const std::size_t place = lue_.tapee.find('%', lue_.place(noeuds_[i - 1].fin - 1));
         if (place == std::string_view::npos) return;
         std::string propose(lue_.tapee);
-        if (terme == GenreNoeud::fois)
+        if (noeuds_[i - 1].genre == GenreNoeud::fois)
             propose.replace(place, 1, "/100");
         else
             propose.clear();
@@ -137,11 +135,7 @@ private:
     // Trigonometry of a number that is usual in another unit.
     void regarde_angle(std::size_t i) {
         const Noeud& n = noeuds_[i];
-        if (n.genre != GenreNoeud::appel || (n.numero != kSin && n.numero != kCos && n.numero != kTan) || n.arite != 1) return;
-        const double x = std::fabs(noeuds_[i - 1].valeur);
-        const bool pi = contient_pi(i), radian = modes.unite_angle == 2;
-        const bool degres = !pi && x >= 15 && x <= 720 && std::fmod(x, 15) == 0 && (radian || std::fmod(x, 10) != 0);
-        if (modes.unite_angle == 1 ? !pi : !degres && (radian || !pi)) return;
+        if (!est_angle(n) || !angle_suspect(noeuds_[i - 1].valeur, contient_pi(i))) return;
         constexpr std::string_view kUnites[] = {"degrés"_fr, "radians"_fr, "grades"_fr};
         ajoute(GenreConstat::angle, n.debut, "");
         ConstatArbre& c = constats_.back();
@@ -152,11 +146,29 @@ private:
     const Lue& lue_;
     const Noeuds& noeuds_;
     std::vector<std::size_t> premiers_;
-    std::string valeur_;
+    double valeur_;
     std::vector<ConstatArbre> constats_;
 };
 
 }  // namespace
+
+bool est_pourcentage(const Noeud& n) { return n.genre == GenreNoeud::plus_pourcent || n.genre == GenreNoeud::moins_pourcent; }
+
+bool est_terme(const Noeud& n) {
+    return n.genre == GenreNoeud::fois || n.genre == GenreNoeud::divise || n.genre == GenreNoeud::puissance;
+}
+
+bool est_angle(const Noeud& n) {
+    return n.genre == GenreNoeud::appel && (n.numero == kSin || n.numero == kCos || n.numero == kTan) && n.arite == 1;
+}
+
+bool angle_suspect(double argument, bool contient_pi) {
+    if (modes.unite_angle == 1) return contient_pi;
+    const double x = std::fabs(argument);
+    const bool radian = modes.unite_angle == 2;
+    if (contient_pi) return !radian;
+    return x >= 15 && x <= 720 && std::fmod(x, 15) == 0 && (radian || std::fmod(x, 10) != 0);
+}
 
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur) {
     if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel | kTraitPourcent)) return {};

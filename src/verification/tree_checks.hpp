@@ -18,5 +18,13 @@ struct ConstatArbre {
     std::string propose{};
 };
 
+// A percentage, and a term whose value a reader takes for the rate when it stands in front of the "%".
+bool est_pourcentage(const Noeud& n);
+bool est_terme(const Noeud& n);
+
+// A sine, cosine or tangent, and whether its argument is a number that is usual in another unit than the current one.
+bool est_angle(const Noeud& n);
+bool angle_suspect(double argument, bool contient_pi);
+
 // The findings of the tree, in the order of the nodes; `valeur` is what the formula gave.
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur);

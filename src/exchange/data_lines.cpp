@@ -2,6 +2,7 @@
 #include "exchange/data_lines.hpp"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <vector>
 
@@ -190,18 +191,32 @@ std::size_t fin_de_ligne(std::string_view texte, std::size_t position) {
     return std::min(texte.find(kFinLigne, position), texte.size());
 }
 
+// The old blocks of results, looked for from the top to the bottom of a sheet.
+struct AnciensBlocs {
+    std::string_view feuille;
+    // Of each kind, where the last search has met a line that is none of the block: rows in front of it have no end.
+    std::array<std::size_t, 4> refusee{};
+
+    // End of the line that ends at `fin`, or of the block below it.
+    std::size_t fin_avec_bloc(std::size_t fin) {
+        const std::size_t dessous = fin + kFinLigne.size() + 1;
+        for (const GenreBloc genre : {GenreBloc::table, GenreBloc::statistiques, GenreBloc::tri, GenreBloc::matrice}) {
+            std::size_t& vue = refusee[static_cast<std::size_t>(genre)];
+            if (fin == feuille.size() || dessous < vue) continue;
+            const AncienBloc bloc = ancien_bloc(genre, feuille, dessous);
+            if (bloc.lignes > 0) return bloc.fin ? feuille.size() : bloc.position - 1 - kFinLigne.size();
+            vue = bloc.position;
+        }
+        return fin;
+    }
+};
+
 // End of the line of the cursor, or of the old block of results that holds it or stands below it.
 std::size_t fin_du_bloc(std::string_view feuille, std::size_t curseur) {
+    AnciensBlocs anciens{feuille};
     std::size_t debut = 0;
     for (;;) {
-        std::size_t fin = fin_de_ligne(feuille, debut);
-        for (const GenreBloc genre : {GenreBloc::table, GenreBloc::statistiques, GenreBloc::tri, GenreBloc::matrice}) {
-            if (fin == feuille.size()) break;
-            const AncienBloc bloc = ancien_bloc(genre, feuille, fin + kFinLigne.size() + 1);
-            if (bloc.lignes == 0) continue;
-            fin = bloc.fin ? feuille.size() : bloc.position - 1 - kFinLigne.size();
-            break;
-        }
+        const std::size_t fin = anciens.fin_avec_bloc(fin_de_ligne(feuille, debut));
         if (fin >= curseur || fin == feuille.size()) return fin;
         debut = fin + kFinLigne.size();
     }

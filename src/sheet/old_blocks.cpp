@@ -92,7 +92,7 @@ AncienBloc ancien_bloc(GenreBloc genre, std::string_view texte, std::size_t posi
         bool trouve = false;
         VoirLigne(ligne, texte, suivant.position, suivant.fin, trouve);
         const Role role = trouve ? role_de(genre, sans_blancs(ligne), lu.lignes == 0) : Role::autre;
-        if (role == Role::autre) return genre == GenreBloc::table ? lu : AncienBloc{};
+        if (role == Role::autre) return genre == GenreBloc::table ? lu : AncienBloc{0, lu.position, false};
         ++suivant.lignes;
         if (role == Role::cloture) return suivant;
         lu = suivant;

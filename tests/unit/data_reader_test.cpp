@@ -187,6 +187,9 @@ TEST_CASE("lines go below the line of the cursor and its block of results") {
     CHECK(place(table + "\r\n5", 14) == table + "\r\n" + bloc + "\r\n5");
     CHECK(place(table, 20) == table + "\r\n" + bloc + "\r\n");
     std::string longue;
+    for (int i = 0; i < 32000; ++i) longue += "5\r\n";   // as the rows of a matrix in a column look, which never ends
+    CHECK(place(longue, longue.size()) == longue + bloc + "\r\n");
+    longue.clear();
     for (int i = 0; i < 32765; ++i) longue += "\r\n";
     CHECK_FALSE(insere_lignes(longue, 0, bloc).has_value());
 }

@@ -120,9 +120,12 @@ void note_ligne(int numero) {
         if (en_cours.donnees.perdue) en_cours.rapport->complet = false;
         note_contenu(ligne);
         std::vector<LigneRapport>& lignes = en_cours.rapport->lignes;
-        // The heading of two lists is calculated once more when they have been read.
-        std::erase_if(lignes, [=](const LigneRapport& autre) { return autre.numero == numero; });
-        lignes.push_back(std::move(ligne));
+        // The heading of two lists is calculated once more when they have been read: it is among the last.
+        const auto place = std::find_if(lignes.rbegin(), lignes.rend(), [=](const LigneRapport& l) { return l.numero <= numero; });
+        if (place != lignes.rend() && place->numero == numero)
+            *place = std::move(ligne);
+        else
+            lignes.insert(place.base(), std::move(ligne));
     } catch (...) {   // no memory: the pass goes on
         en_cours.rapport->complet = false;
     }
@@ -149,8 +152,6 @@ bool fais_rapport(const std::string& texte, bool avec_formules, Rapport& rapport
     en_cours = {};
     if (calcul.issue == Issue::ecrite) rapport.texte = std::move(calcul.texte);
     if (patience.abandonnee) rapport.complet = false;
-    std::stable_sort(rapport.lignes.begin(), rapport.lignes.end(),
-                     [](const LigneRapport& a, const LigneRapport& b) { return a.numero < b.numero; });
     return rapport.complet;
 }
 

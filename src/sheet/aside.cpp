@@ -22,13 +22,13 @@ void tais_le_port() {
 
 CalculAPart::CalculAPart()
     : moteur_(moteur),
+      message_(ligne_message),
+      boites_(boites_de_passe),
       feuille_(std::move(feuille)),
       matrices_(std::move(matrices)),
       definition_(std::move(definition_de_matrice)),
       statistiques_(std::move(statistiques)),
-      message_(ligne_message),
       patience_(patience),
-      boites_(boites_de_passe),
       port_boites_(port.boites),
       port_message_(port.message),
       signalement_(signalement),

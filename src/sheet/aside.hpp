@@ -24,14 +24,15 @@ public:
     CalculAPart& operator=(const CalculAPart&) = delete;
 
 private:
+    // First what is copied: where the memory ends, nothing has been moved yet.
     Moteur moteur_;
+    LigneMessage message_;
+    BoitesDePasse boites_;
     Feuille feuille_;
     Matrices matrices_;
     DefinitionMatrice definition_;
     Statistiques statistiques_;
-    LigneMessage message_;
     Patience patience_;
-    BoitesDePasse boites_;
     PortBoites port_boites_;
     PortMessage port_message_;
     Signalement signalement_;

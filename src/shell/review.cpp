@@ -66,8 +66,9 @@ std::vector<const Constat*> nouveaux_constats() {
     for (const Constat& c : verification.constats) {
         if (gravite(c.genre) != Gravite::faux_probable) continue;
         connus.push_back(cle(c));
-        if (std::ranges::find(attention.connus, connus.back()) == attention.connus.end()) nouveaux.push_back(&c);
+        if (!std::ranges::binary_search(attention.connus, connus.back())) nouveaux.push_back(&c);
     }
+    std::ranges::sort(connus);
     attention.connus = std::move(connus);
     return nouveaux;
 }

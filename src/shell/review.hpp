@@ -16,7 +16,7 @@ inline constexpr std::string_view kPasVerifiee = "la feuille n'est pas vérifié
 
 // What the calculations so far have warned of: nothing is told twice.
 struct Attention {
-    std::vector<std::string> connus;   // findings, each by its kind and its piece
+    std::vector<std::string> connus;   // findings, each by its kind and its piece, in the order of their bytes
 };
 extern Attention attention;
 

@@ -159,6 +159,7 @@ std::string avec_virgules(std::string_view rangee) {
 // The elements of a row of a matrix or of a data line. Plain numbers are read and not evaluated.
 void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
     std::size_t debut = 0;
+    bool proposee = false;   // the whole line is proposed once: it may be long, and hold many such elements
     while (debut < ligne.size()) {
         const std::size_t virgule = std::min(ligne.find(',', debut), ligne.size());
         const std::string_view element = ligne.substr(debut, virgule - debut);
@@ -168,7 +169,7 @@ void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
             juge_texte(j, la, element);
             // Among elements a blank stands for a comma.
             if (j.constats.size() > avant && j.constats.back().genre == GenreConstat::deux_valeurs)
-                j.constats.back().propose = avec_virgules(ligne);
+                j.constats.back().propose = std::exchange(proposee, true) ? std::string() : avec_virgules(ligne);
         } else if (const std::size_t lus = longueur_prefixe(element); lus < element.size()) {
             Constat& c = ajoute_constat(j, la, GenreConstat::element_partiel, lus, element);
             c.lu = lus == 0 ? "0" : std::string(element.substr(0, lus));

@@ -11,6 +11,7 @@
 #include "exchange/html_text.hpp"
 #include "exchange/page_style.hpp"
 #include "exchange/shown_results.hpp"
+#include "exchange/study_section.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/number_result.hpp"
 
@@ -79,7 +80,8 @@ bool est_titre(std::string_view ligne) {
 // Writes the page, going through the lines of the text.
 class Page {
 public:
-    explicit Page(const Rapport& rapport) : lignes_(lignes_du_texte(rapport.texte)), notes_(rapport.lignes) {}
+    Page(const Rapport& rapport, const std::vector<EtudeDeFeuille>& etudes)
+        : lignes_(lignes_du_texte(rapport.texte)), notes_(rapport.lignes), etudes_(etudes) {}
 
     // All lines but the one that is the title.
     std::string corps() {
@@ -92,12 +94,19 @@ public:
                 notes_[note].copiee && !est_nombre(notes_[note]) ? copiee(notes_[note]) : calculee(notes_[note]);
             else
                 autre(lignes_[place_++]);
+            etudes();
         }
         return std::move(sortie_);
     }
 
 private:
     std::string_view brute() const { return place_ < lignes_.size() ? lignes_[place_] : std::string_view(); }
+
+    // The studies of the functions that stand above.
+    void etudes() {
+        while (etude_ < etudes_.size() && static_cast<std::size_t>(etudes_[etude_].fonction.ligne) <= place_)
+            sortie_ += section_d_etude(etudes_[etude_++]);
+    }
 
     static bool est_nombre(const LigneRapport& ligne) {
         return ligne.donnees.variable == 0 && ligne.donnees.groupes.empty() && ligne.matrice == 0;
@@ -280,6 +289,8 @@ private:
 
     std::vector<std::string_view> lignes_;
     const std::vector<LigneRapport>& notes_;
+    const std::vector<EtudeDeFeuille>& etudes_;
+    std::size_t etude_ = 0;                          // the next of them
     std::size_t place_ = 0;
     std::string sortie_;
 };
@@ -292,12 +303,12 @@ std::string titre_de(std::string_view texte, std::string_view nom) {
 
 }  // namespace
 
-std::string page_html(const Rapport& rapport, std::string_view nom) {
+std::string page_html(const Rapport& rapport, std::string_view nom, const std::vector<EtudeDeFeuille>& etudes) {
     const std::string titre = titre_de(rapport.texte, nom);
     std::string page = "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"fr\">\n<head>\n<meta charset=\"utf-8\"/>\n"
                        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n";
     page += element("title", titre) + "\n<style>" + std::string(kStyleDePage) + "</style>\n</head>\n<body>\n<main>\n";
-    page += element("h1", titre) + "\n" + Page(rapport).corps();
+    page += element("h1", titre) + "\n" + Page(rapport, etudes).corps();
     page += "<h2>Texte de la feuille</h2>\n<pre>" + html(rapport.texte) + "</pre>\n";
     return page + "</main>\n</body>\n</html>\n";
 }

@@ -137,10 +137,13 @@ void mnuExporterPageItem() {
     if (nom.empty()) return;
     const Rapport rapport = rapport_de(port.texte.texte(), true);
     if (!rapport.complet) return dit("rien n'est exporté : calcul interrompu"_fr);
-    if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom)))) return;
+    const std::vector<EtudeDeFeuille> etudes = refais_etudes(rapport.texte);
+    if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom), etudes))) return;
     const bool autre = rapport.texte != port.texte.texte();
-    dit(std::string("page exportée : "_fr).append(NomFichSeul(nom))
-            .append(autre ? ", avec les résultats d'un nouveau calcul"_fr : ""_fr));
+    std::string mots("page exportée : "_fr);
+    mots.append(NomFichSeul(nom)).append(autre ? ", avec les résultats d'un nouveau calcul"_fr : ""_fr);
+    if (!etudes.empty()) mots.append(", études : "_fr).append(chiffres(static_cast<long long>(etudes.size())));
+    dit(mots);
 }
 
 void mnuExporterDonneesItem() {

@@ -44,7 +44,7 @@ void reinitialise_tout() {
     ligne_ecoutee = LigneEcoutee{};
     attention = Attention{};
     intervalle_donne = IntervalleDonne{};
-    etude_gardee.reset();
+    etudes_gardees = EtudesGardees{};
     ecoute = Ecoute{};
     oublie_touches();
     couleurs = Couleurs{};

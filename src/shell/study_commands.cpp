@@ -21,8 +21,11 @@ namespace {
 
 // The function of the cursor's line, or nothing, and said.
 std::optional<FonctionDeFeuille> fonction_montree(const std::string& texte) {
-    auto fonction = fonction_au_curseur(texte, NumeroTxt(texte, curseur()));
-    if (!fonction) dit(kSansFonctionIci);
+    const std::int32_t ligne = NumeroTxt(texte, curseur());
+    auto fonction = fonction_au_curseur(texte, ligne);
+    if (fonction) return fonction;
+    const std::string mots = mots_sans_fonction(texte, ligne);
+    dit(mots.empty() ? kSansFonctionIci : std::string_view(mots));
     return fonction;
 }
 
@@ -60,7 +63,7 @@ void mnuEtudierItem() {
     if (const Refus refus = etudie_fonction(texte, *fonction, intervalle_donne.bornes, etude); !refus.empty())
         return dit(refus);
     montre_lecture(reunit(lignes_d_etude(etude)));
-    etude_gardee = std::move(etude);
+    garde_etude(*fonction, intervalle_donne.bornes);
 }
 
 void mnuEcouterItem() {

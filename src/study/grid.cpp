@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t kZones = 64;
 constexpr double kDansLaZone = 0.381966;   // never at a point that a user would choose
 constexpr int kMoitiesMaxi = 64;
+constexpr double kCourt = 1e-3;            // of a cell: a piece as short is a place
 constexpr double kEcartAPart = 1e-3;       // a value that far from what its neighbours tend to stands apart
 constexpr double kRondsMaxi = 2000;        // numbers of one decimal, halves or whole numbers that are tried
 
@@ -143,10 +144,18 @@ struct Decoupage {
         const double largeur = ouvert.droite.lieu.x - ouvert.gauche.lieu.x;
         const bool seul_avant = regarde_bout(grille, ouvert.gauche, 1, largeur) && sans_bord(ouvert.gauche, true);
         const bool seul_apres = regarde_bout(grille, ouvert.droite, -1, largeur) && sans_bord(ouvert.droite, false);
+        if (largeur < kCourt * grille.maille) valeur_d_un_court();
         const Lieu fin = ouvert.droite.lieu;
         if (seul_avant) morceaux.push_back(point_seul(grille, ouvert.gauche.lieu, Borne::domaine, Borne::saut));
         morceaux.push_back(std::move(ouvert));
         if (seul_apres) morceaux.push_back(point_seul(grille, fin, Borne::saut, Borne::domaine));
+    }
+    // A piece that is too short for points that come nearer has one value.
+    void valeur_d_un_court() {
+        if (ouvert.x.empty()) return;
+        for (Bout* const bout : {&ouvert.gauche, &ouvert.droite})
+            if (bout->cote.tendance == Tendance::inconnue)
+                bout->cote = {Tendance::valeur, bout == &ouvert.gauche ? ouvert.y.front() : ouvert.y.back(), 0};
     }
     // Takes the edge out of the open piece, whose value is another one. True when it is a place of its own: one
     // that is known no better than its neighbours belongs to a pole.

@@ -239,6 +239,37 @@ std::optional<FonctionDeFeuille> fonction_au_curseur(std::string_view texte, std
     return proche;
 }
 
+bool meme_fonction(const FonctionDeFeuille& f, const FonctionDeFeuille& g) {
+    return f.genre == g.genre && f.entete == g.entete && f.texte == g.texte;
+}
+
+std::optional<FonctionDeFeuille> retrouve_fonction(std::string_view texte, const FonctionDeFeuille& f) {
+    const Lignes lignes = lignes_de(texte);
+    const auto en = f.genre == Sorte::deffon ? deffon_en : f.genre == Sorte::formule ? formule_en : entete_en;
+    const auto ici = [&](std::size_t rang) {
+        auto g = en(lignes, rang);
+        return g && meme_fonction(*g, f) ? g : std::nullopt;
+    };
+    const auto avant = static_cast<std::size_t>(std::max(f.ligne_entete, 1)) - 1;
+    if (avant < lignes.size())
+        if (auto g = ici(avant)) return g;
+    for (std::size_t rang = 0; rang < lignes.size(); ++rang)
+        if (auto g = ici(rang)) return g;
+    return {};
+}
+
+std::string mots_sans_fonction(std::string_view texte, std::int32_t numero) {
+    const Lignes lignes = lignes_de(texte);
+    for (std::int32_t rang = numero - 1; rang >= std::max(numero - 2, 0); --rang) {
+        Sorte genre{};
+        if (static_cast<std::size_t>(rang) >= lignes.size()) continue;
+        const std::string entete = corps(lignes[static_cast<std::size_t>(rang)]);
+        const char lettre = lettre_d_entete(capitales(entete), genre);
+        if (lettre != 0) return std::string("fonction de "_fr) + lettre + std::string(" est inconnue sur la ligne suivante"_fr);
+    }
+    return {};
+}
+
 double FonctionOuverte::operator()(double x) {
     constexpr double kAucune = std::numeric_limits<double>::quiet_NaN();
     if (++comptees_ % kEntreQuestions == 0 && abandonne()) return kAucune;

@@ -29,6 +29,13 @@ std::vector<FonctionDeFeuille> fonctions_de_feuille(std::string_view texte);
 // it, its DEFFON, a formula in a letter; otherwise the INC or AIR nearest above, or below.
 std::optional<FonctionDeFeuille> fonction_au_curseur(std::string_view texte, std::int32_t numero);
 
+// Whether both are written the same; and the function that is written so in the sheet, at the same line if it can.
+bool meme_fonction(const FonctionDeFeuille& f, const FonctionDeFeuille& g);
+std::optional<FonctionDeFeuille> retrouve_fonction(std::string_view texte, const FonctionDeFeuille& f);
+
+// Why the line `numero` has no function, where a heading of INC or AIR asks for one: words for the user, or "".
+std::string mots_sans_fonction(std::string_view texte, std::int32_t numero);
+
 // Why a function can't be studied: words for the user, Windows-1252, "" when it can.
 using Refus = std::string_view;
 

@@ -11,11 +11,12 @@
 #include "platform/patience.hpp"
 #include "sheet/aside.hpp"
 
-std::optional<EtudeDeFeuille> etude_gardee;
+EtudesGardees etudes_gardees;
 
 namespace {
 
 constexpr std::size_t kAutresMaxi = 5;   // other functions that are looked at
+constexpr std::size_t kGardeesMaxi = 50; // studies that are kept
 
 // Whether f gives on the grid what it gave before: its line is read at another place of the sheet now.
 bool donne_pareil(FonctionOuverte& f, const Etude& e) {
@@ -86,4 +87,32 @@ Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction,
     resultat.etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
     cherche_rencontres(texte, resultat);
     return patience.abandonnee ? kEtudeInterrompue : Refus();
+}
+
+void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes) {
+    std::vector<EtudesGardees::Etudiee>& gardees = etudes_gardees.fonctions;
+    std::erase_if(gardees, [&](const auto& g) { return meme_fonction(g.fonction, fonction); });
+    if (gardees.size() == kGardeesMaxi) gardees.erase(gardees.begin());
+    gardees.push_back({fonction, std::string(bornes)});
+}
+
+std::vector<EtudeDeFeuille> refais_etudes(std::string_view texte) {
+    std::vector<EtudeDeFeuille> etudes;
+    for (const EtudesGardees::Etudiee& gardee : etudes_gardees.fonctions) {
+        const auto ici = retrouve_fonction(texte, gardee.fonction);
+        EtudeDeFeuille etude;
+        if (ici && etudie_fonction(texte, *ici, gardee.bornes, etude).empty()) etudes.push_back(std::move(etude));
+    }
+    std::sort(etudes.begin(), etudes.end(),
+              [](const auto& a, const auto& b) { return a.fonction.ligne < b.fonction.ligne; });
+    return etudes;
+}
+
+std::vector<EtudeDeFeuille> etudie_tout(std::string_view texte) {
+    std::vector<EtudeDeFeuille> etudes;
+    for (const FonctionDeFeuille& f : fonctions_de_feuille(texte)) {
+        EtudeDeFeuille etude;
+        if (etudie_fonction(texte, f, "", etude).empty()) etudes.push_back(std::move(etude));
+    }
+    return etudes;
 }

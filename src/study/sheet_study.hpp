@@ -36,8 +36,36 @@ Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction,
 // The study as lines, Windows-1252, one fact a line, with the table of variations at the end.
 std::vector<std::string> lignes_d_etude(const EtudeDeFeuille& etude);
 
-// The last study that was shown, for who writes it elsewhere. One instance.
-extern std::optional<EtudeDeFeuille> etude_gardee;
+// The same lines in front of the table, the title first.
+std::vector<std::string> faits_d_etude(const EtudeDeFeuille& etude);
+
+// A column of the table of variations: a place, the value there, how f goes on; the last one of a piece has no `suite`.
+struct ColonneDeVariations {
+    std::string lieu, valeur, suite;
+};
+using Tableau = std::vector<ColonneDeVariations>;
+
+// The table; empty where the function oscillates too fast for one.
+Tableau tableau_de_variations(const EtudeDeFeuille& etude);
+
+// The functions that were studied, for the page of the sheet: they are studied again there, as the sheet is then. One
+// instance, `etudes_gardees`.
+struct EtudesGardees {
+    struct Etudiee {
+        FonctionDeFeuille fonction;
+        std::string bornes;          // that were asked for
+    };
+    std::vector<Etudiee> fonctions;  // each one once
+};
+extern EtudesGardees etudes_gardees;
+
+void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes);
+
+// The studies of those of them that the sheet has now, and that can be made, in its order.
+std::vector<EtudeDeFeuille> refais_etudes(std::string_view texte);
+
+// The studies of all functions of the sheet under INC and AIR that can be made.
+std::vector<EtudeDeFeuille> etudie_tout(std::string_view texte);
 
 // Said where there is no function, and when the user has given up.
 inline constexpr Refus kSansFonctionIci = "aucune fonction dans la feuille"_fr;

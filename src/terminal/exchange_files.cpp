@@ -102,8 +102,10 @@ RefusEchange ecrit_echanges(const OptionsCalcul& options, const std::string& tex
     const Rapport rapport = rapport_de(texte, !options.page.empty());
     if (!rapport.complet) return {options.page.empty() ? options.donnees : options.page, 0, "la feuille n'a pas été calculée en entier"};
     RefusEchange refus;
-    if (!options.page.empty())
-        refus = {options.page, remplace_fichier(options.page, page_html(rapport, nom_de_feuille(options))), ""};
+    if (!options.page.empty()) {
+        const auto etudes = options.etude.empty() ? std::vector<EtudeDeFeuille>{} : etudie_tout(rapport.texte);
+        refus = {options.page, remplace_fichier(options.page, page_html(rapport, nom_de_feuille(options), etudes)), ""};
+    }
     if (!refus.refuse() && !options.donnees.empty()) refus = ecrit_donnees(options, rapport);
     return refus;
 }

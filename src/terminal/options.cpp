@@ -105,7 +105,7 @@ void declare(CLI::App& app, OptionsCalcul& o) {
     app.add_flag("-c,--colonne", o.colonne,
                  "Ajoute le total de toutes les lignes, dans une ligne Z=");
     app.add_option("--html", o.page, "Écrit aussi la feuille en page HTML dans ce fichier")->type_name("FICHIER");
-    app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier")
+    app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier ;\navec --html, la page la contient aussi")
         ->type_name("FICHIER");
     app.add_option("--son", o.son, "Écrit aussi leurs courbes en son dans ce fichier wav")->type_name("FICHIER");
     auto* const importer = app.add_option("--importer", o.importe,

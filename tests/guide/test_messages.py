@@ -20,7 +20,7 @@ VOCABULARY = ("shell/listening.cpp", "study/study_text.cpp", "verification/funct
               "verification/words.cpp", "verification/line_words.cpp")
 # What the page of a sheet says; a browser reads it, and the program itself says none of it.
 PAGE = ("exchange/drawing.cpp", "exchange/html_text.cpp", "exchange/mathml.cpp", "exchange/page.cpp",
-        "exchange/page_style.cpp")
+        "exchange/page_style.cpp", "exchange/study_section.cpp")
 HERE = pathlib.Path(__file__).resolve().parent
 
 

@@ -24,10 +24,12 @@ def read(path):
 
 
 def write(calc, folder, name, text):
-    """Calculates a sheet and writes its page; the calculated sheet and the page's path."""
+    """Calculates a sheet and writes its page, with its studies; the calculated sheet and the page's path."""
     page = folder / f"{name}.html"
-    done = subprocess.run([calc, "--html", page, "-"], input=text.encode(), capture_output=True, timeout=60, check=False)
-    if done.returncode not in (0, 1) or not page.exists():
+    done = subprocess.run([calc, "--html", page, "--etude", folder / f"{name}.txt", "-"], input=text.encode(),
+                          capture_output=True, timeout=60, check=False)
+    # 2: a sheet without functions, or with one that can't be studied, has its page all the same.
+    if done.returncode not in (0, 1, 2) or not page.exists():
         raise RuntimeError(f"{name}: status {done.returncode}, {done.stderr.decode()}")
     return done.stdout.decode(), page
 

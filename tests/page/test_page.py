@@ -97,6 +97,15 @@ def small_sheets(calc, folder):
     data(page, "Table de X, ligne 1", 3, None, 3)
     check("Courbe de X^2+1 pour X de 0 à 1, ligne 1" in page.find(f".//{S}title").text, "a curve isn't named")
     check(formulas(page) == ["f(X)=msup[X2]+1"], "a function is", formulas(page))
+    page = page_of("study", "INCX(-1,0.4,6)", "1/X+0.5", "", "INCX(0,1,3)", "X+1", "7*6")
+    headings = [text_of(h) for h in page.iter(f"{X}h2")]
+    check(headings == ["Étude de 1/X+0,5, X de -1 à 1", "Étude de X+1, X de 0 à 2", "Texte de la feuille"], headings)
+    study = page.find(f".//{X}section")
+    facts = [text_of(li) for li in study.iter(f"{X}li")]
+    check("Limite en X = 0 par la gauche : moins l'infini" in facts and "Signe : positive de 0 à 1" in facts, facts)
+    rows = [[text_of(cell) for cell in row] for row in study.findall(f".//{X}tbody/{X}tr")]
+    check(rows == [["-1", "-0,5", "décroît ↘"], ["0", "moins l'infini", ""], ["0", "plus l'infini", "décroît ↘"],
+                   ["1", "1,5", ""]], "variations are", rows)
     page = page_of("area", "AIRX(0,2,2)", "X^2-1")
     check(formulas(page) == ["msubsup[∫02](msup[X2]−1)dX≈1"], "an area is", formulas(page))
     page = page_of("own", "DEFFON=2*X+1", "FON(3)")

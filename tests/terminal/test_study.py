@@ -28,7 +28,7 @@ with tempfile.TemporaryDirectory() as folder:
     expect("the sheet is another one with its study", both.stdout == plain.stdout and both.returncode == 0)
     lines = (place / "e.txt").read_text(encoding="utf-8").split("\n")
     for line in ("Étude de X^2-A, X de -2 à 2", "Zéro : X = environ -1.414214", "Étude de X+1, X de 0 à 1",
-                 "Intersection avec X+1, ligne 11 : X = environ -1.302776, y = environ -0.302776"):
+                 "Intersection avec X+1, ligne 11 : X = environ -1.302776, y = environ -0.3027756"):
         expect(f"no line {line!r} in {lines}", line in lines)
     with wave.open(str(place / "s.wav")) as sound:
         expect("the sound is not stereo of 16 bits", (sound.getnchannels(), sound.getsampwidth()) == (2, 2))

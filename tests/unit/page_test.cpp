@@ -81,6 +81,36 @@ TEST_CASE("a sheet that wasn't calculated yet gets random numbers for its page")
     CHECK(page.find("<th scope=\"col\">f(X)</th>") != std::string::npos);
 }
 
+TEST_CASE("the page holds the studies of its functions as the sheet is now") {
+    demarre_avec_feuille();
+    port.texte.pose_texte("A=2\r\nINCX(-2,1,5)\r\nX^2-A\r\nDEFFON=2*X+1\r\nFON(3)");
+    port.texte.pose_selection(20, 0);
+    evenement_menu("mnuEtudierItem");
+    evenement_menu("CmdVoxtab");
+    port.texte.pose_texte("! titre\r\nA=4\r\nINCX(-2,1,5)\r\nX^2-A\r\nDEFFON=2*X+1\r\nFON(3)");
+    const Rapport rapport = rapport_de(port.texte.texte(), true);
+    const std::vector<EtudeDeFeuille> etudes = refais_etudes(rapport.texte);
+    REQUIRE(etudes.size() == 1);
+    const std::string page = page_html(rapport, "essai", etudes);
+    const std::size_t etude = page.find("<h2>Étude de X^2-A, X de -2 à 2</h2>");
+    REQUIRE(etude != std::string::npos);
+    CHECK(page.find("<li>Zéro : X = 2</li>") != std::string::npos);
+    CHECK(page.find("<caption>Tableau de variations : X^2-A</caption>") != std::string::npos);
+    CHECK(page.find("<tr><th scope=\"row\">-2</th><td>0</td><td>décroît ") != std::string::npos);
+    CHECK(etude > page.find("</figure>"));
+    CHECK(etude < page.find("<mi>FON</mi>"));
+}
+
+TEST_CASE("the study of a function without a heading is in the page over the interval that was asked for") {
+    demarre_avec_feuille();
+    const std::string feuille = "DEFFON=2*X+0.5\r\nFON(3)";
+    garde_etude(*fonction_au_curseur(feuille, 1), "-1,1");
+    const Rapport rapport = rapport_de(feuille, true);
+    const std::string page = page_html(rapport, "essai", refais_etudes(rapport.texte));
+    CHECK(page.find("<h2>Étude de 2*X+0,5, X de -1 à 1</h2>") != std::string::npos);
+    CHECK(page.find("<li>Zéro : X = -0,25</li>") != std::string::npos);
+}
+
 TEST_CASE("the study of a function finds the random number above it that the sheet shows") {
     demarre_avec_feuille();
     const std::string feuille = calculee("A=INT(1000*ALEA)\r\nINCX(0,1,3)\r\nX+A");

@@ -1,4 +1,4 @@
-"""The first steps of the guide and the path of README's French part are walked by the whole program:
+"""The first steps of the guide, its lesson and the path of README's French part are walked by the whole program:
 exactly these keys, and exactly these words are heard.   test_steps.py PROGRAM_RUNNER [--write]
 
 A step is a numbered line of sentences "Tapez X.", "Faites TOUCHE.", "Répondez X." and, at the end,
@@ -18,6 +18,10 @@ VERBS = "Tapez|Faites|Répondez|Vous entendez"
 SENTENCE = re.compile(rf"(Tapez|Faites|Répondez) (.+?)\.(?: (?={VERBS})|$)|(Vous entendez)[^:]* : (.+)$")
 FILE_DIALOGS = {"Ctrl+S": ("enregistrer", "C:\\SANSTITRE.VXT"), "Ctrl+O": ("ouvrir", "C:\\.VXT")}
 ENTRY_BOXES = {"F3": ("Recherche", "")}
+# The lesson: the file that it imports, the question about it, the sound of its curve in tenths of a second.
+LESSON, DATA = "Une leçon : de la mesure à la page", ROOT / "examples/ressort.csv"
+QUESTION = "6 lignes, 2 colonnes, virgule décimale"
+COLUMNS, CURVE = " : colonnes 1 Masse (g), 2 Longueur (cm)", ["entend courbe \"50\"", "fin_du_son"]
 
 
 def sentences(line: str) -> list[tuple[str, str]]:
@@ -57,6 +61,49 @@ def key(name: str, answer: str | None, started: bool) -> list[str]:
     return lines + (["entend fin"] if name == "Alt+Q" else [])
 
 
+def data_key(answers: list[str]) -> list[str]:
+    """The script's lines for the key that imports a file."""
+    return [f"répond {quoted(f'C:{chr(92)}{answers[0]}')}", f"répond {quoted(answers[1])}", "touche Ctrl+I",
+            'entend dialogue "ouvrir" "C:\\.csv"', f"entend saisie {quoted(QUESTION + COLUMNS)} {quoted(answers[1])}"]
+
+
+def page_key(answer: str) -> list[str]:
+    """The script's lines for the key that writes the page."""
+    return [f"répond {quoted(f'C:{chr(92)}{answer}.html')}", "touche Ctrl+H",
+            'entend dialogue "enregistrer" "C:\\SANSTITRE.html"']
+
+
+def lesson_key(name: str, answers: list[str]) -> list[str]:
+    """The script's lines for a key of the lesson."""
+    if name == "Ctrl+I":
+        return data_key(answers)
+    return page_key(answers[0]) if name == "Ctrl+H" else [f"touche {name}"]
+
+
+def lesson_script(steps: list[str]) -> list[str]:
+    """A script of the whole program for the lesson; its curve is heard to the end."""
+    data = DATA.read_text(encoding="utf-8").replace("\n", "¶")
+    lines = [f"fichier {quoted(f'C:{chr(92)}{DATA.name}')} {quoted(data)}", "démarre"]
+    for step in steps:
+        parts = sentences(step)
+        for number, (verb, what) in enumerate(parts):
+            if verb == "Tapez":
+                lines.append(f"tape {quoted(what)}")
+            elif verb == "Faites":
+                answers = [answer for kind, answer in parts[number + 1:number + 3] if kind == "Répondez"]
+                lines += lesson_key(what, answers)
+            elif verb == "Vous entendez":
+                for text in heard(what):
+                    lines += [f"entend message {quoted(text)}", *(CURVE if text.startswith("Courbe") else [])]
+    return lines + ["entend rien"]
+
+
+def lesson_of(guide: list[str]) -> list[str]:
+    """The lines of the lesson, up to the empty line behind it; what is heard may stand on a line of its own."""
+    lines = guide[guide.index(LESSON) + 1:]
+    return "\n".join(lines[:lines.index("")]).replace("\nVous entendez", " Vous entendez").split("\n")
+
+
 def script(steps: list[str], started: bool) -> list[str]:
     """A script of the whole program for these steps."""
     lines = ["démarre"] if started else []
@@ -94,12 +141,18 @@ def main() -> int:
                       "# from it by tests/guide/test_steps.py.", *path, ""])
     if "--write" in sys.argv:
         SCRIPT.write_text(text, encoding="utf-8")
+    lesson = lesson_of(read("data/aide.txt"))
     faults = run(sys.argv[1], script(guide, started=True), "aide.txt") + run(sys.argv[1], path, "README.md")
+    faults += run(sys.argv[1], lesson_script(steps_of(lesson)), "lesson")
+    if not any(line.startswith(f"La question dit {QUESTION}.") for line in lesson):
+        faults.append("the lesson tells another question than the one that is asked")
+    if len(steps_of(lesson)) != 8:
+        faults.append(f"{len(steps_of(lesson))} steps in the lesson")
     if not SCRIPT.exists() or SCRIPT.read_text(encoding="utf-8") != text:
         faults.append(f"{SCRIPT.name} isn't README's path any more: test_steps.py RUNNER --write")
     if len(guide) != 10 or len(readme) < 12:
         faults.append(f"{len(guide)} steps in the guide, {len(readme)} in README.md")
-    print("\n".join(faults + [f"{len(guide)} + {len(readme)} steps, {len(faults)} faults"]))
+    print("\n".join(faults + [f"{len(guide)} + {len(steps_of(lesson))} + {len(readme)} steps, {len(faults)} faults"]))
     return 1 if faults else 0
 
 

@@ -374,6 +374,7 @@ const LigneCommande* commande_enfoncee(const FrappeTouche& frappe) {
 
 void reinitialise_menus() {
     vide_menus();
+    menus.items.reserve(kItems.size());
     for (const LigneCommande& ligne : kItems)
         menus.items.push_back({ligne.nom, 0, std::string(ligne.libelle), false, true, true});
 }

@@ -182,20 +182,20 @@ void nouvelle_partie(Joueur& j) {
 
 void joue(Joueur& j, const std::string& etape) {
     if (impossible(etape)) return;
-    if (est_voisin(etape)) {
+    if (est_voisin(etape) && script.commence) {   // the files of the start are nobody's work
         const Fichiers avant = mots_des_fichiers();
         const Contenus anciens = contenus();
         execute(j, etape);
         note_voisin(j, avant, anciens);
         return;
     }
-    const bool montree = programme_en_marche() && feuille_montree();
-    const Mots avant = mots_montres();
+    const bool edite = est_edition(etape) && programme_en_marche() && feuille_montree();
+    const Mots avant = edite ? mots_montres() : Mots();
     const std::uint64_t feuille_avant = documents.identite(documents.document_courant);
     execute(j, etape);
     note_remplaces(j);
     rend_voles(j);
-    if (!est_edition(etape) || !montree || !programme_en_marche() || !feuille_montree() ||
+    if (!edite || !programme_en_marche() || !feuille_montree() ||
         documents.identite(documents.document_courant) != feuille_avant)
         return;
     const Mots apres = mots_montres();

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "platform/stack.hpp"
@@ -35,11 +36,13 @@ int essaie(int nombre, std::uint64_t seule) {
     int fautes = 0;
     const std::uint64_t debut = seule != 0 ? seule : 1;
     const std::uint64_t fin = seule != 0 ? seule : static_cast<std::uint64_t>(nombre);
+    FeuilleTiree autre = tire_feuille(debut - 1);
     for (std::uint64_t graine = debut; graine <= fin && fautes < kFautesMontrees; ++graine) {
-        const FeuilleTiree feuille = tire_feuille(graine);
-        const Defaut defaut = verifie_feuille(feuille, tire_feuille(graine - 1));
+        FeuilleTiree feuille = tire_feuille(graine);
+        const Defaut defaut = verifie_feuille(feuille, autre);
         if (!defaut.empty()) ++fautes;
         if (!defaut.empty() || seule != 0) montre(graine, feuille, defaut);
+        autre = std::move(feuille);
     }
     return fautes;
 }

@@ -245,10 +245,10 @@ bool est_action(const Etape& etape) {
 }  // namespace
 
 bool programme_en_marche() {
-    const auto debut = memoire.journal.begin() + static_cast<std::ptrdiff_t>(script.debut);
-    return script.commence && !fenetre.fermee &&
-           std::none_of(debut, memoire.journal.end(),
-                        [](const Entendu& entendu) { return entendu.genre == "fin"; });
+    const auto& journal = memoire.journal;
+    // What has no end in it isn't looked at again.
+    while (script.debut < journal.size() && journal[script.debut].genre != "fin") ++script.debut;
+    return script.commence && !fenetre.fermee && script.debut >= journal.size();
 }
 
 void nouveau_script(bool strict) {

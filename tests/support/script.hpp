@@ -37,7 +37,7 @@ struct BoutsSelection {
 struct Script {
     bool strict = true;        // all that was heard must be told before the next action
     bool commence = false;     // the program has started
-    std::size_t debut = 0;     // place in the journal where the running program began
+    std::size_t debut = 0;     // up to here the journal tells nothing of an end of the running program
     std::size_t racontes = 0;  // elements of the journal that were told
     int regards = 0;           // steps that have looked at something
     BoutsSelection bouts;      // of the last selection that the hand made

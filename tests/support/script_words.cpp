@@ -1,6 +1,7 @@
 // The words of one step of a script. Changes no state but the step it is given.
 #include "support/script_words.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -59,11 +60,19 @@ bool prend_signe(std::string& texte, std::string_view& reste) {
     return true;
 }
 
+// Takes the characters at the start of `reste` that stand for themselves.
+void prend_suite_simple(std::string& texte, std::string_view& reste) {
+    const auto autre = [](char c) { return c < ' ' || c > '~' || c == '"' || c == '{'; };
+    const auto fin = std::find_if(reste.begin(), reste.end(), autre);
+    texte.append(reste.begin(), fin);
+    reste.remove_prefix(static_cast<std::size_t>(fin - reste.begin()));
+}
+
 // Takes a quoted text from the start of `reste`.
 std::string decoupe_texte(std::string_view& reste) {
     std::string texte;
     reste.remove_prefix(1);
-    while (!reste.empty())
+    for (prend_suite_simple(texte, reste); !reste.empty(); prend_suite_simple(texte, reste))
         if (!prend_signe(texte, reste)) {
             reste.remove_prefix(1);
             exige(reste.empty() || kBlancs.find(reste[0]) != std::string_view::npos,

@@ -106,8 +106,9 @@ bool ajoute_terme(char operateur) {
     return true;
 }
 
-// "%" right after the right operand: a percentage of the sum so far.
+// "%" right after the right operand: a percentage of the sum so far. Where it is refused the sign is the fault.
 void applique_pourcentage(char operateur) {
+    const std::int16_t place = moteur.debut_symbole;
     lis_symbole();
     double& somme = moteur.l_valeur_expression;
     const double terme = moteur.l_valeur_terme;
@@ -116,6 +117,7 @@ void applique_pourcentage(char operateur) {
     } else if (operateur == '-') {
         Tente(kCompileExpression, [&] { range(somme, somme * (1 - terme / 100), somme, terme); });
     } else {
+        moteur.debut_calcul = place;
         affiche_erreur_calcul("Pourcentage que sur + et -"_fr);
     }
 }

@@ -18,6 +18,7 @@
 #include "sheet/observer.hpp"
 #include "state/context.hpp"
 #include "state/matrices.hpp"
+#include "verification/old_text.hpp"
 #include "verification/sign_words.hpp"
 #include "verification/silent_pass.hpp"
 #include "verification/words.hpp"
@@ -250,6 +251,13 @@ void retient_entete(const LigneObservee& o) {
     attente.commentaire = o.ligne.substr(std::min(o.ligne.find('!'), o.ligne.size()));
 }
 
+// A calculated line. One that was refused before it was read is read here.
+void ajoute_calculee(LigneDite& dite, const LigneObservee& o) {
+    if (!o.lue.empty() || !o.erreur) return ajoute_formule(dite, relevee(o), o.formule, places(o));
+    const FormuleRelevee lue = lit_formule(o.formule);
+    ajoute_formule(dite, lue, o.formule, places_dans_le_texte(o.formule, lue.formule));
+}
+
 // The words of a line by its role.
 void ajoute_role(LigneDite& dite, const LigneObservee& o) {
     switch (o.role) {
@@ -257,7 +265,7 @@ void ajoute_role(LigneDite& dite, const LigneObservee& o) {
         case RoleLigne::copiee: return ajoute_mots(dite.mots, "ligne non calculée"_fr);
         case RoleLigne::refusee: return ajoute_mots(dite.mots, "ligne refusée"_fr);
         case RoleLigne::statistiques: return ajoute_statistiques(dite, o);
-        case RoleLigne::formule: return ajoute_formule(dite, relevee(o), o.formule, places(o));
+        case RoleLigne::formule: return ajoute_calculee(dite, o);
         case RoleLigne::fonction: return ajoute_deffon(dite, o);
         case RoleLigne::entete_matrice: return ajoute_definition(dite, o.formule);
         case RoleLigne::rangee: ajoute_mots(dite.mots, "ligne de matrice"); return ajoute_elements(dite, o.formule);
@@ -280,6 +288,25 @@ std::string_view mots_faute(const LigneObservee& o) {
     return boite.empty() || (boite[0] >= '0' && boite[0] <= '9') ? std::string_view() : boite;
 }
 
+// The words of a line's fault, behind those of its first report where another one has followed.
+std::string toutes_les_fautes(const LigneObservee& o) {
+    const std::string_view derniere = mots_faute(o), premiere = sans_blancs(observation->releve.mots_faute);
+    const bool nombre = !premiere.empty() && premiere[0] >= '0' && premiere[0] <= '9';
+    if (o.role != RoleLigne::formule || o.lue.empty() || premiere.empty() || nombre || premiere == derniere) return std::string(derniere);
+    std::string mots(premiere);
+    if (derniere.empty()) return mots;
+    return mots.append(" puis ").append(derniere);
+}
+
+// What the user has typed behind the line, from an "=" on, and what the calculation drops.
+void ajoute_texte_efface(LigneDite& dite, const LigneObservee& o) {
+    if (o.role != RoleLigne::formule && o.role != RoleLigne::fonction) return;
+    const TexteEfface efface = texte_efface(o);
+    if (efface.genre == GenreConstat::apres) return;
+    ajoute_mots(dite.mots, "non lu");
+    ajoute_mots(dite.mots, signes_en_mots(sans_blancs(o.entiere.substr(efface.place))));
+}
+
 // The line that is asked for, or the one below a heading.
 void prend_ligne(const LigneObservee& o) {
     if (attente.entete && o.numero == attente.numero + 1 && o.role == RoleLigne::fonction_de_table) {
@@ -293,9 +320,10 @@ void prend_ligne(const LigneObservee& o) {
     attente.vue = true;
     ajoute_role(attente.dite, o);
     if (o.role == RoleLigne::entete) return;
-    ajoute_faute(attente.dite, o.erreur, mots_faute(o));
+    ajoute_faute(attente.dite, o.erreur, toutes_les_fautes(o));
     const bool elements = o.role == RoleLigne::donnees || o.role == RoleLigne::liste;   // read with their comment
     if (o.role != RoleLigne::fermante && !elements) ajoute_commentaire(attente.dite, o.ligne);
+    ajoute_texte_efface(attente.dite, o);
 }
 
 // Each line of the pass. What fails here ends the command, not the pass.

@@ -47,7 +47,7 @@ const Cas kCas[] = {
     {"2*sqrt( -1 )+1", 1, 3, "sqrt( -1 )", "argument négatif"},
     {"1+ACOS(2)", 1, 3, "ACOS(2)", "Argument incorrect"},
     {"7+(-8)^(1/3)", 1, 3, "(-8)^(1/3)", "Erreur de puissance : a^b avec a négatif et b non entier"},
-    {"100 OR 20%", 1, 1, "100 OR 20%", "Pourcentage que sur + et -"},
+    {"100 OR 20%", 1, 10, "%", "Pourcentage que sur + et -"},
     {"1+CNP(2,3)", 1, 3, "CNP(2,3)", "Chaine ambigue"},
     {"3+FACT(171)", 1, 3, "FACT(171)", "6 6 sur factoriel"},
     {"FON(3)", 1, 1, "FON(3)", "Fonction inconnue"},

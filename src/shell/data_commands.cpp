@@ -136,7 +136,7 @@ void mnuExporterPageItem() {
     const std::string nom = demande_nom(kFiltrePage, kExtensionPage);
     if (nom.empty()) return;
     const Rapport rapport = rapport_de(port.texte.texte(), true);
-    if (!rapport.complet) return dit("rien n'est exporté : calcul interrompu"_fr);
+    if (!rapport.complet) return dit("rien n'est exporté : la feuille n'a pas été calculée en entier"_fr);
     const std::vector<EtudeDeFeuille> etudes = refais_etudes(rapport.texte);
     if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom), etudes))) return;
     const bool autre = rapport.texte != port.texte.texte();
@@ -148,7 +148,7 @@ void mnuExporterPageItem() {
 
 void mnuExporterDonneesItem() {
     const Rapport rapport = rapport_de(port.texte.texte(), false);
-    if (!rapport.complet) return dit("rien n'est exporté : calcul interrompu"_fr);
+    if (!rapport.complet) return dit("rien n'est exporté : la feuille n'a pas été calculée en entier"_fr);
     const std::vector<DonneesDeFeuille> toutes = donnees_de(rapport);
     if (toutes.empty()) return dit("rien à exporter : la feuille n'a ni table, ni série, ni matrice"_fr);
     Choix choix;

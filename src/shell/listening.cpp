@@ -23,12 +23,12 @@ constexpr std::size_t kLignesDevant = 2;     // of the view, in front of the poi
 
 std::string texte(std::string_view mots) { return std::string(mots); }
 
-// A number of a point, with few figures.
+// A number of a point, with few figures; one that these would make 0 as it is.
 std::string nombre(double x) {
     std::string fixe = std::fabs(x) < 1e9 ? texte_fixe(x, 6) : texte_general(x);
     if (fixe.find('.') != std::string::npos) fixe.resize(fixe.find_last_not_of('0') + 1);
     if (fixe.ends_with('.')) fixe.pop_back();
-    return fixe == "-0" ? "0" : fixe;
+    return fixe == "-0" || fixe == "0" ? texte_general(x) : fixe;
 }
 
 void lance_son(const Echantillons& son) {
@@ -43,7 +43,7 @@ void change_duree(int pas) {
     if (rang < 0) return dit(kPlusRapide);
     if (rang >= static_cast<std::ptrdiff_t>(kDurees.size())) return dit(kPlusLent);
     ecoute.duree = kDurees[static_cast<std::size_t>(rang)];
-    dit(nombre(ecoute.duree) + texte(" secondes"_fr));
+    dit(nombre(ecoute.duree) + (ecoute.duree < 2 ? " seconde" : " secondes"));
     joue_la_courbe(true);
 }
 

@@ -133,7 +133,7 @@ def one_after_another(p):
     close((last - first) / RATE, other + 3, 0.02, "seconds of both")
     follows(first, lambda place: pitch_of((4 * place - 2) ** 2 - 1), (0.1, 0.45, 0.9))
     follows(first, lambda place: pitch_of(3 * place), (0.1, 0.5, 0.9), since=other)
-    first, _ = begin(p, "R", "1.5 secondes")
+    first, _ = begin(p, "R", "1.5 seconde")
     p.hear("fin de la courbe")
     close((SERVER.ends_after(first, "the end of the fast curve") - first) / RATE, CURVE + 1.5, 0.03, "seconds")
 

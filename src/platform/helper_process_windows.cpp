@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 
 #include "platform/utf16_windows.hpp"
 
@@ -41,7 +42,11 @@ HANDLE demarre(HANDLE entree, HANDLE sortie) {
 
 }  // namespace
 
+// One at a time: a helper inherits every end that can be inherited just then, and one that keeps another's end open
+// would hide the other's end from who waits for it.
 bool lance_aide(ProcessusAide& aide) {
+    static std::mutex verrou;
+    const std::lock_guard garde(verrou);
     std::array<HANDLE, 2> vers{}, depuis{};
     if (!cree_tube(vers, 0)) return false;
     if (!cree_tube(depuis, 1)) {

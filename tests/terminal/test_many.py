@@ -35,7 +35,7 @@ def write_sheets():
     for number in range(SHEETS):
         name = f"feuille {number}.VXT"
         text = [f"A={number}\nB=A*2\nSIN(A)\n", f"A={number}\n5/0\nA\n", f"{number}*3", "B+1\n",
-                "DEFFONX=X^2\nFON(3)\nDEFM MA\n1,2\n3,4\nFIN\nMA*2\n", "FON(2)\nMA\n"][number % 6]
+                "DEFFON=X^2\nFON(3)\nDEFMA\n1,2\n3,4\nFIN\nMB=MA*2\n", "FON(2)\n", "MC=MB*2\n"][number % 7]
         pathlib.Path(name).write_text(text, encoding="ascii", newline="\n")
         names.append(name)
     names.insert(7, "absente.VXT")

@@ -93,13 +93,14 @@ std::string regarde(const std::string& texte) {
     for (const Constat& c : verification.constats) vu += phrase(c) + "\n";
     const auto lignes = static_cast<int>(std::count(texte.begin(), texte.end(), '\n')) + 1;
     for (int i = 1; i <= std::min(lignes, 40); ++i) vu += dit_ligne(texte, i).mots + "\n";
-    vu += page_html(rapport_de(texte, true), "page");
     for (const FonctionDeFeuille& f : fonctions_de_feuille(texte)) {
         EtudeDeFeuille etude;
         vu += etudie_fonction(texte, f, "", etude);
         for (const std::string& ligne : lignes_d_etude(etude)) vu += ligne + "\n";
+        CourbeDeFeuille courbe;
+        vu += lis_courbe(texte, f, "", courbe);
     }
-    return vu;
+    return vu + page_html(rapport_de(texte, true), "page", etudie_tout(texte));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/codepage.hpp"
+#include "base/count.hpp"
 #include "base/number.hpp"
 #include "platform/platform.hpp"
 
@@ -31,6 +32,14 @@ std::size_t debut_ligne(std::string_view texte, std::int32_t numero) {
         debut = paire + 2;
     }
     return debut;
+}
+
+// The next pair of carriage return and line feed from `debut` (from 0) on, or npos.
+std::size_t prochaine_paire(std::string_view texte, std::size_t debut) {
+    std::size_t retour = texte.find('\r', debut);
+    while (retour != std::string_view::npos && (retour + 1 == texte.size() || texte[retour + 1] != '\n'))
+        retour = texte.find('\r', retour + 1);
+    return retour;
 }
 
 }  // namespace
@@ -73,8 +82,7 @@ std::string extraitLigne(std::size_t position) {
 }
 
 std::int16_t NumeroTxt(std::string_view texte, std::size_t position) {
-    const auto fin = texte.begin() + static_cast<std::ptrdiff_t>(std::min(position, texte.size()));
-    return vers_16_tronque(static_cast<double>(std::count(texte.begin(), fin, '\r')) + 1);
+    return vers_16_tronque(static_cast<double>(compte_octets(texte.substr(0, position), '\r')) + 1);
 }
 
 std::int16_t NumeroTxt(std::size_t position) { return NumeroTxt(port.texte.texte(), position); }
@@ -110,7 +118,7 @@ void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& pos
         ++position;
         return;
     }
-    const std::size_t paire = texte.find("\r\n", position - 1);
+    const std::size_t paire = prochaine_paire(texte, position - 1);
     fin = paire == std::string_view::npos;
     const std::size_t borne = fin ? longueur : paire;
     ligne = texte.substr(position - 1, borne - position + 1);

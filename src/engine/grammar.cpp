@@ -292,9 +292,7 @@ void lis_terme() {
 
 double evalue_formule() noexcept {
     moteur.l_separateurs = " +-*/^(),@=%";
-    moteur.p_position = 1;
     moteur.debut_symbole = moteur.debut_calcul = 1;
-    moteur.lecture_finie = false;
     moteur.erreur_formule = false;
     moteur.l_texte_erreur.clear();
     moteur.l_var = 0;
@@ -305,6 +303,7 @@ double evalue_formule() noexcept {
         demande_suite(moteur.p_formule.size());
         moteur.p_formule += '@';
     });
+    commence_lecture();
     if (!prete) return 0;
     if (moteur.releve != nullptr) [[unlikely]] vide_releve(*moteur.releve);
     lis_symbole();
@@ -321,6 +320,7 @@ double evalue_element(const Procedure& procedure, std::string_view element) noex
     Tente(procedure, [] { TestVariable(); });
     const double valeur = evalue_formule();
     moteur.p_formule = std::move(garde);
+    place_separateurs();
     return valeur;
 }
 

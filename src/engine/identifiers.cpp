@@ -120,8 +120,8 @@ bool a_produit_implicite(std::string_view formule) {
     unsigned avant = 0, trouve = 0;
     for (const char c : formule) {
         const unsigned sorte = kSorte[static_cast<unsigned char>(c)];
-        trouve |= (avant << 1) & sorte;
-        avant = sorte & kDevant;
+        trouve |= (avant << 1) & sorte;   // kDevant moves to the place of kLettre
+        avant = sorte;
     }
     return trouve != 0;
 }

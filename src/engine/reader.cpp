@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
-#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -44,6 +45,20 @@ void avance(std::size_t position) {
     moteur.p_position = static_cast<std::int16_t>(position);
 }
 
+constexpr std::size_t kReperes = 64;   // characters of a formula whose separators stand in one word
+
+// Characters from `debut` to the next separator, or to `borne`.
+std::size_t longueur_symbole(const std::string& formule, std::size_t debut, std::size_t borne) {
+    std::size_t fin = debut;
+    if (debut < kReperes) {
+        const std::uint64_t reste = moteur.separateurs >> debut;
+        if (reste != 0) return static_cast<std::size_t>(std::countr_zero(reste));
+        fin = std::min(kReperes, borne);
+    }
+    while (fin < borne && !est_separateur(formule[fin])) ++fin;
+    return fin - debut;
+}
+
 // Cuts the symbol that starts at or after p_position into l_symbole; answers the position after it.
 std::size_t coupe_symbole() {
     const std::string& formule = moteur.p_formule;
@@ -51,51 +66,77 @@ std::size_t coupe_symbole() {
     std::size_t debut = static_cast<std::size_t>(moteur.p_position) - 1;   // from 0
     while (debut < borne && formule[debut] == ' ') ++debut;
     moteur.debut_symbole = static_cast<std::int16_t>(debut + 1);
-    std::size_t fin = debut;
-    while (fin < borne && !est_separateur(formule[fin])) ++fin;
-    if (debut >= borne) {
-        // Beyond the end the symbol is empty, and the cursor still moves on.
-        moteur.l_symbole.clear();
-        ++fin;
-    } else if (fin == debut) {
-        moteur.l_symbole = formule[debut];   // the separator is itself the symbol
-        ++fin;
-    } else {
-        moteur.l_symbole.assign(formule, debut, fin - debut);
+    if (debut >= borne) [[unlikely]] {
+        moteur.l_symbole.vide();   // beyond the end, and the cursor still moves on
+        note_symbole(debut + 1, debut + 1);
+        return debut + 2;
     }
-    note_symbole(debut + 1, fin);
-    return fin + 1;
+    // A separator is itself the symbol.
+    const std::size_t taille = std::max<std::size_t>(longueur_symbole(formule, debut, borne), 1);
+    moteur.l_symbole.pose(formule, debut, taille);
+    note_symbole(debut + 1, debut + taille);
+    return debut + taille + 1;
+}
+
+// The usual symbol, short and with its end near, is cut without what only others need. False, and nothing done, when it
+// is another one.
+bool coupe_symbole_court() {
+    const auto debut = static_cast<std::size_t>(moteur.p_position) - 1;
+    const std::uint64_t reste = debut < kReperes ? moteur.separateurs >> debut : 0;
+    const auto taille = std::max<std::size_t>(static_cast<std::size_t>(std::countr_zero(reste)), 1);
+    if (taille > Symbole::kCourt || moteur.p_formule[debut] == ' ' || moteur.releve != nullptr) return false;
+    moteur.debut_symbole = moteur.p_position;
+    moteur.l_symbole.pose_court(moteur.p_formule, debut, taille);
+    moteur.p_position = static_cast<std::int16_t>(debut + taille + 1);
+    return true;
 }
 
 // Appends the parts of an exponent cut by the separators "+" and "-" to the number in l_symbole.
 void joint_exposant() {
     const std::int32_t debut = place_symbole();
-    std::string garde = moteur.l_symbole;
+    std::string garde(moteur.l_symbole);
     p_lis_symbole();
     garde += moteur.l_symbole;
-    if (moteur.l_symbole.starts_with('+') || moteur.l_symbole.starts_with('-')) {
+    if (tete_symbole() == '+' || tete_symbole() == '-') {
         p_lis_symbole();
         garde += moteur.l_symbole;
     }
-    moteur.l_symbole = std::move(garde);
+    moteur.l_symbole = garde;
     note_symbole_joint(debut);
 }
 
-}  // namespace
-
-void p_lis_symbole() noexcept {
-    if (moteur.lecture_finie) [[unlikely]] {
-        moteur.l_symbole.clear();
-        return;
-    }
+// The next symbol, whatever it is like.
+[[gnu::noinline]] void lis_tout_symbole() {
     std::size_t position = 0;
     if (!Tente(kPLisSymbole, [&] { position = coupe_symbole(); })) return;
     Tente(kPLisSymbole, [&] { avance(position); });
 }
 
+}  // namespace
+
+void commence_lecture() noexcept {
+    moteur.p_position = 1;
+    moteur.lecture_finie = false;
+    place_separateurs();
+}
+
+void place_separateurs() noexcept {
+    const std::string& formule = moteur.p_formule;
+    moteur.separateurs = 0;
+    for (std::size_t i = std::min(formule.size(), kReperes); i-- > 0;)
+        moteur.separateurs = moteur.separateurs << 1 | (est_separateur(formule[i]) ? 1 : 0);
+}
+
+void p_lis_symbole() noexcept {
+    if (moteur.lecture_finie) [[unlikely]]
+        moteur.l_symbole.vide();
+    else if (!coupe_symbole_court()) [[unlikely]]
+        lis_tout_symbole();
+}
+
 bool test_fonction() noexcept {
-    const std::string& symbole = moteur.l_symbole;
-    if (symbole.size() < 2) return false;   // no name is shorter
+    const Symbole& symbole = moteur.l_symbole;
+    if (symbole.size() < 2 || symbole.sans_lettre()) return false;   // no name is shorter
     const int rang = operations.fonction_nommee(symbole);
     if (rang == 0) return false;
     moteur.type_f = static_cast<std::int16_t>(rang);

@@ -7,10 +7,12 @@
 #include "state/context.hpp"
 
 // First character of the current symbol; 0 for an empty one.
-inline char tete_symbole() { return moteur.l_symbole.empty() ? '\0' : moteur.l_symbole.front(); }
+inline char tete_symbole() { return moteur.l_symbole.front(); }
 
 inline bool symbole_est(std::string_view mot) { return moteur.l_symbole == mot; }
 
+void commence_lecture() noexcept;   // the reader goes to the beginning of p_formule
+void place_separateurs() noexcept;  // p_formule has been changed while it is read
 void p_lis_symbole() noexcept;      // raw cut of the next symbol into l_symbole
 void lis_symbole() noexcept;        // the next symbol, with its value or its effects
 bool test_fonction() noexcept;      // is l_symbole a function name? sets type_f when it is

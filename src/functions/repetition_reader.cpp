@@ -51,8 +51,7 @@ public:
     FormuleLue lis() {
         const std::string& formule = moteur.p_formule;
         if (formule.size() > kFormuleMaxi || formule.find('@') != std::string::npos) return {};
-        moteur.p_position = 1;
-        moteur.lecture_finie = false;
+        commence_lecture();
         suivant();
         lis_cible();
         expression();
@@ -130,7 +129,7 @@ private:
     }
 
     void litteral() {
-        const std::string& s = moteur.l_symbole;
+        const Symbole& s = moteur.l_symbole;
         if (s.front() != '$' && s.back() == 'E') refuse_ = true;
         try {
             assembleur_.constante(valeur_litteral(s));

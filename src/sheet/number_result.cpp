@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
@@ -70,10 +71,9 @@ void Affiche_valeur_nombre(std::int16_t numero) noexcept {
     bool pi = false;
     if (modes.mode_nombre == 1) AffichePi(numero, pi);
     if (pi) return;
-    Tente(kAfficheValeurNombre, [&] { feuille.resultat_ligne(numero) = " = "; });
-    Tente(kAfficheValeurNombre, [&] {
-        ajoute_texte_du_mode(feuille.resultat_ligne(numero), feuille.valeur_ligne(numero));
-    });
+    std::string texte(" = ");
+    Tente(kAfficheValeurNombre, [&] { ajoute_texte_du_mode(texte, feuille.valeur_ligne(numero)); });
+    Tente(kAfficheValeurNombre, [&] { feuille.resultat_ligne(numero) = std::move(texte); });
 }
 
 void AffichePi(std::int16_t numero, bool& trouve) noexcept {

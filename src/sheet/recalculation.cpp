@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
+#include "base/count.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "editing/lines.hpp"
@@ -304,7 +305,7 @@ void refait(Table<T>& table, std::size_t nombre) {
 
 // The tables at the size of the sheet. False when the sheet has more lines than can be numbered.
 bool ouvre_tables(const std::string& texte) {
-    const auto lignes = static_cast<double>(std::count(texte.begin(), texte.end(), '\r')) + 1;
+    const auto lignes = static_cast<double>(compte_octets(texte, '\r')) + 1;
     return Tente(kRecalcul, [&] {
         const std::int16_t nombre = vers_16_tronque(lignes);
         feuille.nombre_ligne = nombre;

@@ -55,7 +55,7 @@ void affiche(std::string_view texte) noexcept {
         dit(copie);
     } catch (...) {
         // Without memory for the words, the flag stands and the sheet calls the line ambiguous.
-        moteur.l_symbole.clear();
+        moteur.l_symbole.vide();
     }
 }
 

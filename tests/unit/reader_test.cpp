@@ -21,7 +21,7 @@ namespace {
 void pose_formule(const std::string& formule) {
     moteur.l_separateurs = " +-*/^(),@=%";
     moteur.p_formule = cp(formule) + "@";
-    moteur.p_position = 1;
+    commence_lecture();
     moteur.erreur_formule = false;
     moteur.l_texte_erreur.clear();
 }
@@ -227,7 +227,7 @@ TEST_CASE("reader: a report marks the formula, says the words and makes 0 the sy
     moteur.l_valeur = moteur.l_valeur_terme = 4;
     moteur.l_var = 3;
     moteur.l_matrice = 'B';
-    affiche_erreur_formule("attend " + moteur.l_symbole);
+    affiche_erreur_formule("attend " + std::string(moteur.l_symbole));
     CHECK(moteur.erreur_formule);
     CHECK(moteur.l_symbole == "0");
     CHECK(moteur.l_valeur == 0);

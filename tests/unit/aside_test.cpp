@@ -46,7 +46,7 @@ void ajoute(std::ostringstream& s, const TableMatrice& m) {
 
 void ajoute_moteur(std::ostringstream& s) {
     const Moteur& m = moteur;
-    s << m.p_formule << '|' << m.p_position << '|' << m.l_symbole << '|' << m.type_f << '|' << m.l_var << '|' << m.l_matrice << '|'
+    s << m.p_formule << '|' << m.p_position << '|' << std::string_view(m.l_symbole) << '|' << m.type_f << '|' << m.l_var << '|' << m.l_matrice << '|'
       << m.erreur_formule << m.muet_erreur << m.definition_fonction_active << m.appels_epuises << m.flag_travail << m.flag_travail2
       << '|' << m.fonction_active << '|' << m.nom_fonction << '|' << m.l_texte_erreur << '|' << m.appels_fon << '|'
       << m.faute.notee << m.faute.mots << '|' << m.faute.formule << '|' << m.faute.debut << '|' << m.faute.fin << '|'

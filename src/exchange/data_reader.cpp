@@ -144,6 +144,7 @@ struct Lecture {
     std::size_t colonnes = 0;        // of most lines
     std::size_t largeur = 0;         // of the longest
     char decimale = 0;
+    bool blancs = false;             // nothing but blanks parts the cells
 
     std::string_view cellule(const RangeeLue& rangee, std::size_t colonne) const {
         return colonne < rangee.cellules.size() ? rangee.cellules[colonne] : std::string_view();
@@ -276,13 +277,14 @@ std::string trie_colonnes(const Lecture& lecture, DonneesLues& donnees) {
 }
 
 // The line that has the headings of the columns: the first with as many cells, or with more. A single column may
-// have a heading of several words.
+// have a heading of several words; of several columns parted by blanks nobody knows which words are whose.
 const RangeeLue* ligne_de_titres(const Lecture& lecture) {
     const RangeeLue* plus_longue = nullptr;
     for (std::size_t i = 0; i < lecture.premiere; ++i) {
         const RangeeLue& rangee = lecture.rangees[i];
         if (rangee.cellules.size() == lecture.colonnes) return &rangee;
-        if (rangee.cellules.size() > lecture.colonnes && plus_longue == nullptr) plus_longue = &rangee;
+        const bool attribuable = !lecture.blancs || lecture.colonnes == 1;
+        if (attribuable && rangee.cellules.size() > lecture.colonnes && plus_longue == nullptr) plus_longue = &rangee;
     }
     return plus_longue;
 }
@@ -332,6 +334,7 @@ std::optional<DonneesLues> lis_donnees(std::string_view octets, std::string& ref
     if (!refus.empty()) return std::nullopt;
     Lecture lecture;
     lecture.rangees = std::move(lues.rangees);
+    lecture.blancs = separateur == kBlancs;
     lecture.decimale = decimale_de(lecture.rangees);
     lecture.premiere = premiere_de_nombres(lecture, separateur);
     if (lecture.premiere == lecture.rangees.size()) {
@@ -353,7 +356,8 @@ std::string mots_donnees(const DonneesLues& donnees) {
     mots += donnees.decimale == ',' ? ", virgule décimale"_fr
             : donnees.decimale == '.' ? ", point décimal"_fr : ", nombres entiers"_fr;
     if (donnees.titres == 0) mots += ", sans titre"_fr;
-    if (donnees.titres > 1) mots += ", " + combien(donnees.titres, "ligne", "lignes") + std::string(" de titres"_fr);
+    const bool sans_nom = donnees.titres > 0 && donnees.table.titres.empty();   // words that name no column are told, too
+    if (donnees.titres > 1 || sans_nom) mots += ", " + combien(donnees.titres, "ligne", "lignes") + std::string(" de titres"_fr);
     if (donnees.rangs.size() > 1 || !donnees.table.titres.empty())
         mots += (donnees.rangs.size() == 1 ? " : colonne " : " : colonnes ") + mots_colonnes(donnees);
     if (!donnees.textes.empty()) {

@@ -20,6 +20,7 @@ th, td { border: 1px solid var(--trait); padding: 0.2rem 0.6rem; text-align: rig
 th[scope="row"] { font-weight: normal; text-align: left; }
 .etude { border-left: 3px solid var(--trait); margin: 1rem 0; padding-left: 1rem; }
 h2 { font-size: 1.2em; overflow-wrap: anywhere; }
+.variations th, .variations td { text-align: left; }
 figure { margin: 1rem 0; }
 svg { height: auto; max-width: 40rem; width: 100%; }
 svg text { fill: var(--texte); font-size: 13px; }
@@ -32,7 +33,7 @@ svg text { fill: var(--texte); font-size: 13px; }
   :root { --fond: #ffffff; --texte: #000000; --faible: #333333; --trait: #777777; --vif: #000000; --faute: #000000; color-scheme: light; }
   body { max-width: none; padding: 0; }
   .large { overflow: visible; }
-  figure, .ligne, tr, .variations { break-inside: avoid; }
+  figure, .ligne, tr, table, .large { break-inside: avoid; }
   h2 { break-after: avoid; }
 }
 )";

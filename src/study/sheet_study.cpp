@@ -52,12 +52,20 @@ Rencontre rencontre(std::string_view texte, const EtudeDeFeuille& etude, const F
     return r;
 }
 
-// The other functions of the sheet that stand under INC or AIR.
+bool meme_rencontre(const Rencontre& r, const Rencontre& s) {
+    const auto memes_lieux = [](const Zero& a, const Zero& b) { return a.lieu.x == b.lieu.x; };
+    return r.autre.texte == s.autre.texte && r.comparable == s.comparable && r.confondues.size() == s.confondues.size() &&
+           std::equal(r.lieux.begin(), r.lieux.end(), s.lieux.begin(), s.lieux.end(), memes_lieux);
+}
+
+// The other functions of the sheet that stand under INC or AIR. One that stands there twice is told once.
 void cherche_rencontres(std::string_view texte, EtudeDeFeuille& etude) {
     for (const FonctionDeFeuille& autre : fonctions_de_feuille(texte)) {
         if (autre.ligne == etude.fonction.ligne || autre.texte == etude.fonction.texte) continue;
         if (etude.rencontres.size() >= kAutresMaxi || patience.abandonnee) return;
-        etude.rencontres.push_back(rencontre(texte, etude, autre));
+        Rencontre r = rencontre(texte, etude, autre);
+        const auto pareille = [&](const Rencontre& dite) { return meme_rencontre(dite, r); };
+        if (std::none_of(etude.rencontres.begin(), etude.rencontres.end(), pareille)) etude.rencontres.push_back(std::move(r));
     }
 }
 

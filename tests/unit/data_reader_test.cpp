@@ -62,6 +62,8 @@ TEST_CASE("what a file of data holds is said in one sentence") {
         {"1;2;;\n3;4;;\n", "2 lignes, 2 colonnes, nombres entiers, sans titre : colonnes 1, 2"},
         {"Prix HT\n1 250,00\n980,50\n", "2 lignes, 1 colonne, virgule décimale : colonne 1 Prix HT"},
         {"12,50 €\n3,20 €\n", "2 lignes, 1 colonne, virgule décimale, sans titre ; en texte, laissée de côté : 2"},
+        {"Mesures du 3 mai\n0\t0,1\n1\t0,3\n", "2 lignes, 2 colonnes, virgule décimale, 1 ligne de titres : colonnes 1, 2"},
+        {"temps (s) tension (V)\n0 0,1\n1 0,3\n", "2 lignes, 2 colonnes, virgule décimale, 1 ligne de titres : colonnes 1, 2"},
         {"x;y\n- 1,5;2\n+ 3;4\n", "2 lignes, 2 colonnes, virgule décimale : colonnes 1 x, 2 y"},
     });
     for (const Cas& c : cas) {

@@ -202,6 +202,14 @@ TEST_CASE("a function is found from every line that belongs to it") {
     CHECK(fonctions_de_feuille(feuille).size() == 2);
 }
 
+TEST_CASE("a function that stands in the sheet twice is met once") {
+    programme_neuf();
+    const std::string feuille = "INCX(0,1,3)\r\nX^2\r\n\r\nINCX(0,1,3)\r\nX+1\r\n\r\nAIRX(0,3,9)\r\nX+1\r\n";
+    EtudeDeFeuille etude;
+    REQUIRE(etudie_fonction(feuille, *fonction_au_curseur(feuille, 2), "", etude).empty());
+    CHECK(commencant(en_utf8(lignes_d_etude(etude)), "Intersection").size() == 1);
+}
+
 TEST_CASE("the lines above give the function its variables, and its heading the interval") {
     programme_neuf();
     const std::string feuille = "A=2\r\nB=A+1\r\nINCX(-B,0.5,13)\r\nX^2-A^2\r\nA=100\r\n";

@@ -23,6 +23,7 @@ struct Documents {
                                                         // 0: it has none, nothing: not known
     std::uint64_t derniere_identite = 0; // the last one given in this run
     bool liste_fonction_active = false;  // `txt` shows a text that isn't the sheet
+    std::int32_t repere_lecture = 0;     // the bookmark of that text, from its opening on
     bool feuille_ailleurs = false;       // while quitting: `txt` shows another sheet than this one
     bool enregistrement_rate = false;    // the last save on the way out or under a new name has failed
 };

@@ -22,6 +22,8 @@
 
 namespace {
 
+constexpr std::string_view kEnregistre = "enregistrer";   // said when a sheet has been saved
+
 constexpr Procedure kEnregistrerSous{" sur EnregistrerSous"_fr, true};
 
 
@@ -227,7 +229,10 @@ void mnuEnregistrerItem() {
         ligne_courante_ini().nom = dlg.nom_fichier;
         crochets.statut();
     }
-    dit("enregistrer"_fr);
+    dit(kEnregistre);
 }
 
-void mnuEnregistrerSousItem() { enregistrersous(); }
+// The message line has no words for it; who can't see the new title is told.
+void mnuEnregistrerSousItem() {
+    if (enregistrersous()) souffle(kEnregistre);
+}

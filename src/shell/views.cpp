@@ -29,6 +29,7 @@ namespace {
 void montre_texte(std::string texte, std::size_t position = 1) {
     EcritNomCopie();
     documents.liste_fonction_active = true;
+    documents.repere_lecture = 0;
     fenetre.liste_fonctions = fenetre.courbe_ecoutee = false;
     port.texte.pose_texte(std::move(texte));
     port.texte.pose_selection(position, 0);

@@ -128,3 +128,14 @@ TEST_CASE("announcements: a command that leaves a view tells that the sheet is t
     evenement_menu("mnuErreurSuivanteItem");    // in the sheet itself it isn't
     CHECK(memoire.annonces.size() == 2);
 }
+
+TEST_CASE("announcements: a sheet saved under a new name is told, a cancelled dialog isn't") {
+    evenement_chargement();
+    memoire.texte = "5";
+    memoire.reponses = {std::nullopt, "C:\\B.VXT"};
+    evenement_menu("mnuEnregistrerSousItem");
+    CHECK(memoire.annonces.empty());
+    evenement_menu("mnuEnregistrerSousItem");
+    CHECK(en_utf8(memoire.annonces) == Textes{"enregistrer"});
+    CHECK(messages().empty());
+}

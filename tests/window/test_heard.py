@@ -217,7 +217,7 @@ def files(p, h):
     """Saving, under a name and again; a name that is taken; the printer that isn't there."""
     h.hear_box("Ctrl+Maj+S", "Enregistrer sous file chooser")
     name_file(p, h, p.folder / "essai")
-    h.hear_back("Entrée", "C=B+1 = 7", row="Enregistrer sous")
+    h.hear_back("Entrée", "C=B+1 = 7", spoken=("enregistrer",), row="Enregistrer sous")
     p.key("Fin")
     p.type(" ")
     h.hear("Ctrl+S", "enregistrer")

@@ -8,6 +8,7 @@ struct Patience {
     std::size_t travail = 0;      // work since the user was last asked, in steps of some nanoseconds
     bool abandonnee = false;      // the user has given up: nothing is calculated until the next pass
     bool dite = false;            // the box that says so has been shown
+    bool demandee = false;        // the user was asked: this calculation has begun before
 };
 extern Patience patience;
 

@@ -103,7 +103,8 @@ Refus lis_courbe(std::string_view texte, const FonctionDeFeuille& fonction, std:
                  CourbeDeFeuille& resultat) {
     const CalculAPart a_part;
     FonctionOuverte ouverte;
-    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty()) return refus;
+    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty())
+        return patience.abandonnee ? kEtudeInterrompue : refus;
     resultat.fonction = fonction;
     resultat.fonction.lettre = ouverte.lettre;
     const Etude etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);

@@ -86,7 +86,8 @@ Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction,
                       EtudeDeFeuille& resultat) {
     const CalculAPart a_part;
     FonctionOuverte ouverte;
-    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty()) return refus;
+    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty())
+        return patience.abandonnee ? kEtudeInterrompue : refus;
     resultat.fonction = fonction;
     resultat.fonction.lettre = ouverte.lettre;
     ouverte((ouverte.debut + ouverte.fin) / 2);

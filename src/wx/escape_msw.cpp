@@ -4,7 +4,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <vector>
+
+#include "shell/key_codes.hpp"
+#include "shell/keys.hpp"
+#include "wx/keys_msw.hpp"
 
 namespace {
 
@@ -18,10 +23,18 @@ bool message_du_clavier(MSG& message, UINT garde) {
 
 bool enfonce(const MSG& message) { return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN; }
 
+// The press of a key that the core holds for pressed already, and that has not come up among `passees`.
+bool tenue_encore(const MSG& message, const std::vector<MSG>& passees) {
+    const int touche = touche_du_code(static_cast<int>(message.wParam));
+    const auto relache = [&](const MSG& m) { return m.wParam == message.wParam && !enfonce(m); };
+    return enfonce(message) && touche != kToucheAutre && est_tenue(touche) && std::ranges::none_of(passees, relache);
+}
+
 // The messages of Escape are done with: they would close the box that tells of the end. Those of other keys go
 // back in their order, up to the first key that was pressed meanwhile, or all of them (`tout`): a key that is
-// put back has lost the capitals it was pressed with. Looking there also tells the system that the program is
-// alive. True when Escape was pressed.
+// put back has lost the capitals it was pressed with. A key that is held is not put back: its command would begin
+// again, for the press that began the calculation is still there. Looking there also tells the system that the
+// program is alive. True when Escape was pressed.
 bool retire_de_la_file(bool tout) {
     bool tapee = false;
     std::vector<MSG> autres;
@@ -31,7 +44,7 @@ bool retire_de_la_file(bool tout) {
         message_du_clavier(message, PM_REMOVE);
         if (message.wParam == VK_ESCAPE)
             tapee = tapee || enfonce(message);
-        else
+        else if (!tenue_encore(message, autres))
             autres.push_back(message);
     }
     for (const MSG& m : autres) PostMessageW(m.hwnd, m.message, m.wParam, m.lParam);

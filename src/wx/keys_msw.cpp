@@ -7,6 +7,7 @@
 #include <array>
 
 #include "shell/key_codes.hpp"
+#include "wx/keys_msw.hpp"
 
 namespace {
 
@@ -34,6 +35,10 @@ constexpr std::array kCles = {
     Cle{VK_MENU, kToucheAlt},
 };
 
+bool enfoncee(int code) { return GetKeyState(code) < 0; }
+
+}  // namespace
+
 int touche_du_code(int code) {
     if (code >= VK_F1 && code <= VK_F12) return kToucheF1 + code - VK_F1;
     if ((code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z')) return code;
@@ -41,10 +46,6 @@ int touche_du_code(int code) {
         if (cle.code == code) return cle.touche;
     return kToucheAutre;
 }
-
-bool enfoncee(int code) { return GetKeyState(code) < 0; }
-
-}  // namespace
 
 FrappeTouche frappe_de(const wxKeyEvent& evenement) {
     return {touche_du_code(static_cast<int>(evenement.GetRawKeyCode())), enfoncee(VK_SHIFT),

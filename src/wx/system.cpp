@@ -8,11 +8,12 @@
 
 #include <chrono>
 #include <cstdint>
+#include <utility>
 
 #include "base/codepage.hpp"
+#include "platform/patience.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
-#include "state/pass_result.hpp"
 #include "wx/escape.hpp"
 #include "wx/program_folder.hpp"
 #include "wx/surroundings.hpp"
@@ -24,7 +25,6 @@ constexpr long kEntreDeuxSignes = 2000;   // between two beeps of a long calcula
 
 std::string dossier_des_fichiers;         // Windows-1252, set once by installe_systeme
 std::string commande;                     // ... the command line too
-std::uint32_t passe_interrogee = 0;       // number of the pass that asked last
 wxStopWatch dernier_regard;               // time since the last look at the Escape key
 wxStopWatch dernier_signe;                // time since the last beep, or the start of the calculation
 
@@ -46,9 +46,8 @@ std::string en_page(const std::string& utf8) {
     return sortie;
 }
 
-// A pass asks for the first time: an Escape from before it isn't meant for it.
+// A calculation asks for the first time: an Escape from before it isn't meant for it.
 bool commence() {
-    passe_interrogee = passes_commencees();
     oublie_echap();
     dernier_signe.Start();
     dernier_regard.Start();
@@ -57,7 +56,7 @@ bool commence() {
 
 // Escape gives up a long calculation, which beeps now and then as a sign of life.
 bool interrompu() {
-    if (passe_interrogee != passes_commencees()) return commence();
+    if (!std::exchange(patience.demandee, true)) return commence();
     if (dernier_regard.Time() < kEntreDeuxRegards) return false;
     dernier_regard.Start();
     if (dernier_signe.Time() >= kEntreDeuxSignes) {

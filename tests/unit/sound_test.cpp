@@ -13,7 +13,9 @@
 
 #include "base/codepage.hpp"
 #include "state/modes.hpp"
+#include "study/sheet_study.hpp"
 #include "study/sound.hpp"
+#include "support/memory.hpp"
 #include "support/program.hpp"
 
 namespace {
@@ -308,4 +310,14 @@ TEST_CASE("the points of a table are those of its INC, other points are even num
     const Wav point = lis_wav(fichier_wav(joue_point(libre.courbe, 0.75, 0.5, 0.1)));
     CHECK(std::fabs(hertz_en(point, 0.09) / hauteur(libre.courbe, 0.5) - 1) < 0.01);
     CHECK(std::fabs(place_en(point, 0.09) - 0.75) < 0.03);
+}
+
+TEST_CASE("a calculation above the curve that the user gives up is no error of the sheet") {
+    programme_neuf();
+    memoire.interrompt = true;
+    const std::string texte = "AIRX(0,1,30000000)\r\nX^2\r\nINCX(0,1,5)\r\nX\r\n";
+    CourbeDeFeuille c;
+    CHECK(lis_courbe(texte, *fonction_au_curseur(texte, 3), "", c) == kEtudeInterrompue);
+    EtudeDeFeuille etude;
+    CHECK(etudie_fonction(texte, *fonction_au_curseur(texte, 3), "", etude) == kEtudeInterrompue);
 }

@@ -6,39 +6,12 @@ import shutil
 import subprocess
 import sys
 
+from disk import name_file, read, there, write
 from pilot import TXT, expect, run, same, wait
 
 BUILD, PLACE = sys.argv[1:3]
 TEXTS = ["aide.txt", "fonction.txt", "lisezmoi.txt"]
 DRIVE_C = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
-
-
-def write(path, text):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_bytes(text.replace("\n", "\r\n").encode("cp1252"))
-
-
-def read(path):
-    return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
-
-
-def there(path):
-    """The path as the program names it."""
-    return "Z:" + str(path).replace("/", "\\")
-
-
-def name_file(p, title, name):
-    """Gives a name to the file dialog of that title."""
-    wait(lambda: (box := p.box()) and box["title"] == title, f"the dialog {title!r}")
-    line = wait(lambda: [c for c in p.box()["children"] if c["class"] == "Edit" and c["focus"]],
-                "the line for the name")
-    p.key("Ctrl+A")
-    p.key("Suppr")
-    p.type(name)
-    wait(lambda: [c for c in p.box()["children"] if c["id"] == line[0]["id"] and c["text"] == name],
-         "the name in its line")
-    p.key("Entrée")
-    wait(lambda: (p.box() or {}).get("title") != title, "the end of the dialog")
 
 
 def save_as(p):

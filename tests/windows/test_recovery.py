@@ -7,6 +7,7 @@ import sys
 import threading
 import time
 
+from disk import there
 from pilot import TXT, Helper, expect, run, same, wait
 from recovery import asked_about, overtaken, question, recovered
 
@@ -15,11 +16,6 @@ BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
 LONGEST = 4.0    # seconds from a start to its end
 KILLS = int(os.environ.get("KILLS", "6"))
 LOGOFF, CLOSE_PROGRAM = -0x80000000, 1    # why the session ends: the user goes, an installer needs the file
-
-
-def there(path):
-    """The path as the program names it."""
-    return "Z:" + str(path).replace("/", "\\")
 
 
 def has_recovered(p, texts):

@@ -26,6 +26,50 @@ def run(*command, **surroundings):
                           env={**os.environ, **surroundings})
 
 
+# The published limits: fewest and most characters of a text, words and what isn't one of them.
+LENGTHS = {"version": {"PackageVersion": (1, 128)},
+           "defaultLocale": {"Publisher": (2, 256), "PackageName": (2, 256), "License": (3, 512),
+                             "ShortDescription": (3, 256), "PackageVersion": (1, 128)}}
+WRONG = {"version": {"PackageIdentifier": ["Voxtab", "Vox tab.Voxtab", "V." + "x" * 33, ".".join("x" * 9)],
+                     "DefaultLocale": ["", "f", "fr_FR", "fr-" + "x" * 9], "ManifestType": ["installer"],
+                     "ManifestVersion": ["1.7.0"], "PackageVersion": ["1/2"]},
+         "defaultLocale": {"Tags": [["x"] * 2, [""], ["x" * 41], [str(n) for n in range(17)]],
+                           "PackageLocale": ["francais-x y"]},
+         "installer": {"InstallerType": ["setup"], "Scope": ["all"], "InstallModes": [["quiet"], ["silent"] * 2],
+                       "UpgradeBehavior": ["deny"], "FileExtensions": [["a/b"], ["x" * 65], ["VXT", "VXT"]],
+                       "Installers": [[], [{}]], "InstallerLocale": ["1"]}}
+WRONG_INSTALLERS = {"Architecture": ["x32"], "InstallerUrl": ["ftp://x", "https://", "https://" + "x" * 2041],
+                    "InstallerSha256": ["ab" * 31, "xy" * 32, "ab" * 33], "Other": ["x"]}
+
+
+def limits(module):
+    """Each manifest with one field changed, at the published limits and beyond them."""
+    manifests = module.manifests("https://example.org", "x.exe", SUM)
+
+    def taken(kind, **changed):
+        try:
+            module.check(kind, {**manifests[kind], **changed})
+            return True
+        except jsonschema.ValidationError:
+            return False
+
+    for kind, fields in LENGTHS.items():
+        for field, (fewest, most) in fields.items():
+            expect(f"{kind}: {field} of {fewest} or {most} characters is refused",
+                   taken(kind, **{field: "x" * fewest}) and taken(kind, **{field: "x" * most}))
+            expect(f"{kind}: {field} beyond its limits is taken",
+                   not taken(kind, **{field: "x" * (fewest - 1)}) and not taken(kind, **{field: "x" * (most + 1)}))
+    for kind, fields in WRONG.items():
+        for field, values in fields.items():
+            for value in [*values, None]:
+                expect(f"{kind}: {field} {value!r} is taken", not taken(kind, **{field: value}))
+    one = manifests["installer"]["Installers"][0]
+    for field, values in WRONG_INSTALLERS.items():
+        for value in [*values, None]:
+            expect(f"installer: {field} {value!r} is taken", not taken("installer", Installers=[{**one, field: value}]))
+    expect("a second installer is refused", taken("installer", Installers=[one, {**one, "Architecture": "arm64"}]))
+
+
 def winget(folder):
     (folder / "SHA256SUMS").write_text(f"{SUM}  Voxtab-0.1.0-installation.exe\n{SUM}  Voxtab-0.1.0-portable.zip\n")
     made = run(ROOT / "scripts/make-winget", "https://example.org/voxtab/", folder)
@@ -40,6 +84,7 @@ def winget(folder):
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader("make_winget", loader))
     sys.dont_write_bytecode = True
     loader.exec_module(module)
+    limits(module)
     for kind, whole in module.manifests("https://example.org", "x.exe", SUM).items():
         for field in whole:
             if field in ("InstallerLocale", "InstallerType", "Scope", "InstallModes", "UpgradeBehavior",

@@ -2,6 +2,7 @@
 // was found; whatever is refused changes nothing and is said in one sentence. Changes the text and files.
 #include "shell/data_commands.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -129,6 +130,17 @@ bool demande_choix(const std::vector<DonneesDeFeuille>& toutes, Choix& choix) {
 // True when the clipboard holds more than a number that was copied for another use.
 bool est_tableau(const DonneesLues& donnees) { return donnees.rangs.size() * donnees.table.lignes() > 1; }
 
+// True when cells of a spreadsheet stand in the clipboard, with a fault in one of them.
+bool est_tableau_fautif(std::string_view copie, std::string_view refus) {
+    const std::size_t tabulation = copie.find('\t'), suite = copie.find('\n', std::min(tabulation, copie.size()));
+    return refus.starts_with("ligne ") && suite != std::string_view::npos && copie.find('\t', suite) != std::string_view::npos;
+}
+
+// Tells what is wrong with the table in the clipboard, and asks whether a file is wanted.
+bool veut_un_fichier(std::string_view refus) {
+    return port.boites.oui_non(std::string("Presse-papiers : "_fr).append(refus).append(". Importer un fichier ?"_fr));
+}
+
 }  // namespace
 
 void mnuExporterPageItem() {
@@ -164,7 +176,9 @@ void mnuExporterDonneesItem() {
 
 void mnuImporterItem() {
     std::string refus, forme;
-    const std::optional<DonneesLues> copiees = lis_donnees(port.presse_papiers.lit(), refus);
+    const std::string copie = port.presse_papiers.lit();
+    const std::optional<DonneesLues> copiees = lis_donnees(copie, refus);
+    if (!copiees && est_tableau_fautif(copie, refus) && !veut_un_fichier(refus)) return;
     if (!copiees || !est_tableau(*copiees)) return importe_fichier();
     if (!demande_forme(*copiees, "Presse-papiers, ou réponse vide pour un fichier : "_fr, forme)) return;
     if (sans_blancs(forme).empty()) return importe_fichier();

@@ -10,7 +10,7 @@ body { background: var(--fond); color: var(--texte); font-family: sans-serif; li
 .commentaire { color: var(--faible); }
 .ligne { margin: 0.6rem 0; overflow-wrap: anywhere; }
 .faute { color: var(--faute); }
-math { font-size: 1.15em; }
+math { font-family: "Cambria Math", "STIX Two Math", "Latin Modern Math", "DejaVu Math TeX Gyre", math; font-size: 1.15em; }
 code, pre { font-family: monospace; font-size: 1em; }
 pre { border: 1px solid var(--trait); overflow-wrap: anywhere; padding: 0.8rem; white-space: pre-wrap; }
 .large { overflow-x: auto; }

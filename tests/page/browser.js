@@ -14,7 +14,12 @@ async function faultsOf(page) {
     const place = m.getBoundingClientRect();
     return place.width < 2 || place.height < 2;
   }).length);
-  return bare ? faults.concat(`${bare} formulas that aren't drawn`) : faults;
+  if (bare) faults.push(`${bare} formulas that aren't drawn`);
+  // Without a font for mathematics the browser draws brackets of one line's height around a matrix.
+  const small = await page.evaluate(() => [...document.querySelectorAll('math mtable')].filter((table) =>
+    table.previousElementSibling.getBoundingClientRect().height < 0.9 * table.getBoundingClientRect().height).length);
+  if (small) faults.push(`${small} brackets that are too small`);
+  return faults;
 }
 
 async function picture(page, folder, name) {

@@ -8,6 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
+#include "documents/documents.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "settings/settings.hpp"
@@ -44,8 +45,8 @@ void revient_au_texte() {
     fenetre.txt.visible = true;
     donne_focus(fenetre.txt);
     fenetre.CmdVoxtab.texte = "Calculatrice";
-    fenetre.CmdVoxtab.visible = false;
-    fenetre.CmdModifTexte.visible = true;
+    fenetre.CmdVoxtab.visible = documents.liste_fonction_active;
+    fenetre.CmdModifTexte.visible = !documents.liste_fonction_active;
     fenetre.CmdQuitter.texte = "&Quitter";
     fenetre.CmdQuitter.visible = true;
 }
@@ -84,7 +85,7 @@ void applique_couleurs() {
 
 }  // namespace
 
-void mnuCouleurEcran() {
+void ouvre_couleurs() {
     couleurs.choix_premier_plan = true;
     fenetre.CmdVoxtab.texte = "OK";
     fenetre.CmdVoxtab.visible = true;

@@ -12,7 +12,7 @@ struct Couleurs {
 };
 extern Couleurs couleurs;
 
-void mnuCouleurEcran();
+void ouvre_couleurs();                       // shows the list, for the colour of the characters
 void ListeCouleur();                         // adds the sixteen lines
 int RangCouleur(int position);               // colour of a line of the list; -1 for the prompt
 void ValidationCouleurPremierPlan() noexcept;

@@ -28,6 +28,7 @@ namespace {
 // here on the working copy isn't written.
 void montre_texte(std::string texte, std::size_t position = 1) {
     EcritNomCopie();
+    ferme_choix();
     documents.liste_fonction_active = true;
     documents.repere_lecture = 0;
     fenetre.liste_fonctions = fenetre.courbe_ecoutee = false;
@@ -57,7 +58,8 @@ Controle& option_active() {
 // The angle view, or the sheet again.
 void montre_angle(bool angle) {
     fenetre.FrameAngle.actif = fenetre.FrameAngle.visible = angle;
-    fenetre.CmdModifTexte.actif = fenetre.CmdModifTexte.visible = !angle;
+    fenetre.CmdModifTexte.actif = !angle;
+    fenetre.CmdModifTexte.visible = !angle && !documents.liste_fonction_active;
     fenetre.txt.actif = fenetre.txt.visible = !angle;
 }
 
@@ -77,19 +79,28 @@ void ramene_feuille() {
 
 bool texte_modifiable() { return fenetre.txt.visible && !fenetre.txt_lecture_seule; }
 
+void ferme_choix() {
+    if (vue_ouverte(Vue::choix_couleur)) RetourListe();
+    if (!vue_ouverte(Vue::angle)) return;
+    montre_angle(false);
+    donne_focus(fenetre.txt);
+}
+
 // The commands that show another sheet act on sheets: what is typed afterwards must be what is saved.
 bool quitte_vues() {
     const bool ailleurs = !texte_modifiable();
-    if (vue_ouverte(Vue::choix_couleur)) RetourListe();
-    if (vue_ouverte(Vue::angle)) {
-        montre_angle(false);
-        donne_focus(fenetre.txt);
-    }
+    ferme_choix();
     if (documents.liste_fonction_active) ramene_feuille();
     return ailleurs;
 }
 
+void mnuCouleurEcran() {
+    ferme_choix();
+    ouvre_couleurs();
+}
+
 void mnuAngleItem() {
+    ferme_choix();
     montre_angle(true);
     const int unite = modes.unite_angle;
     fenetre.option_angle = unite == 1 || unite == 2 ? unite : 3;

@@ -7,6 +7,7 @@
 #include <pulse/glib-mainloop.h>
 #include <pulse/pulseaudio.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -25,6 +26,7 @@ struct Lecteur {
     pa_context* contexte = nullptr;               // the way to the server, once it was needed
     pa_stream* flux = nullptr;                    // the sound that plays
     std::vector<std::int16_t> son;                // waits for the server
+    std::size_t donnes = 0;                       // bytes of it that the server has
     int cadence = 0;
     bool attend = false;                          // `son` is to be played
     guint echec = 0;                              // that there is no sound is still to be told
@@ -34,6 +36,7 @@ Lecteur lecteur;
 void laisse_flux() {
     if (lecteur.flux == nullptr) return;
     pa_stream_set_state_callback(lecteur.flux, nullptr, nullptr);
+    pa_stream_set_write_callback(lecteur.flux, nullptr, nullptr);
     pa_stream_disconnect(lecteur.flux);
     pa_stream_unref(lecteur.flux);
     lecteur.flux = nullptr;
@@ -68,9 +71,7 @@ void finit(bool joue) {
 }
 
 // All samples stand in the server's buffer; it tells when they have been heard.
-void ecrit(pa_stream* flux) {
-    const std::size_t octets = lecteur.son.size() * sizeof(std::int16_t);
-    if (pa_stream_write(flux, lecteur.son.data(), octets, nullptr, 0, PA_SEEK_RELATIVE) < 0) return finit(false);
+void attend_la_fin(pa_stream* flux) {
     const auto ecoute = [](pa_stream* s, int reussi, void*) {
         if (s == lecteur.flux) finit(reussi != 0);
     };
@@ -79,11 +80,20 @@ void ecrit(pa_stream* flux) {
     pa_operation_unref(attente);
 }
 
+// The server has room: its buffer takes some twenty seconds, and drops what is more.
+void donne(pa_stream* flux, std::size_t place, void*) {
+    const std::size_t reste = lecteur.son.size() * sizeof(std::int16_t) - lecteur.donnes;
+    if (flux != lecteur.flux || reste == 0) return;
+    const std::size_t part = std::min(place, reste);
+    const auto* const octets = reinterpret_cast<const char*>(lecteur.son.data()) + lecteur.donnes;
+    if (pa_stream_write(flux, octets, part, nullptr, 0, PA_SEEK_RELATIVE) < 0) return finit(false);
+    lecteur.donnes += part;
+    if (part == reste) attend_la_fin(flux);
+}
+
 void etat_du_flux(pa_stream* flux, void*) {
     if (flux != lecteur.flux) return;
-    const pa_stream_state_t etat = pa_stream_get_state(flux);
-    if (etat == PA_STREAM_READY) ecrit(flux);
-    if (etat == PA_STREAM_FAILED) finit(false);
+    if (pa_stream_get_state(flux) == PA_STREAM_FAILED) finit(false);
 }
 
 void commence() {
@@ -93,9 +103,10 @@ void commence() {
     lecteur.flux = pa_stream_new(lecteur.contexte, "courbe", &forme, nullptr);
     if (lecteur.flux == nullptr) return finit(false);
     pa_stream_set_state_callback(lecteur.flux, etat_du_flux, nullptr);
+    pa_stream_set_write_callback(lecteur.flux, donne, nullptr);
     const auto octets = static_cast<std::uint32_t>(lecteur.son.size() * sizeof(std::int16_t));
     const auto defaut = static_cast<std::uint32_t>(-1);
-    const pa_buffer_attr place{octets, octets, defaut, defaut, defaut};
+    const pa_buffer_attr place{defaut, octets, defaut, defaut, defaut};
     if (pa_stream_connect_playback(lecteur.flux, nullptr, &place, PA_STREAM_NOFLAGS, nullptr, nullptr) < 0) finit(false);
 }
 
@@ -138,6 +149,7 @@ void arrete() {
 void joue(const std::vector<std::int16_t>& echantillons, int cadence) {
     arrete();
     lecteur.son = echantillons;
+    lecteur.donnes = 0;
     lecteur.cadence = cadence;
     lecteur.attend = true;
     if (lecteur.contexte == nullptr) return cherche_serveur();

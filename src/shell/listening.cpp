@@ -53,8 +53,9 @@ void joue_les_deux() {
     CourbeEntendue une = ecoute.une.courbe, autre = ecoute.autre.courbe;
     accorde(une, autre);
     dit(ecoute.une.fonction.texte + texte(", puis "_fr) + ecoute.autre.fonction.texte);
-    lance_son(enchaine(joue_courbe(une, {ecoute.duree, kAttenteDesMots, true}),
-                       joue_courbe(autre, {ecoute.duree, 0, false})));
+    Echantillons son = joue_courbe(une, {ecoute.duree, kAttenteDesMots, true});
+    enchaine(son, joue_courbe(autre, {ecoute.duree, 0, false}));
+    lance_son(son);
 }
 
 // The line of the view that the cursor is on, from 0.

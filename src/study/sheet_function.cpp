@@ -12,6 +12,7 @@
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
 #include "engine/identifiers.hpp"
+#include "engine/reading.hpp"
 #include "functions/table.hpp"
 #include "platform/patience.hpp"
 #include "sheet/aside.hpp"
@@ -146,12 +147,12 @@ void lis_formule(const std::string& texte) {
     TestVariable();
 }
 
-// The value of a text, or not a number.
+// The value of a text that is read to its end, or not a number: of "0,5;3" the bounds would be 0 and 5.
 double valeur_de(std::string_view texte) {
-    lis_formule(std::string(texte));
-    const double x = evalue_formule();
-    return moteur.erreur_formule || boites_tues() > 0 || !std::isfinite(x) ? std::numeric_limits<double>::quiet_NaN()
-                                                                           : x;
+    const FormuleRelevee lue = lit_formule(texte);
+    const bool entiere = lue.releve.arret > static_cast<std::int32_t>(lue.formule.size()) &&
+                         !lue.releve.a(kTraitRemplace | kTraitPartiel);
+    return lue.erreur || !entiere || !std::isfinite(lue.valeur) ? std::numeric_limits<double>::quiet_NaN() : lue.valeur;
 }
 
 // The comma between two bounds, outside brackets.

@@ -216,11 +216,9 @@ Echantillons joue_point(const CourbeEntendue& courbe, double place, double y, do
     return bande.rend();
 }
 
-Echantillons enchaine(const Echantillons& un, const Echantillons& autre) {
-    Echantillons tout = un;
-    tout.resize(tout.size() + 2 * trames(kPause));
+void enchaine(Echantillons& tout, const Echantillons& autre) {
+    if (!tout.empty()) tout.resize(tout.size() + 2 * trames(kPause));
     tout.insert(tout.end(), autre.begin(), autre.end());
-    return tout;
 }
 
 std::string fichier_wav(const Echantillons& echantillons) {

@@ -40,8 +40,8 @@ Echantillons joue_courbe(const CourbeEntendue& courbe, const Jeu& jeu);
 // One point of it, `place` from 0 to 1: its pitch, or noise, with the ticks that lie within half a step beside it.
 Echantillons joue_point(const CourbeEntendue& courbe, double place, double y, double pas);
 
-// One sound after another, with a pause between them.
-Echantillons enchaine(const Echantillons& un, const Echantillons& autre);
+// Puts a sound behind another, with a pause between them.
+void enchaine(Echantillons& tout, const Echantillons& autre);
 
 // A sound file of these samples.
 std::string fichier_wav(const Echantillons& echantillons);

@@ -2,6 +2,7 @@
 // sheet.
 #include "terminal/study_files.hpp"
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr const char* kSansFonction = "la feuille n'a ni INC ni AIR";
+constexpr std::size_t kCourbesMaxi = 100;   // six minutes of sound
 
 // Why a function of that line can't be studied, for the terminal.
 std::string mots_refus(const FonctionDeFeuille& f, Refus refus) {
@@ -37,15 +39,20 @@ std::string textes_d_etude(const std::string& texte, std::string& mots) {
 
 // All curves one after the other, each with its own scale.
 std::string sons_de(const std::string& texte, std::string& mots) {
+    const std::vector<FonctionDeFeuille> fonctions = fonctions_de_feuille(texte);
+    if (fonctions.size() > kCourbesMaxi) {
+        mots = "la feuille a " + std::to_string(fonctions.size()) + " fonctions, un fichier de son en prend " +
+               std::to_string(kCourbesMaxi);
+        return {};
+    }
     Echantillons tous;
-    for (const FonctionDeFeuille& f : fonctions_de_feuille(texte)) {
+    for (const FonctionDeFeuille& f : fonctions) {
         CourbeDeFeuille c;
         if (const Refus refus = lis_courbe(texte, f, "", c); !refus.empty()) {
             mots = mots_refus(f, refus);
             return {};
         }
-        const Echantillons son = joue_courbe(c.courbe, {});
-        tous = tous.empty() ? son : enchaine(tous, son);
+        enchaine(tous, joue_courbe(c.courbe, {}));
     }
     if (!tous.empty()) return fichier_wav(tous);
     mots = kSansFonction;

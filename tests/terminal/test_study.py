@@ -37,6 +37,9 @@ with tempfile.TemporaryDirectory() as folder:
     none = run(place, "A=2\r\n", "--son", "n.wav")
     expect(f"no function: {none.stderr!r}", "n.wav : la feuille n'a ni INC ni AIR" in none.stderr
            and none.returncode == 2 and not (place / "n.wav").exists())
+    many = run(place, "INCX(0,1,3)\r\nX\r\n\r\n" * 101, "--son", "m.wav")
+    expect(f"101 functions: {many.stderr!r}", "m.wav : la feuille a 101 fonctions, un fichier de son en prend 100\n" in many.stderr
+           and many.returncode == 2 and not (place / "m.wav").exists())
     bad = run(place, "INCX(1,0,3)\r\nX\r\n", "--etude", "b.txt")
     expect(f"an empty interval: {bad.stderr!r}", "ligne 2 : l'intervalle est vide" in bad.stderr)
 

@@ -243,7 +243,8 @@ TEST_CASE("what can't be studied is told") {
     };
     CHECK(refus("A=1/0\r\nAIRX(0,1,2)\r\nX\r\n", 2, "") == "une ligne au-dessus de la fonction est en erreur");
     CHECK(refus("AIRX(0,B,2)\r\nX\r\n", 1, "") == "les bornes ne peuvent pas être calculées");
-    CHECK(refus("X^2\r\n", 1, "1") == "les bornes ne peuvent pas être calculées");
+    for (const std::string_view bornes : {"1", "0,5;3", "1,5,3", "1,2 3", "1,2'000", "", ",", "1,", "1,B", "1,10^400"})
+        CHECK_MESSAGE(refus("X^2\r\n", 1, bornes) == "les bornes ne peuvent pas être calculées", bornes);
     CHECK(refus("X^2\r\n", 1, "1,1") == "l'intervalle est vide");
     CHECK(refus("X^2\r\n", 1, "-10^308,10^308") == "l'intervalle est trop grand");
     CHECK(refus("AIRX(-10^308,10^308,10)\r\nX\r\n", 1, "") == "l'intervalle est trop grand");

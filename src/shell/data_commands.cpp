@@ -50,8 +50,11 @@ void pose_lignes(std::string_view lignes) {
     port.texte.pose_texte(std::move(insertion->texte));
     marque_modifie();
     port.texte.pose_selection(insertion->position, 0);
-    dit(std::string("données importées, lignes "_fr) + chiffres(static_cast<long long>(insertion->ligne)) +
-        std::string(" à "_fr) + chiffres(static_cast<long long>(insertion->derniere)));
+    const bool une = insertion->ligne == insertion->derniere;
+    std::string mots(une ? "données importées, ligne "_fr : "données importées, lignes "_fr);
+    mots += chiffres(static_cast<long long>(insertion->ligne));
+    if (!une) mots.append(" à "_fr) += chiffres(static_cast<long long>(insertion->derniere));
+    dit(mots);
 }
 
 // Tells what was found and asks for the form. False on Cancel.

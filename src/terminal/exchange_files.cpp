@@ -37,7 +37,7 @@ std::optional<TableDonnees> table_choisie(const OptionsCalcul& options, const Ra
         for (std::size_t i = 0; i < toutes.size(); ++i)
             mots += (i == 0 ? " " : " ; ") + std::to_string(i + 1) + " " + vers_utf8(toutes[i].nom);
     } else if (static_cast<std::size_t>(options.table) > toutes.size()) {
-        mots = "la feuille n'a que " + std::to_string(toutes.size()) + (toutes.size() == 1 ? " table" : " tables");
+        mots = toutes.size() == 1 ? "la feuille n'a qu'une table" : "la feuille n'a que " + std::to_string(toutes.size()) + " tables";
     } else {
         return std::move(toutes[static_cast<std::size_t>(options.table == 0 ? 0 : options.table - 1)].table);
     }

@@ -37,6 +37,10 @@ with tempfile.TemporaryDirectory() as folder:
         refused(place, f"lien.html : {SHEET_NAME}", option, "lien.html", "autre.txt")
         refused(place, f"notes.csv : {DATA_NAME}", option, "notes.csv", "--importer", "notes.csv")
     refused(place, f"./a.txt : {TWICE}", "--html", "a.txt", "--etude", "./a.txt", "devoir.VXT")
+    one = subprocess.run([PROGRAM, "--donnees", "d.csv", "--table", "2", "devoir.VXT"], cwd=place, capture_output=True, text=True,
+                         encoding="utf-8", timeout=60, check=False)
+    if one.returncode != 2 or not one.stderr.endswith("voxtab-calc : d.csv : la feuille n'a qu'une table\n"):
+        faults.append(f"a second table: status {one.returncode}, heard {one.stderr!r}")
     done = subprocess.run([PROGRAM, "--html", "p.html", "--donnees", "d.csv", "--etude", "e.txt", "--son", "s.wav", "devoir.VXT"],
                           cwd=place, capture_output=True, timeout=60, check=False)
     if done.returncode != 0 or not all((place / name).stat().st_size for name in ("p.html", "d.csv", "e.txt", "s.wav")):

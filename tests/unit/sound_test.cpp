@@ -4,9 +4,11 @@
 #include <cmath>
 #include <complex>
 #include <cstdint>
+#include <map>
 #include <numbers>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <doctest/doctest.h>
@@ -49,6 +51,15 @@ Wav lis_wav(const std::string& f) {
     return w;
 }
 
+// The weights of so many samples around a moment, smoothly from nothing to one and back.
+const std::vector<double>& fenetre_de(std::size_t n) {
+    static std::map<std::size_t, std::vector<double>> toutes;
+    std::vector<double>& poids = toutes[n];
+    while (poids.size() < n)
+        poids.push_back(0.5 - 0.5 * std::cos(2 * std::numbers::pi * static_cast<double>(poids.size()) / static_cast<double>(n)));
+    return poids;
+}
+
 // Strength of one frequency around a moment, both sides together.
 double force(const Wav& w, double instant, double largeur, double hertz) {
     const auto n = static_cast<std::size_t>(largeur * w.cadence);
@@ -56,12 +67,12 @@ double force(const Wav& w, double instant, double largeur, double hertz) {
     std::complex<double> g = 0, d = 0;
     const std::complex<double> pas = std::polar(1.0, -2 * std::numbers::pi * hertz / w.cadence);
     std::complex<double> onde = 1;
+    const std::vector<double>& fenetre = fenetre_de(n);
     for (std::size_t i = 0; i < n; ++i, onde *= pas) {
         const auto k = static_cast<std::size_t>(debut + static_cast<std::ptrdiff_t>(i));
         if (k >= w.gauche.size()) continue;
-        const double fenetre = 0.5 - 0.5 * std::cos(2 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(n));
-        g += fenetre * w.gauche[k] * onde;
-        d += fenetre * w.droite[k] * onde;
+        g += fenetre[i] * w.gauche[k] * onde;
+        d += fenetre[i] * w.droite[k] * onde;
     }
     return 4 / static_cast<double>(n) * std::hypot(std::abs(g), std::abs(d));
 }
@@ -165,19 +176,21 @@ std::pair<double, double> etendue(const FonctionSonore& s) {
     return {bas, haut};
 }
 
-double attendu(const FonctionSonore& s, double part) {
-    const auto [bas, haut] = etendue(s);
+// The pitch at a part of the way, where the values go from `bas` to `haut`.
+double attendu(const FonctionSonore& s, double bas, double haut, double part) {
     const double y = s.f(s.debut + part * (s.fin - s.debut));
     return 200 * std::pow(7.5, haut > bas ? (y - bas) / (haut - bas) : 0.5);
 }
 
 void verifie_hauteurs(const FonctionSonore& s, const Wav& w, double debut) {
     int mesures = 0;
+    const std::pair<double, double> bornes = etendue(s);
+    const auto hauteur = [&](double part) { return attendu(s, bornes.first, bornes.second, part); };
     for (double part = 0.05; part < 0.96; part += 0.09) {
-        const double avant = attendu(s, part - 0.007), apres = attendu(s, part + 0.007);
+        const double avant = hauteur(part - 0.007), apres = hauteur(part + 0.007);
         if (std::fabs(std::log(apres / avant)) > 0.06) continue;   // too fast for a window of this length
         const double h = hertz_en(w, debut + 3 * part);
-        CHECK_MESSAGE(std::fabs(h / attendu(s, part) - 1) < 0.01, s.formule, " at ", part, ": ", h, " Hz");
+        CHECK_MESSAGE(std::fabs(h / hauteur(part) - 1) < 0.01, s.formule, " at ", part, ": ", h, " Hz");
         CHECK_MESSAGE(std::fabs(place_en(w, debut + 3 * part) - part) < 0.03, s.formule, " at ", part);
         ++mesures;
     }

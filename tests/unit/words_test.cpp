@@ -58,10 +58,12 @@ struct Auditeur {
 
     // The next words are these; then they are read.
     bool prend(std::string_view attendus) {
-        std::istringstream flux{std::string(attendus)};
         std::size_t place = ici;
-        for (std::string mot; flux >> mot; ++place)
-            if (place >= mots.size() || mots[place] != mot) return false;
+        for (; !attendus.empty(); ++place) {
+            const std::size_t longueur = std::min(attendus.find(' '), attendus.size());
+            if (place >= mots.size() || mots[place] != attendus.substr(0, longueur)) return false;
+            attendus.remove_prefix(std::min(longueur + 1, attendus.size()));
+        }
         ici = place;
         return true;
     }
@@ -163,6 +165,16 @@ struct Auditeur {
         return chiffres;
     }
 
+    // The words that each function begins with, from 1.
+    static const std::vector<std::string>& debuts() {
+        static const std::vector<std::string> tous = [] {
+            std::vector<std::string> liste(1);
+            for (int rang = 1; rang <= kNombreFonctions; ++rang) liste.push_back(vers_utf8(mots_fonction(rang).debut));
+            return liste;
+        }();
+        return tous;
+    }
+
     // The function whose words begin here, the longest ones; they are read.
     int fonction() {
         int trouvee = 0;
@@ -170,7 +182,7 @@ struct Auditeur {
         const std::size_t depart = ici;
         for (int rang = 1; rang <= kNombreFonctions; ++rang) {
             ici = depart;
-            if (prend(vers_utf8(mots_fonction(rang).debut)) && ici > loin) {
+            if (prend(debuts()[static_cast<std::size_t>(rang)]) && ici > loin) {
                 loin = ici;
                 trouvee = rang;
             }

@@ -167,6 +167,7 @@ Rapport rapport_de(const std::string& texte, bool avec_formules) {
     for (std::size_t i = 1; fait && i < hasard.nombre && contredit(rapport, texte); ++i) {
         moteur.generateur = hasard.debuts[i];
         if (!fais_rapport(texte, avec_formules, rapport)) return rapport;
+        if (!contredit(rapport, texte)) hasard.montre(i);
     }
     if (fait && contredit(rapport, texte)) montre_ce_qui_est_ecrit(rapport, texte);
     return rapport;

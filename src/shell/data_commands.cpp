@@ -152,12 +152,13 @@ void mnuExporterPageItem() {
     if (nom.empty()) return;
     const Rapport rapport = rapport_de(port.texte.texte(), true);
     if (!rapport.complet) return dit("rien n'est exporté : la feuille n'a pas été calculée en entier"_fr);
-    const std::vector<EtudeDeFeuille> etudes = refais_etudes(rapport.texte);
-    if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom), etudes))) return;
+    const auto etudes = refais_etudes(rapport.texte);
+    if (!etudes) return dit("rien n'est exporté : étude interrompue"_fr);
+    if (!ecrit(nom, page_html(rapport, NomFichSeul(ligne_courante_ini().nom), *etudes))) return;
     const bool autre = rapport.texte != port.texte.texte();
     std::string mots("page exportée : "_fr);
     mots.append(NomFichSeul(nom)).append(autre ? ", avec les résultats d'un nouveau calcul"_fr : ""_fr);
-    if (!etudes.empty()) mots.append(", études : "_fr).append(chiffres(static_cast<long long>(etudes.size())));
+    if (!etudes->empty()) mots.append(", études : "_fr).append(chiffres(static_cast<long long>(etudes->size())));
     dit(mots);
 }
 

@@ -2,6 +2,7 @@
 // `moteur`. Evaluation, sheet pass, matrices and statistics change it.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -88,6 +89,12 @@ struct Hasard {
     std::array<std::mt19937_64, 8> debuts;
     std::size_t nombre = 0;              // of them that are known
     std::size_t tirages = 0;             // random numbers that anything has drawn
+
+    // The sheet that is looked at shows what began at `rang`: it comes first.
+    void montre(std::size_t rang) {
+        const auto ici = debuts.begin() + static_cast<std::ptrdiff_t>(rang);
+        std::rotate(debuts.begin(), ici, ici + 1);
+    }
 };
 extern Hasard hasard;
 

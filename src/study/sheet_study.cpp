@@ -105,12 +105,15 @@ void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes) {
     gardees.push_back({fonction, std::string(bornes)});
 }
 
-std::vector<EtudeDeFeuille> refais_etudes(std::string_view texte) {
+std::optional<std::vector<EtudeDeFeuille>> refais_etudes(std::string_view texte) {
     std::vector<EtudeDeFeuille> etudes;
     for (const EtudesGardees::Etudiee& gardee : etudes_gardees.fonctions) {
         const auto ici = retrouve_fonction(texte, gardee.fonction);
+        if (!ici) continue;
         EtudeDeFeuille etude;
-        if (ici && etudie_fonction(texte, *ici, gardee.bornes, etude).empty()) etudes.push_back(std::move(etude));
+        const Refus refus = etudie_fonction(texte, *ici, gardee.bornes, etude);
+        if (refus == kEtudeInterrompue) return {};
+        if (refus.empty()) etudes.push_back(std::move(etude));
     }
     std::sort(etudes.begin(), etudes.end(),
               [](const auto& a, const auto& b) { return a.fonction.ligne < b.fonction.ligne; });

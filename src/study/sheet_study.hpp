@@ -61,8 +61,8 @@ extern EtudesGardees etudes_gardees;
 
 void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes);
 
-// The studies of those of them that the sheet has now, and that can be made, in its order.
-std::vector<EtudeDeFeuille> refais_etudes(std::string_view texte);
+// The studies of those of them that the sheet has now, and that can be made, in its order; nothing when the user gave up.
+std::optional<std::vector<EtudeDeFeuille>> refais_etudes(std::string_view texte);
 
 // The studies of all functions of the sheet under INC and AIR that can be made.
 std::vector<EtudeDeFeuille> etudie_tout(std::string_view texte);

@@ -81,6 +81,29 @@ TEST_CASE("a sheet that wasn't calculated yet gets random numbers for its page")
     CHECK(page.find("<th scope=\"col\">f(X)</th>") != std::string::npos);
 }
 
+TEST_CASE("the studies of a page know the same random numbers as its lines") {
+    demarre_avec_feuille();
+    const std::string texte = "A=INT(1000*ALEA)\r\nINCX(0,1,3)\r\nX+A";
+    const std::string feuille = calculee(texte);
+    calculee(texte);
+    garde_etude(fonctions_de_feuille(feuille).at(0), "");
+    const Rapport rapport = rapport_de(feuille, true);
+    CHECK(rapport.texte == feuille);
+    const std::size_t debut = feuille.find("f(0) = ") + 7;
+    CHECK(refais_etudes(rapport.texte)->at(0).etude.y.front() == std::stod(feuille.substr(debut)));
+}
+
+TEST_CASE("a page whose studies the user gives up isn't written") {
+    demarre_avec_feuille();
+    port.texte.pose_texte("INCX(0,1,3)\r\nSIN(X)");
+    garde_etude(fonctions_de_feuille(port.texte.texte()).at(0), "");
+    const Rapport rapport = rapport_de(port.texte.texte(), true);
+    const auto avant = port.systeme.interrompu;
+    port.systeme.interrompu = [] { return true; };
+    CHECK_FALSE(refais_etudes(rapport.texte).has_value());
+    port.systeme.interrompu = avant;
+}
+
 TEST_CASE("the page holds the studies of its functions as the sheet is now") {
     demarre_avec_feuille();
     port.texte.pose_texte("A=2\r\nINCX(-2,1,5)\r\nX^2-A\r\nDEFFON=2*X+1\r\nFON(3)");
@@ -89,9 +112,9 @@ TEST_CASE("the page holds the studies of its functions as the sheet is now") {
     evenement_menu("CmdVoxtab");
     port.texte.pose_texte("! titre\r\nA=4\r\nINCX(-2,1,5)\r\nX^2-A\r\nDEFFON=2*X+1\r\nFON(3)");
     const Rapport rapport = rapport_de(port.texte.texte(), true);
-    const std::vector<EtudeDeFeuille> etudes = refais_etudes(rapport.texte);
-    REQUIRE(etudes.size() == 1);
-    const std::string page = page_html(rapport, "essai", etudes);
+    const auto etudes = refais_etudes(rapport.texte);
+    REQUIRE(etudes->size() == 1);
+    const std::string page = page_html(rapport, "essai", *etudes);
     const std::size_t etude = page.find("<h2>Étude de X^2-A, X de -2 à 2</h2>");
     REQUIRE(etude != std::string::npos);
     CHECK(page.find("<li>Zéro : X = 2</li>") != std::string::npos);
@@ -106,7 +129,7 @@ TEST_CASE("the study of a function without a heading is in the page over the int
     const std::string feuille = "DEFFON=2*X+0.5\r\nFON(3)";
     garde_etude(*fonction_au_curseur(feuille, 1), "-1,1");
     const Rapport rapport = rapport_de(feuille, true);
-    const std::string page = page_html(rapport, "essai", refais_etudes(rapport.texte));
+    const std::string page = page_html(rapport, "essai", *refais_etudes(rapport.texte));
     CHECK(page.find("<h2>Étude de 2*X+0,5, X de -1 à 1</h2>") != std::string::npos);
     CHECK(page.find("<li>Zéro : X = -0,25</li>") != std::string::npos);
 }

@@ -153,21 +153,23 @@ constexpr auto kItems = std::to_array<LigneCommande>({
 
     {.numero = 32, .menu = kOptions, .nom = "mnuEntierItem", .libelle = "Nombre entier"_fr,
      .raccourci = seule(kToucheF5), .mots_aide = "Entier"_fr, .dite = true,
-     .execute = mnuEntierItem},
+     .vues = Vues::quittees, .execute = mnuEntierItem},
     {.numero = 33, .menu = kOptions, .nom = "mnuFlottantItem", .libelle = "Nombre flottant"_fr,
      .raccourci = seule(kToucheF7), .mots_aide = "Flottant"_fr, .dite = true,
-     .execute = mnuFlottantItem},
+     .vues = Vues::quittees, .execute = mnuFlottantItem},
     {.numero = 34, .menu = kOptions, .nom = "mnuPuissanceItem",
      .libelle = "Nombre en puissance de 10"_fr, .raccourci = ctrl(kToucheF7),
-     .mots_aide = "Flottant en puissance de 10"_fr, .dite = true, .execute = mnuPuissanceItem},
+     .mots_aide = "Flottant en puissance de 10"_fr, .dite = true, .vues = Vues::quittees,
+     .execute = mnuPuissanceItem},
     {.numero = 35, .menu = kOptions, .nom = "mnuHexaItem", .libelle = "Nombre hexadécimal"_fr,
      .raccourci = maj(kToucheF7), .mots_aide = "Hexadécimal"_fr, .dite = true,
-     .execute = mnuHexaItem},
+     .vues = Vues::quittees, .execute = mnuHexaItem},
     {.numero = 36, .menu = kOptions, .nom = "mnuAngleItem", .libelle = "Unité d'angle"_fr,
-     .raccourci = seule(kToucheF8), .mots_aide = "Unité d'angle"_fr, .execute = mnuAngleItem},
+     .raccourci = seule(kToucheF8), .mots_aide = "Unité d'angle"_fr,
+     .vues = Vues::quittees, .execute = mnuAngleItem},
     {.numero = 37, .menu = kOptions, .nom = "mnuNombreDecimalItem",
      .libelle = "Nombre de décimal"_fr, .raccourci = ctrl(kToucheF5),
-     .mots_aide = "nombre de décimal"_fr, .execute = mnuNombreDecimalItem},
+     .mots_aide = "nombre de décimal"_fr, .vues = Vues::quittees, .execute = mnuNombreDecimalItem},
     {.numero = 38, .menu = kOptions, .nom = kItemDerniereFeuille,
      .libelle = "Affichage dernière feuille au lancement"_fr, .cochable = true,
      .execute = mnuDerniereFeuilleItem},
@@ -387,7 +389,7 @@ void lance(const LigneCommande& ligne) {
     const bool partie = ligne.vues == Vues::quittees && quitte_vues();
     if (!ligne.refus.empty() && !texte_modifiable()) return dit(ligne.refus);
     ligne.execute();
-    if (partie && texte_modifiable()) souffle(kRetourFeuille);
+    if (partie && !ligne.dite && texte_modifiable()) souffle(kRetourFeuille);   // else the sheet's line tells it
 }
 
 bool execute_commande(std::string_view nom) {

@@ -7,6 +7,8 @@
 
 #include "base/failure.hpp"
 #include "base/number.hpp"
+#include "documents/documents.hpp"
+#include "documents/working_copies.hpp"
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
@@ -59,17 +61,18 @@ std::string compte() {
 // What tells a finding from another, wherever its line stands.
 std::string cle(const Constat& c) { return std::string(nom_constat(c.genre)) + ' ' + c.morceau; }
 
-// The grave findings that no calculation has warned of yet; from now on they are known.
+// The grave findings that no calculation of this sheet has warned of yet; from now on they are known.
 std::vector<const Constat*> nouveaux_constats() {
+    std::vector<std::string>& avertis = attention.connus[documents.identite(documents.document_courant)];
     std::vector<const Constat*> nouveaux;
     std::vector<std::string> connus;
     for (const Constat& c : verification.constats) {
         if (gravite(c.genre) != Gravite::faux_probable) continue;
         connus.push_back(cle(c));
-        if (!std::ranges::binary_search(attention.connus, connus.back())) nouveaux.push_back(&c);
+        if (!std::ranges::binary_search(avertis, connus.back())) nouveaux.push_back(&c);
     }
     std::ranges::sort(connus);
-    attention.connus = std::move(connus);
+    avertis = std::move(connus);
     return nouveaux;
 }
 
@@ -113,6 +116,7 @@ void commence_attention() {
 void dit_attention(bool ecrite) {
     if (!outils.attention) return;
     finit_surveillance();
+    if (!feuille_montree()) return;   // the guide was calculated
     Tente(kCommande, [&] {
         const std::vector<const Constat*> nouveaux = nouveaux_constats();
         if (nouveaux.empty()) return;

@@ -2,6 +2,8 @@
 // a calculation. Change the cursor, `attention`, the option and what is said.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +16,10 @@ inline constexpr std::string_view kPasDeConstatPlusBas = "pas de constat plus ba
 inline constexpr std::string_view kPasDeConstatPlusHaut = "pas de constat plus haut"_fr;
 inline constexpr std::string_view kPasVerifiee = "la feuille n'est pas vérifiée"_fr;
 
-// What the calculations so far have warned of: nothing is told twice.
+// What the calculations so far have warned of: nothing is told twice of one sheet.
 struct Attention {
-    std::vector<std::string> connus;   // findings, each by its kind and its piece, in the order of their bytes
+    // For each sheet of this run, by its identity: findings, by kind and piece, in the order of their bytes.
+    std::map<std::uint64_t, std::vector<std::string>> connus;
 };
 extern Attention attention;
 

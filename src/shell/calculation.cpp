@@ -33,8 +33,15 @@ void montre_calcul(Calcul& calcul) {
 
 }  // namespace
 
-void mnuCalculItem() { recalcul(); }
-void mnuCalculColonneItem() { calcul_colonne(); }
+void mnuCalculItem() {
+    if (port.texte.texte().empty()) return souffle(kFeuilleVide);
+    recalcul();
+}
+
+void mnuCalculColonneItem() {
+    if (port.texte.texte().empty()) return souffle(kFeuilleVide);
+    calcul_colonne();
+}
 
 // The message line has no words for a line without a result, nor any before the first calculation: a reader is told
 // them then. A line that is empty is told as such.

@@ -2,6 +2,11 @@
 // flag of the current document.
 #pragma once
 
+#include <string_view>
+
+// Told where there is nothing to calculate; the message line has no words for it.
+inline constexpr std::string_view kFeuilleVide = "feuille vide";
+
 void mnuCalculItem();            // the sheet
 void mnuCalculColonneItem();     // the sheet and the total of its lines
 void MnuParleResultatItem();     // says the result of the line under the cursor

@@ -139,3 +139,11 @@ TEST_CASE("announcements: a sheet saved under a new name is told, a cancelled di
     CHECK(en_utf8(memoire.annonces) == Textes{"enregistrer"});
     CHECK(messages().empty());
 }
+
+TEST_CASE("announcements: an empty sheet is told to who calculates it") {
+    evenement_chargement();
+    execute_commande("mnuCalculItem");
+    execute_commande("mnuCalculColonneItem");
+    CHECK(en_utf8(memoire.annonces) == Textes{"feuille vide", "feuille vide"});
+    CHECK(messages().empty());
+}

@@ -289,6 +289,30 @@ const RangeeLue* ligne_de_titres(const Lecture& lecture) {
     return plus_longue;
 }
 
+bool a_un_chiffre(std::string_view texte) { return texte.find_first_of("0123456789") != std::string_view::npos; }
+
+// Whether a line between the headings and the first numbers looks like the lines of numbers: the words beside them
+// are like theirs. A line of units has none there, or others.
+bool semble_de_donnees(const Lecture& lecture, const RangeeLue& rangee, const std::vector<std::size_t>& textes) {
+    const RangeeLue& modele = lecture.rangees[lecture.premiere];
+    return rangee.cellules.size() == lecture.colonnes && std::any_of(textes.begin(), textes.end(), [&](std::size_t rang) {
+        const std::string_view mot = lecture.cellule(rangee, rang - 1), sien = lecture.cellule(modele, rang - 1);
+        return !mot.empty() && !sien.empty() && a_un_chiffre(mot) == a_un_chiffre(sien);
+    });
+}
+
+// The sentence for a first line of data with a word in place of its number, which would pass for a heading; or "".
+std::string mots_ligne_prise_pour_titre(const Lecture& lecture, const DonneesLues& donnees) {
+    const RangeeLue* const titre = ligne_de_titres(lecture);
+    for (std::size_t i = 0; titre != nullptr && i < lecture.premiere; ++i) {
+        const RangeeLue& rangee = lecture.rangees[i];
+        if (rangee.ligne <= titre->ligne || !semble_de_donnees(lecture, rangee, donnees.textes)) continue;
+        for (const std::size_t rang : donnees.rangs)
+            if (!lecture.cellule(rangee, rang - 1).empty()) return mots_faute(lecture, rangee, rang - 1);
+    }
+    return "";
+}
+
 // The numbers of the columns, and their headings where a line of headings has as many cells.
 void remplit(const Lecture& lecture, DonneesLues& donnees) {
     donnees.titres = lecture.premiere;
@@ -345,6 +369,7 @@ std::optional<DonneesLues> lis_donnees(std::string_view octets, std::string& ref
     DonneesLues donnees;
     donnees.decimale = lecture.decimale;
     refus = trie_colonnes(lecture, donnees);
+    if (refus.empty()) refus = mots_ligne_prise_pour_titre(lecture, donnees);
     if (!refus.empty()) return std::nullopt;
     remplit(lecture, donnees);
     return donnees;

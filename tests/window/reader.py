@@ -25,6 +25,8 @@ class Reader:
         place = pathlib.Path(place)
         self.log = place / f"{name}.log"
         self.read = 0
+        self.taken = []          # the whole lines of the log so far
+        self.place = 0           # where the rest of it begins, in bytes
         self.marks = 0
         self.pipe = place / f"{name}.marks"
         os.mkfifo(self.pipe)
@@ -39,9 +41,15 @@ class Reader:
             raise RuntimeError("Orca says nothing: " + output.read_text(encoding="utf-8")[-2000:])
 
     def lines(self):
-        if not self.log.exists():
-            return []
-        return self.log.read_text(encoding="utf-8", errors="replace").splitlines()
+        """The whole lines of the log; what was read of it isn't read again."""
+        if self.log.exists():
+            with open(self.log, "rb") as log:
+                log.seek(self.place)
+                added = log.read()
+            added = added[:added.rfind(b"\n") + 1]
+            self.place += len(added)
+            self.taken += added.decode("utf-8", errors="replace").splitlines()
+        return self.taken
 
     def settle(self):
         """Waits until the reader has nothing left to do: it writes a mark when all that had reached it
@@ -52,9 +60,10 @@ class Reader:
         mark = MARK + str(self.marks)
         end = time.monotonic() + LIMIT
         while time.monotonic() < end:
-            lines = self.lines()
-            if mark in lines:
-                return lines.index(mark)
+            before = len(self.taken)
+            for number, line in enumerate(self.lines()[before:], before):
+                if line == mark:
+                    return number
             if self.process.poll() is not None:
                 raise RuntimeError("Orca has ended")
             time.sleep(0.02)

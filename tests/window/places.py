@@ -31,6 +31,7 @@ class Probe:
         self.job = {"op": "programme", "text": "", "ligne_commande": "C:\\A.VXT",
                     "fichiers": {"C:\\A.VXT": text.replace("\n", "\r\n")}}
         self.steps = []
+        self.now = self.after([])    # how the program is
 
     def after(self, steps):
         job = json.dumps({**self.job, "evenements": self.steps + steps})
@@ -41,16 +42,18 @@ class Probe:
 
     def command(self, key, *answers):
         """Runs a command; the answers that it has asked for, and how the program is then."""
-        before = len(self.after([])["saisies"])
+        before = len(self.now["saisies"])
         steps = [f"répond {quoted(answer)}" for answer in answers]
         answer = self.after([*steps, f"touche {key}"])
         asked = len(answer["saisies"]) - before
         self.steps += [*steps[:asked], f"touche {key}"]
-        return answers[:asked], self.after([])
+        self.now = answer if asked == len(answers) else self.after([])
+        return answers[:asked], self.now
 
     def letter(self):
         self.steps.append(f"tape {quoted(LETTER)}")
-        return self.after([])
+        self.now = self.after([])
+        return self.now
 
 
 def place(answer):

@@ -7,10 +7,14 @@ from pilot import run, same, wait_same
 from places import COMMANDS, LETTER, NO_LINE, SAYS_ITS_LINE, TEXTS, Probe, line_at, place
 
 BINARY, PLACE, _, PROBE = sys.argv[1:5]
+running = subprocess.Popen([PROBE], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
 
 def ask(job):
-    return subprocess.run([PROBE], input=job + "\n", capture_output=True, text=True, check=True).stdout
+    """Each job is a fresh program in the probe."""
+    running.stdin.write(job + "\n")
+    running.stdin.flush()
+    return running.stdout.readline()
 
 
 def behind_each_command(p, text):

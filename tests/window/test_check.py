@@ -13,6 +13,7 @@ POWER = ("ligne 3, à savoir, signe moins et puissance : -2^2 vaut -4, la puissa
 def findings(p, h):
     """The count and the first place, and from one to the next; the sheet stays as it is."""
     p.type("A=3¶2(A+1)¶-2^2")
+    h.reader.wait_for(lambda heard: heard.count("caret"), "the last sign that was typed")
     h.hear("Ctrl+K", "2 constats, 1 faux probable", PRODUCT)
     same(p.caret(), 5, "the cursor")
     h.hear("F4", POWER)

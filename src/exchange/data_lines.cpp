@@ -250,9 +250,10 @@ std::string forme_proposee(const DonneesLues& donnees, std::string_view feuille)
 std::optional<std::string> lignes_de_feuille(const DonneesLues& donnees, std::string_view texte, std::string& refus) {
     refus.clear();
     Forme forme;
-    const bool matrice = lis_forme(texte, forme) && forme.mot.size() == 5 && forme.mot.starts_with("DEFM") &&
+    const bool lisible = lis_forme(texte, forme);
+    const bool matrice = forme.mot.size() == 5 && forme.mot.starts_with("DEFM") &&
                          kLettres.find(forme.mot[4]) != std::string_view::npos;
-    if (!matrice && forme.mot != "STATX" && forme.mot != "STATXY") {
+    if (!lisible || (!matrice && forme.mot != "STATX" && forme.mot != "STATXY")) {
         refus = "forme inconnue : tapez STATX, STATXY, ou DEFM et une lettre de A à J, puis des numéros de colonnes"_fr;
         return std::nullopt;
     }

@@ -112,22 +112,32 @@ struct Choix {
     Convention convention = Convention::virgule;
 };
 
+// Reads "2 point", "2, point" or "2": a number up to `nombre`, then one of the two words or its beginning, or nothing.
+bool lis_choix(std::string_view reponse, std::size_t nombre, Choix& choix) {
+    reponse = sans_blancs(reponse);
+    const std::size_t figures = std::min(reponse.find_first_not_of("0123456789"), reponse.size());
+    const double rang = figures > 0 && figures < 10 ? prefixe_numerique(reponse.substr(0, figures)) : 0;
+    std::string_view mot = reponse.substr(figures);
+    mot = mot.substr(std::min(mot.find_first_not_of(" ,;"), mot.size()));
+    if (rang < 1 || rang > static_cast<double>(nombre)) return false;
+    if (!std::string_view("VIRGULE").starts_with(mot) && !std::string_view("POINT").starts_with(mot)) return false;
+    choix = {static_cast<std::size_t>(rang) - 1, mot.starts_with('P') ? Convention::point : Convention::virgule};
+    return true;
+}
+
 // Tells what there is and asks which, and in which form. False on Cancel and for an answer that means nothing.
 bool demande_choix(const std::vector<DonneesDeFeuille>& toutes, Choix& choix) {
     std::string invite, reponse;
     for (std::size_t i = 0; i < toutes.size() && i < kDonneesCitees; ++i)
         invite += (i == 0 ? "" : "; ") + chiffres(static_cast<long long>(i + 1)) + " " + toutes[i].nom;
+    if (toutes.size() > kDonneesCitees)
+        invite.append("; et d'autres, jusqu'au numéro "_fr) += chiffres(static_cast<long long>(toutes.size()));
     invite += ". Numéro, puis virgule ou point"_fr;
     if (!port.boites.saisie(invite, "1 virgule"_fr, reponse)) return false;
-    const std::string mots = capitales(reponse);
-    const double rang = prefixe_numerique(mots);
-    if (rang < 1 || rang > static_cast<double>(toutes.size()) || rang != static_cast<double>(static_cast<int>(rang))) {
-        dit(std::string("rien n'est exporté : tapez un numéro de 1 à "_fr) + chiffres(static_cast<long long>(toutes.size())));
-        return false;
-    }
-    choix = {static_cast<std::size_t>(rang) - 1,
-             mots.find("POINT") == std::string::npos ? Convention::virgule : Convention::point};
-    return true;
+    if (lis_choix(capitales(reponse), toutes.size(), choix)) return true;
+    dit(std::string("rien n'est exporté : tapez un numéro de 1 à "_fr) + chiffres(static_cast<long long>(toutes.size())) +
+        std::string(", avec virgule ou point"_fr));
+    return false;
 }
 
 // True when the clipboard holds more than a number that was copied for another use.

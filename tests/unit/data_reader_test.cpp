@@ -156,6 +156,8 @@ TEST_CASE("data become the lines that a sheet reads") {
     CHECK(lignes_de("1;2;3\n4;5;6\n7;8;9\n", "STATXY") == "refus : STATXY prend deux colonnes : STATXY 1 2");
     CHECK(lignes_de("1;2\n3;4\n", "STATX 1 3") == "refus : la colonne 3 n'est pas une colonne de nombres");
     CHECK(lignes_de("8;-2\n3;4\n", "STATX 1 2") == "refus : un effectif est négatif");
+    for (const std::string_view forme : {"STATX deux", "STATXY 1 b", "STATX 99999999999999999999", "DEFMA 1 -2"})
+        CHECK_MESSAGE(lignes_de("1;2\n3;4\n", forme).starts_with("refus : forme inconnue"), forme);
     CHECK(lignes_de("1\n", "DEFMK") ==
           "refus : forme inconnue : tapez STATX, STATXY, ou DEFM et une lettre de A à J, puis des numéros de colonnes");
     std::string beaucoup;

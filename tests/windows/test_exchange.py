@@ -145,7 +145,7 @@ def data_out(p):
     asked(p, words, "1 virgule")
     p.type("7")
     p.key("Entrée")
-    p.hear("rien n'est exporté : tapez un numéro de 1 à 1")
+    p.hear("rien n'est exporté : tapez un numéro de 1 à 1, avec virgule ou point")
 
 
 def study(p):

@@ -16,6 +16,7 @@
 #include "exchange/page.hpp"
 #include "exchange/sheet_report.hpp"
 #include "platform/files.hpp"
+#include "platform/message.hpp"
 #include "platform/system_path.hpp"
 
 namespace {
@@ -90,10 +91,12 @@ RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte) {
         donnees ? lignes_de_feuille(*donnees, options.forme.empty() ? forme_proposee(*donnees, texte)
                                                                     : depuis_utf8(options.forme).value_or(""), mots)
                 : std::nullopt;
-    if (lignes)
-        texte = texte.empty() ? *lignes : *lignes + "\r\n" + texte;
-    else
+    if (!lignes) {
         refus.mots = vers_utf8(mots);
+        return refus;
+    }
+    texte = texte.empty() ? *lignes : *lignes + "\r\n" + texte;
+    dit(mots_donnees(*donnees));   // nobody is asked here: what is left aside must be told
     return refus;
 }
 

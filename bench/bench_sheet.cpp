@@ -44,6 +44,7 @@ const std::map<std::string, std::function<void(int)>> kParties = {
     {"8-table", mesure_tabulation},
     {"9-editing", mesure_edition},
     {"sound", mesure_son},
+    {"many", mesure_feuilles},
     {"watched", mesure_surveillance},
 };
 

@@ -18,5 +18,8 @@ void mesure_surveillance(int repetitions);  // a pass that is watched by the che
 // The editing commands beside themselves: cases_editing.cpp.
 void mesure_edition(int repetitions);  // replacing in the whole text, searching backwards
 
+// Many sheets on all cores beside one: cases_many.cpp.
+void mesure_feuilles(int repetitions);
+
 // The sound of a curve beside the time that a listener may wait: cases_sound.cpp.
 void mesure_son(int repetitions);

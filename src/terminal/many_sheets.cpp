@@ -15,6 +15,7 @@
 #include <set>
 #include <sstream>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 #include "platform/console.hpp"
@@ -29,6 +30,7 @@ constexpr int kImpossible = 2;
 constexpr std::size_t kLotMaxi = 32;   // sheets that a helper is handed at once
 constexpr std::size_t kTampon = 65536;
 constexpr auto kEntreSignes = std::chrono::seconds(2);
+constexpr auto kEntreEnvois = std::chrono::milliseconds(20);   // what a helper has is not kept for longer
 
 // What a sheet came to.
 struct Reponse {
@@ -51,9 +53,15 @@ private:
     std::streambuf* ancien_;
 };
 
+// What is asked for each sheet, without the list of them, which may be long.
+OptionsCalcul commande_d_une(const OptionsCalcul& options) {
+    OptionsCalcul une = options;
+    une.feuilles = {};
+    return une;
+}
+
 // One sheet from a fresh beginning.
-Reponse calcule_une(const OptionsCalcul& commande, const std::string& feuille, CalculeFeuille calcule) {
-    OptionsCalcul options = commande;
+Reponse calcule_une(OptionsCalcul& options, const std::string& feuille, CalculeFeuille calcule) {
     options.feuille = feuille;
     terminal = Terminal{};
     reinitialise_calcul();
@@ -107,6 +115,7 @@ struct Chantier {
     std::mutex verrou{};
     std::condition_variable arrivee{};
     std::size_t prochaine = 0;                          // the first sheet that nobody has
+    std::size_t attendue = 0;                           // the sheet that is to be written next
     std::vector<std::optional<Reponse>> reponses{};
 };
 
@@ -118,24 +127,27 @@ std::pair<std::size_t, std::size_t> prends_lot(Chantier& c) {
     return {debut, c.prochaine};
 }
 
-void rends(Chantier& c, std::size_t rang, Reponse reponse) {
+// Hands in the answers of the sheets from `debut` on, and wakes who waits for one of them.
+void rends(Chantier& c, std::size_t debut, std::vector<Reponse> reponses) {
+    const std::size_t fin = debut + reponses.size();
     const std::lock_guard garde(c.verrou);
-    c.reponses[rang] = std::move(reponse);
-    c.arrivee.notify_one();
+    for (std::size_t rang = debut; rang < fin; ++rang) c.reponses[rang] = std::move(reponses[rang - debut]);
+    if (c.attendue >= debut && c.attendue < fin) c.arrivee.notify_one();
 }
 
-// A helper that knows the command line.
-bool lance(ProcessusAide& aide, const std::vector<std::string>& mots) {
+// What a helper is told first: the command line.
+std::string presentation(const std::vector<std::string>& mots) {
     std::string message;
     ajoute_nombre(message, mots.size());
     for (const std::string& mot : mots) ajoute_mot(message, mot);
-    return lance_aide(aide) && envoie(aide, message);
+    return message;
 }
 
 // What has come from a helper and isn't read yet.
 class Tampon {
 public:
     explicit Tampon(const ProcessusAide& aide) : aide_(aide) {}
+    bool vide() const { return debut_ == fin_; }
     bool lit(char* octets, std::size_t nombre) {
         while (nombre > 0) {
             if (debut_ == fin_) {
@@ -172,29 +184,42 @@ std::size_t demande_lot(Chantier& c, const ProcessusAide& aide, std::size_t debu
     ajoute_nombre(message, fin);
     if (!envoie(aide, message)) return 0;
     Tampon tampon(aide);
+    std::vector<Reponse> recues;   // handed in together, before more is waited for
     for (std::size_t rang = debut; rang < fin; ++rang) {
         Reponse reponse;
-        if (!recoit_reponse(tampon, reponse)) return rang - debut;
-        rends(c, rang, std::move(reponse));
+        const bool entiere = recoit_reponse(tampon, reponse);
+        if (entiere) recues.push_back(std::move(reponse));
+        if (entiere && rang + 1 < fin && !tampon.vide()) continue;
+        const std::size_t borne = rang + (entiere ? 1 : 0), premiere = borne - recues.size();
+        rends(c, premiere, std::exchange(recues, {}));
+        if (!entiere) return borne - debut;
     }
     return fin - debut;
 }
 
-// One thread: its helper calculates lots until there are none left. A helper that ends with a sheet is told of that
-// sheet, and another one takes what is left.
-void emploie(Chantier& c, ProcessusAide aide) {
-    for (;;) {
-        auto [debut, fin] = prends_lot(c);
-        if (debut == fin) break;
-        while (debut < fin) {
-            debut += demande_lot(c, aide, debut, fin);
-            if (debut == fin) break;
-            rends(c, debut, {kImpossible, "", "voxtab-calc : " + c.options.feuilles[debut] + " : le calcul s'est arrêté\n"});
+// Has the sheets from `debut` to `fin` calculated. A helper that ends with a sheet is told of that sheet, and another one
+// takes what is left. Answers that it kept are lost with it: what is left is asked for one by one, so that it is the right
+// sheet. One that writes sheets back keeps none.
+void calcule_lot(Chantier& c, ProcessusAide& aide, std::size_t debut, std::size_t fin) {
+    bool une_a_une = false;
+    while (debut < fin) {
+        const std::size_t borne = une_a_une ? debut + 1 : fin;
+        const bool sure = c.options.en_place || borne == debut + 1;
+        debut += demande_lot(c, aide, debut, borne);
+        if (debut == borne) continue;
+        une_a_une = !c.options.en_place;
+        if (sure) {
+            rends(c, debut, {{kImpossible, "", "voxtab-calc : " + c.options.feuilles[debut] + " : le calcul s'est arrêté\n"}});
             ++debut;
-            attend_aide(aide);
-            lance(aide, c.mots);
         }
+        attend_aide(aide);
+        if (lance_aide(aide)) envoie(aide, presentation(c.mots));
     }
+}
+
+// One thread: its helper calculates lots until there are none left.
+void emploie(Chantier& c, ProcessusAide aide) {
+    for (auto [debut, fin] = prends_lot(c); debut < fin; std::tie(debut, fin) = prends_lot(c)) calcule_lot(c, aide, debut, fin);
     attend_aide(aide);
 }
 
@@ -213,18 +238,18 @@ bool copies_distinctes(const OptionsCalcul& options) {
     return true;
 }
 
-// The helpers that could be started: one a core, none where one core does it as well.
+// The helpers that could be started: one a core, none where one core does it as well. They start side by side before
+// the first is spoken to.
 std::vector<ProcessusAide> lance_aides(const OptionsCalcul& options, const std::vector<std::string>& mots) {
     std::vector<ProcessusAide> aides;
     const std::size_t coeurs = std::min<std::size_t>(std::thread::hardware_concurrency(), options.feuilles.size());
-    while (coeurs > 1 && aides.size() < coeurs) {
-        ProcessusAide aide;
-        if (!lance(aide, mots)) {
-            attend_aide(aide);
-            break;
-        }
-        aides.push_back(aide);
-    }
+    for (ProcessusAide aide; coeurs > 1 && aides.size() < coeurs && lance_aide(aide);) aides.push_back(std::exchange(aide, {}));
+    const std::string message = presentation(mots);
+    std::erase_if(aides, [&](ProcessusAide& aide) {
+        const bool prete = envoie(aide, message);
+        if (!prete) attend_aide(aide);
+        return !prete;
+    });
     return aides;
 }
 
@@ -295,6 +320,7 @@ void arrete(Chantier& c) {
 // The answer of a sheet. What was written before is on its way while there is something to wait for.
 Reponse attend_reponse(Chantier& c, std::size_t rang, Avancement& avancement) {
     std::unique_lock garde(c.verrou);
+    c.attendue = rang;
     if (!c.reponses[rang]) std::cout.flush();
     while (!c.arrivee.wait_for(garde, kEntreSignes, [&] { return c.reponses[rang].has_value(); })) avancement.dit(rang);
     return std::move(*c.reponses[rang]);
@@ -312,9 +338,10 @@ int calcule_feuilles(const OptionsCalcul& options, const std::vector<std::string
     chantier.reponses.resize(nombre);
     std::vector<std::jthread> fils;
     for (const ProcessusAide& aide : aides) fils.emplace_back([&chantier, aide] { emploie(chantier, aide); });
+    OptionsCalcul une = commande_d_une(options);
     int statut = 0;
     for (std::size_t rang = 0; rang < nombre; ++rang) {
-        const Reponse reponse = aides.empty() ? calcule_une(options, options.feuilles[rang], calcule)
+        const Reponse reponse = aides.empty() ? calcule_une(une, options.feuilles[rang], calcule)
                                               : attend_reponse(chantier, rang, avancement);
         if (!reponse.erreurs.empty() || !reponse.sortie.empty()) avancement.efface();
         statut = std::max(statut, montre_reponse(options, rang, reponse));
@@ -332,16 +359,20 @@ int sers_d_aide(CalculeFeuille calcule) {
     for (std::string& mot : mots)
         if (!lit_mot(lit_de_l_entree, mot)) return kImpossible;
     const OptionsCalcul options = lis_options(mots).options;
+    OptionsCalcul une = commande_d_une(options);
     std::uint64_t debut = 0, fin = 0;
     while (lit_nombre(lit_de_l_entree, debut) && lit_nombre(lit_de_l_entree, fin)) {
-        for (std::string message; debut < fin; ++debut, message.clear()) {
-            const Reponse reponse = calcule_une(options, options.feuilles.at(debut), calcule);
+        std::string message;
+        for (auto envoi = std::chrono::steady_clock::now(); debut < fin; ++debut) {
+            const Reponse reponse = calcule_une(une, options.feuilles.at(debut), calcule);
             ajoute_nombre(message, static_cast<std::uint64_t>(reponse.statut));
             ajoute_mot(message, reponse.sortie);
             ajoute_mot(message, reponse.erreurs);
-            std::cout << message;
+            const auto maintenant = std::chrono::steady_clock::now();
+            if (!une.en_place && message.size() < kTampon && maintenant - envoi < kEntreEnvois && debut + 1 < fin) continue;
+            std::cout << std::exchange(message, {}) << std::flush;
+            envoi = maintenant;
         }
-        std::cout.flush();
     }
     return 0;
 }

@@ -88,11 +88,20 @@ def processor_time(process):
         return 0
 
 
-def busy_helper(program):
-    """The helper that calculates the long sheet."""
+def children_of(thread):
+    """The numbers of the processes that a thread has started; none for one that has ended."""
+    try:
+        return thread.read_text()
+    except (FileNotFoundError, ProcessLookupError):
+        return ""
+
+
+def busy_helper(program, other=0):
+    """The helper that calculates the long sheet; not the other one, which had it before."""
     while True:
-        for child in pathlib.Path(f"/proc/{program.pid}/task/{program.pid}/children").read_text().split():
-            if processor_time(child) > 20:
+        threads = pathlib.Path(f"/proc/{program.pid}/task").glob("*/children")
+        for child in " ".join(children_of(thread) for thread in threads).split():
+            if int(child) != other and processor_time(child) > 20:
                 return int(child)
 
 
@@ -106,6 +115,23 @@ def check_killed_helper():
     output, errors = program.communicate(timeout=60)
     if program.returncode != 2 or output != b"1+1 = 2\n" or "longue.VXT : le calcul s'est arrêté" not in errors.decode():
         faults.append(f"a killed helper: status {program.returncode}, {output}, {errors.decode()}")
+
+
+def check_killed_helper_of_a_lot():
+    """A sheet that a helper was handed with others is the one that is told of, and the only one."""
+    names = [f"petite {number}.VXT" for number in range(64)]
+    for number, name in enumerate(names):
+        pathlib.Path(name).write_text(f"{number}+1\n", encoding="ascii")
+    names[33] = "longue.VXT"
+    program = subprocess.Popen([PROGRAM, *names], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    first = busy_helper(program)
+    os.kill(first, signal.SIGKILL)
+    os.kill(busy_helper(program, first), signal.SIGKILL)   # which was handed that sheet alone
+    output, errors = program.communicate(timeout=60)
+    expected = "".join(f"{number}+1 = {number + 1}\n" for number in range(64) if number != 33)
+    stopped = [line for line in errors.decode().splitlines() if "s'est arrêté" in line]
+    if program.returncode != 2 or output.decode() != expected or stopped != ["voxtab-calc : longue.VXT : le calcul s'est arrêté"]:
+        faults.append(f"a killed helper of a lot: status {program.returncode}, {output}, {errors.decode()}")
 
 
 def check_full_disk(names):
@@ -147,6 +173,7 @@ with tempfile.TemporaryDirectory() as folder:
     check_full_disk(sheets[:40])
     if hasattr(os, "sched_getaffinity") and len(os.sched_getaffinity(0)) > 1:
         check_killed_helper()
+        check_killed_helper_of_a_lot()
         check_progress()
     os.chdir("/")
 print("\n".join([*faults, f"{len(faults)} faults, {time.monotonic() - began:.1f} s"]))

@@ -19,6 +19,7 @@
 
 namespace {
 
+constexpr guint kRetard = 5000;                    // milliseconds that a server may be late; then it hangs
 constexpr const char* kSansCarte = "auto_null";   // what servers without a device call the one that they make up
 
 struct Lecteur {
@@ -30,6 +31,7 @@ struct Lecteur {
     int cadence = 0;
     bool attend = false;                          // `son` is to be played
     guint echec = 0;                              // that there is no sound is still to be told
+    guint limite = 0;                             // by then it must have ended
 };
 Lecteur lecteur;
 
@@ -51,10 +53,15 @@ void laisse_contexte() {
     lecteur.contexte = nullptr;
 }
 
+void oublie(guint& minuterie) {
+    if (minuterie != 0) g_source_remove(std::exchange(minuterie, 0));
+}
+
 // The end is told when what is going on is over: a server that is missing is known before the words of the curve
 // have been told. After a failure the next sound looks for a server anew.
 void finit(bool joue) {
     lecteur.attend = false;
+    oublie(lecteur.limite);
     if (joue) {
         laisse_flux();
         return evenement_fin_de_son(true);
@@ -142,8 +149,20 @@ void cherche_serveur() {
 
 void arrete() {
     lecteur.attend = false;
-    if (lecteur.echec != 0) g_source_remove(std::exchange(lecteur.echec, 0));
+    oublie(lecteur.echec);
+    oublie(lecteur.limite);
     laisse_flux();
+}
+
+// A server that hangs answers nothing, not even that the sound has failed.
+void limite_l_attente() {
+    const auto secondes = static_cast<double>(lecteur.son.size()) / 2 / lecteur.cadence;
+    const auto trop_tard = [](gpointer) -> gboolean {
+        lecteur.limite = 0;
+        finit(false);
+        return G_SOURCE_REMOVE;
+    };
+    lecteur.limite = g_timeout_add(static_cast<guint>(1000 * secondes) + kRetard, trop_tard, nullptr);
 }
 
 void joue(const std::vector<std::int16_t>& echantillons, int cadence) {
@@ -152,6 +171,7 @@ void joue(const std::vector<std::int16_t>& echantillons, int cadence) {
     lecteur.donnes = 0;
     lecteur.cadence = cadence;
     lecteur.attend = true;
+    limite_l_attente();
     if (lecteur.contexte == nullptr) return cherche_serveur();
     if (pa_context_get_state(lecteur.contexte) == PA_CONTEXT_READY) demande_la_sortie();
 }

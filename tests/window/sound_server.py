@@ -25,8 +25,9 @@ class SoundServer:
         self.wait = wait
         self.address = f"unix:{folder / 'prise'}"
         self.environment = {"PULSE_SERVER": self.address, "XDG_RUNTIME_DIR": str(folder)}
-        surroundings = {**os.environ, **self.environment, "HOME": str(folder)}
-        del surroundings["PULSE_SERVER"]
+        self.environment = {"PULSE_SERVER": self.address}    # of who is to play there
+        surroundings = {**os.environ, "XDG_RUNTIME_DIR": str(folder), "HOME": str(folder)}
+        surroundings.pop("PULSE_SERVER", None)
         self.log = open(folder / "journal", "w", encoding="utf-8")
         self.server = subprocess.Popen(
             ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disallow-exit",
@@ -106,6 +107,11 @@ class SoundServer:
             return last > since and looked - last >= rest * STEP
         self.wait(found, what)
         return last
+
+    def quiet(self, what, silence=1.0):
+        """Waits until nothing has sounded for so many seconds."""
+        rest = int(silence * RATE)
+        self.wait(lambda: (now := self.frames()) > rest and self.loudness(now - rest, now) == 0, what)
 
     def pitch(self, middle, low=180.0, high=1700.0, length=0.06):
         """The strongest pitch around that moment, in hertz."""

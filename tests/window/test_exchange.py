@@ -1,11 +1,12 @@
 """What a blind user hears when a table in the clipboard becomes lines of the sheet, and when the sheet is written as
-a page: the question once with what was found, and one message each."""
+a page: the question once with what was found, and one message each. Its data go out as they came in."""
 import sys
 
 from hearing import run_parts
-from pilot import expect, name_line, same
+from pilot import expect, name_line, same, wait
 
 QUESTION = ("Presse-papiers, ou réponse vide pour un fichier : 3 lignes, 2 colonnes, virgule décimale : colonnes 1 x, 2 y")
+WHICH = "1 STATXY, ligne 2. Numéro, puis virgule ou point"
 LINES = "! x, y\nSTATXY\n1.5,2,4\n2,3,5\n"
 
 
@@ -41,4 +42,29 @@ def exported(p, h):
     expect(page.read_text(encoding="utf-8").startswith("<!DOCTYPE html>"), "a page")
 
 
-run_parts(*sys.argv[1:3], (imported, exported))
+def ask_which(p, h):
+    """The command has no key: its menu, its letter."""
+    p.key("Alt+T")
+    wait(p.open_menu, "the menu Outils")
+    h.reader.heard()
+    h.hear_box("d", WHICH, row="Outils")
+
+
+def data_out(p, h):
+    """The menu's command asks once what goes out, then where; one message tells what was written."""
+    before = p.sheet()
+    file = p.folder / "mesures.csv"
+    ask_which(p, h)
+    h.hear_back("Échap", "! x, y", row="Exporter les données")
+    ask_which(p, h)
+    p.wait_entry(WHICH, "1 virgule")
+    p.key("Entrée")
+    dialog = p.wait_dialog("file chooser")
+    wait(lambda: name_line(p, dialog), "the line for its name")
+    h.answer(str(file))
+    h.hear_back("Entrée", "! x, y", "données exportées : mesures.csv, lignes : 3, colonnes : 2", row="Enregistrer sous")
+    same(p.sheet(), before, "the sheet")
+    same(file.read_text(encoding="utf-8-sig"), "x;y\n1,5;2\n2;3\n4;5\n", "the file")
+
+
+run_parts(*sys.argv[1:3], (imported, exported, data_out))

@@ -6,7 +6,8 @@ import sys
 import time
 
 from hearing import line_of_cursor, messages
-from pilot import DEGREE, GRADE, LIMIT, RADIAN, TXT, expect, run
+from pilot import DEGREE, GRADE, LIMIT, RADIAN, TXT, expect, run, wait
+from sound_server import SoundServer
 from stand_in import Reader
 
 BUILD, PLACE = sys.argv[1:3]
@@ -76,7 +77,7 @@ def the_list(p):
     rows = steps()
     expect([number for number, *_ in rows] == list(range(1, len(rows) + 1)), "the steps are numbered in turn")
     expect(all(texts or "no message" in heard for _, _, texts, heard in rows), "each step has one thing to hear")
-    p.start()
+    p.start(environment=SERVER.environment)
     messages(p)
     with Reader(p, BUILD, "witness"):       # the name of the message line has its "&" there
         for number, keys, texts, heard in rows:
@@ -84,4 +85,5 @@ def the_list(p):
                 walk(p, number, keys, texts, heard)
 
 
+SERVER = SoundServer(PLACE, wait)
 run([the_list], BUILD, PLACE)

@@ -381,6 +381,7 @@ void InversionMatrice() noexcept {
         // No error: the matrix goes on as it is, and an assignment copies it. Kept: see the oddities,
         // singular-inverse.
         Tente(kInversion, [] { note_texte_erreur(std::string("déterminant nul"_fr)); });
+        note_sans_inverse();
         return;
     }
     Tente(kInversion, [&] { inverse(travail, travail.lignes(), e); });

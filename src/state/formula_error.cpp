@@ -126,6 +126,10 @@ void place_faute_a_l_appel() noexcept {
 
 void note_texte_erreur(std::string texte) noexcept { moteur.l_texte_erreur = std::move(texte); }
 
+void note_sans_inverse() noexcept {
+    if (moteur.releve != nullptr) moteur.releve->traits |= kTraitSansInverse;
+}
+
 void marque_defaillance() noexcept {
     moteur.erreur_formule = true;
     note_faute_calcul(boites_de_passe.derniere);

@@ -44,6 +44,9 @@ void place_faute_a_l_appel() noexcept;
 // Notes the words of an error without saying them.
 void note_texte_erreur(std::string texte) noexcept;
 
+// Notes for the record of the reading that a matrix was to be inverted that has no inverse.
+void note_sans_inverse() noexcept;
+
 // Marks the formula as failed by a failure of the arithmetic: the box that was shown is the words of its fault.
 void marque_defaillance() noexcept;
 

@@ -54,7 +54,8 @@ enum TraitLecture : std::uint32_t {
     kTraitNon = 256,            // NOT
     kTraitBits = 512,           // AND, OR or XOR
     kTraitPourcent = 1024,      // a percentage
-    kTraitHexa = 2048           // a hexadecimal literal with a character that is no digit and counts as 0
+    kTraitHexa = 2048,          // a hexadecimal literal with a character that is no digit and counts as 0
+    kTraitSansInverse = 4096    // INVMAT of a matrix whose determinant is 0
 };
 
 struct Releve {

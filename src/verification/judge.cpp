@@ -33,11 +33,15 @@ struct Endroit {
 
 Endroit endroit_de(const LigneObservee& o) { return {o.numero, o.numero_ecrit, o.retrait}; }
 
-// Adds a finding at `place` of what is judged there, from 0.
+// A finding at `place` of what is judged there, from 0.
+Constat constat(const Endroit& e, GenreConstat genre, std::size_t place, std::string_view morceau) {
+    return {.genre = genre, .ligne = e.numero, .ligne_ecrite = e.numero_ecrit,
+            .colonne = static_cast<int>(e.retrait + place + 1), .morceau = std::string(morceau),
+            .lu = {}, .valeur = {}, .propose = {}};
+}
+
 Constat& ajoute_constat(Jugement& j, const Endroit& e, GenreConstat genre, std::size_t place, std::string_view morceau) {
-    j.constats.push_back({.genre = genre, .ligne = e.numero, .ligne_ecrite = e.numero_ecrit,
-                          .colonne = static_cast<int>(e.retrait + place + 1), .morceau = std::string(morceau),
-                          .lu = {}, .valeur = {}, .propose = {}});
+    j.constats.push_back(constat(e, genre, place, morceau));
     return j.constats.back();
 }
 
@@ -66,12 +70,11 @@ bool arbre_simple(const Releve& r) {
         if (n.genre == GenreNoeud::puissance && ++puissances > 1) return false;
         if (n.genre == GenreNoeud::moins_unaire && r.a(kTraitPuissance)) return false;
         if (i == 0) {
-            pi = n.genre == GenreNoeud::appel && n.numero == kPi;
+            pi = est_pi(n);
             continue;
         }
         if (est_pourcentage(n) && est_terme(r.noeuds[i - 1])) return false;
-        if (n.genre != GenreNoeud::appel) continue;
-        pi |= n.numero == kPi;
+        pi |= est_pi(n);
         angle |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, false);
         angle_de_pi |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, true);
     }
@@ -87,19 +90,28 @@ bool sans_histoire(const Releve& r, std::string_view lue) {
     return !r.a(kTraitAppel | kTraitPuissance | kTraitPourcent) || arbre_simple(r);
 }
 
-// Notes a letter or a matrix without a value, for the end of the sheet.
+// Who has a value now.
+ValeursConnues valeurs_connues() {
+    return {moteur.variable_definie, moteur.matrice_definie, !moteur.nom_fonction.empty()};
+}
+
+bool est_connue(const ValeursConnues& v, int lettre) {
+    if (lettre == 0) return v.fonction;
+    return lettre > 0 ? v.lettres[static_cast<std::size_t>(lettre)] : v.matrices[static_cast<std::size_t>(-lettre)];
+}
+
+// Notes a letter, a matrix or the user function without a value, for the end of the sheet.
 void note_trop_tot(Jugement& j, const Endroit& e, const Lue& lue) {
     constexpr std::string_view kVariable = "variable "_fr, kMatrice = "matrice M"_fr, kNonDefinie = " non définie"_fr;
     const std::string_view mots = lue.releve.mots_faute;
-    const bool matrice = mots.starts_with(kMatrice);
+    const bool matrice = mots.starts_with(kMatrice), fonction = mots == "Fonction inconnue"_fr;
     const std::string_view tete = matrice ? kMatrice : kVariable;
-    if (!mots.starts_with(tete) || mots.substr(std::min(mots.size(), tete.size() + 1)) != kNonDefinie) return;
-    const int rang = rang_lettre(mots[tete.size()]);
-    const std::size_t place = lue.place(lue.releve.faute - 1);
-    Constat c{.genre = GenreConstat::lettre_plus_bas, .ligne = e.numero, .ligne_ecrite = e.numero_ecrit,
-              .colonne = static_cast<int>(e.retrait + place + 1), .morceau = std::string(lue.tapee),
-              .lu = (matrice ? "M" : "") + std::string(1, mots[tete.size()]), .valeur = {}, .propose = {}};
+    if (!fonction && (!mots.starts_with(tete) || mots.substr(std::min(mots.size(), tete.size() + 1)) != kNonDefinie)) return;
+    Constat c = constat(e, GenreConstat::lettre_plus_bas, lue.place(lue.releve.faute - 1), lue.tapee);
+    c.lu = fonction ? std::string("FON") : (matrice ? "M" : "") + std::string(1, mots[tete.size()]);
+    const int rang = fonction ? 0 : rang_lettre(mots[tete.size()]);
     j.trop_tot.push_back({std::move(c), matrice ? -rang : rang});
+    j.valeurs = valeurs_connues();
 }
 
 // True for a formula that evaluates without a problem.
@@ -112,13 +124,16 @@ bool se_lit(std::string_view texte) {
 // Judges a formula that was read; `valeur` is what it gave.
 bool juge_formule(Jugement& j, const Endroit& e, const Lue& lue, double valeur, bool propose = true) {
     if (!lue.erreur && sans_histoire(lue.releve, lue.formule)) return false;
-    const std::optional<Probleme> p = premier_probleme(lue);
-    if (p) {
-        Constat& c = ajoute_constat(j, e, p->genre, p->place, lue.tapee);
-        c.lu = partie_lue(lue);
-        c.valeur = texte_general(valeur);
-        if (propose) c.propose = formule_proposee(lue.tapee, *p);
-        return true;
+    if (const std::optional<Probleme> p = premier_probleme(lue)) {
+        const std::string proposee = propose ? formule_proposee(lue.tapee, *p) : std::string();
+        // A notation that isn't understood is told where another one would be.
+        if (p->genre != GenreConstat::ecriture || !propose || !proposee.empty()) {
+            Constat& c = ajoute_constat(j, e, p->genre, p->place, lue.tapee);
+            c.lu = partie_lue(lue);
+            c.valeur = texte_general(valeur);
+            c.propose = proposee;
+            return true;
+        }
     }
     if (lue.erreur) note_trop_tot(j, e, lue);
     bool trouve = false;
@@ -186,7 +201,16 @@ void juge_rangee(Jugement& j, const LigneObservee& o) {
     };
     j.bloc_refuse = o.erreur;
     const std::ptrdiff_t trouves = elements(o.formule), voulus = definition_de_matrice.definition_colonnes;
-    if (!o.erreur) return juge_elements(j, endroit_de(o), o.formule);
+    if (!o.erreur) {
+        if (!j.rangee) j.rangee = constat(endroit_de(o), GenreConstat::premiere_rangee, o.formule.find(','), o.formule);
+        return juge_elements(j, endroit_de(o), o.formule);
+    }
+    if (trouves < voulus && j.rangee) {
+        j.rangee->lu = o.formule;
+        j.rangee->valeur = chiffres(voulus);
+        j.constats.push_back(std::move(*j.rangee));
+        j.rangee.reset();
+    }
     if (trouves <= voulus) return;
     Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::colonnes_en_trop, o.formule.find(','), o.formule);
     c.lu = chiffres(voulus);
@@ -250,6 +274,9 @@ void juge_statistiques(Jugement& j, const LigneObservee& o) {
     juge_effectifs(j, o);
     if (j.constats.size() == avant || gravite(j.constats.back().genre) == Gravite::a_savoir)
         juge_formule(j, endroit_de(o), lue, o.valeur, false);
+    if (o.erreur || capitales(o.formule).find(kMotStatXY.mot) != npos) return;
+    if (j.statx) ajoute_constat(j, endroit_de(o), GenreConstat::second_statx, 0, o.formule);
+    j.statx = true;
 }
 
 // True when what stands behind a "!" goes on with the formula. A comment begins with a word, and behind a blank
@@ -335,12 +362,16 @@ void juge_calculee(Jugement& j, const LigneObservee& o) {
     if (!o.erreur && j.constats.size() == avant && !o.lue.empty()) juge_valeur(j, o);
 }
 
-// Gives the letters and matrices that waited their line below.
-void note_affectation(Jugement& j, int lettre, int ligne) {
-    if (lettre == 0) return;
+// Gives what waited its line below: the one that has just given it a value.
+void note_valeurs(Jugement& j, const LigneObservee& o, int ligne) {
+    if (j.trop_tot.empty()) return;
+    const ValeursConnues avant = std::exchange(j.valeurs, valeurs_connues());
+    if (o.erreur || o.role == RoleLigne::fonction_de_table) return;   // the values of a table are its own
+    const int affectee = o.role == RoleLigne::formule ? observation->releve.affectee : 0;   // a failed line may have left one too
     for (LectureTropTot& l : j.trop_tot) {
-        if (l.lettre != lettre || !l.constat.valeur.empty()) continue;
-        l.constat.valeur = chiffres(ligne);
+        const bool neuve = !est_connue(avant, l.lettre) && est_connue(j.valeurs, l.lettre);
+        if (l.constat.valeur.empty() && l.constat.ligne < ligne && (neuve || (affectee != 0 && affectee == l.lettre)))
+            l.constat.valeur = chiffres(ligne);
     }
 }
 
@@ -424,9 +455,8 @@ void juge_fonction(Jugement& j, const LigneObservee& o) {
 void note_definition(Jugement& j, const LigneObservee& o) {
     if (o.role == RoleLigne::fermante) j.ouverte.reset();
     if (o.role != RoleLigne::entete_matrice && o.role != RoleLigne::entete_donnees) return;
-    j.ouverte = Constat{.genre = GenreConstat::definition_ouverte, .ligne = o.numero, .ligne_ecrite = o.numero_ecrit,
-                        .colonne = static_cast<int>(o.retrait + 1), .morceau = std::string(o.formule), .lu = {},
-                        .valeur = {}, .propose = {}};
+    j.rangee.reset();
+    j.ouverte = constat(endroit_de(o), GenreConstat::definition_ouverte, 0, o.formule);
 }
 
 // A list has its values between commas.
@@ -475,16 +505,16 @@ bool est_sans_histoire(const Jugement& j, const LigneObservee& o) {
 void juge_ligne(Jugement& jugement, const LigneObservee& o) {
     if (est_sans_histoire(jugement, o)) return;
     if (o.role != RoleLigne::fonction_de_table) juge_entete_seul(jugement);
+    const int ligne = o.role == RoleLigne::fermante && jugement.ouverte ? jugement.ouverte->ligne : o.numero;
     note_definition(jugement, o);
     if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;
-    if (jugement.bloc_refuse) return;
-    juge_selon_role(jugement, o);
-    if (o.role != RoleLigne::formule) return;
+    if (!jugement.bloc_refuse) juge_selon_role(jugement, o);
+    note_valeurs(jugement, o, ligne);
+    if (o.role != RoleLigne::formule || jugement.bloc_refuse) return;
     // What stands below a definition that was refused is no formula.
     if (o.erreur && (capitales(o.formule).find(kDefM.mot) != npos || capitales(o.formule).find(kMotStatX.mot) != npos))
         jugement.bloc_refuse = true;
     if (o.ligne.size() != o.formule.size()) juge_commentaire(jugement, o);
-    if (!jugement.trop_tot.empty() && !o.erreur) note_affectation(jugement, observation->releve.affectee, o.numero);
 }
 
 void acheve_jugement(Jugement& jugement) {

@@ -2,6 +2,7 @@
 // that it is given.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -22,14 +23,24 @@ struct EnteteJuge {
 // A letter or matrix that was read before it had a value.
 struct LectureTropTot {
     Constat constat;
-    int lettre = 0;              // as Releve::affectee
+    int lettre = 0;              // 1 to 26, -1 to -10 a matrix, 0 the user function
+};
+
+// Who has a value.
+struct ValeursConnues {
+    std::array<bool, 27> lettres{};
+    std::array<bool, 11> matrices{};
+    bool fonction = false;
 };
 
 struct Jugement {
     std::vector<Constat> constats;
     EnteteJuge entete;
     std::vector<LectureTropTot> trop_tot;
+    ValeursConnues valeurs;      // behind the last line, as long as something was read too early
     std::optional<Constat> ouverte;   // the heading of a definition that nothing has closed yet
+    std::optional<Constat> rangee;    // the first row of the matrix that is open, as it is found when it is too long
+    bool statx = false;          // a call of statistics has given its results
     bool bloc_refuse = false;    // a row was refused: what stands below it, to the end of the block, is no formula
 };
 

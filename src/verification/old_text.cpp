@@ -7,6 +7,7 @@
 #include "base/codepage.hpp"
 #include "engine/reading.hpp"
 #include "sheet/old_blocks.hpp"
+#include "state/matrices.hpp"
 #include "verification/problem.hpp"
 
 namespace {
@@ -69,7 +70,8 @@ bool est_mot(std::string_view texte) {
 
 std::string affectation_voulue(std::string_view mot, std::string_view queue) {
     const std::string_view valeur = sans_blancs(queue.substr(queue.find('=') + 1));
-    std::string texte = std::string(mot.substr(0, 1)) + "=" + std::string(valeur);
+    const bool matrice = mot.size() == 2 && capitale(mot[0]) == 'M' && TestCarMatrice(capitales(mot.substr(1)));
+    std::string texte = std::string(mot.substr(0, matrice ? 2 : 1)) + "=" + std::string(valeur);
     const FormuleRelevee lue = lit_formule(texte);
     const bool lisible = !lue.erreur && !premier_probleme({texte, lue.formule, lue.releve, false, places_dans_le_texte(texte, lue.formule)});
     return lisible ? texte : std::string();
@@ -120,6 +122,8 @@ TexteEfface texte_efface(const LigneObservee& o) {
     const std::size_t fin = encore ? o.resultat.size() : fin_du_resultat(queue);
     if (fin == npos) return tape(o, queue);
     const std::string_view reste = sans_blancs(queue.substr(fin));
+    // "A = 1 + 1" goes on calculating behind what could be a result of a word alone.
+    if (!encore && est_mot(o.ligne) && reste.find_first_of("+-*/^") == 0) return tape(o, queue);
     if (!reste.empty())
         return {.genre = GenreConstat::texte_efface, .place = static_cast<std::size_t>(reste.data() - o.entiere.data()),
                 .morceau = std::string(reste), .propose = {}};

@@ -26,7 +26,8 @@ bool est_resultat_de(const LigneObservee& o);
 // True for letters alone, at least one.
 bool est_mot(std::string_view texte);
 
-// The assignment to the first letter of `mot` that `queue`, which begins with "=", was meant for; "" when it
+// The assignment to the first letter of `mot`, or to the matrix of that name, that `queue`, which begins with "=", was
+// meant for; "" when it
 // doesn't evaluate.
 std::string affectation_voulue(std::string_view mot, std::string_view queue);
 

@@ -6,6 +6,7 @@
 
 #include "base/codepage.hpp"
 #include "engine/reading.hpp"
+#include "functions/table.hpp"
 
 namespace {
 
@@ -238,6 +239,38 @@ std::optional<Probleme> exposant_cache(const Lue& lue) {
     return {};
 }
 
+// "10 000" in brackets: the blank in front of three figures.
+std::optional<Probleme> milliers_en_faute(std::string_view tapee, std::size_t place) {
+    if (place == 0 || tapee[place - 1] != ' ' || !est_chiffre(devant(tapee, place))) return {};
+    const std::string_view suite = tapee.substr(place);
+    if (std::min(suite.find_first_not_of("0123456789"), suite.size()) != 3) return {};
+    std::size_t blanc = place;
+    while (tapee[blanc - 1] == ' ') --blanc;
+    return Probleme{.genre = GenreConstat::ecriture, .place = blanc, .longueur = place - blanc, .corrigible = true};
+}
+
+// A name that was refused, with a sign of another notation in it ("A:4"), or a function behind a letter ("XSIN").
+std::optional<Probleme> nom_refuse(const Lue& lue, std::size_t place) {
+    if (lue.releve.mots_faute != "variable non reconnue"_fr) return {};
+    const std::size_t fin = std::min(lue.place(lue.releve.faute_fin), lue.tapee.size());
+    for (std::size_t i = place; i < fin; ++i) {
+        const SigneConnu* const connu = signe_connu(lue.tapee[i]);
+        if (connu != nullptr && !connu->entre_chiffres && !connu->remplace.empty())
+            return Probleme{.genre = GenreConstat::ecriture, .place = i, .longueur = 1, .correction = std::string(connu->remplace), .corrigible = true};
+    }
+    const std::string nom = capitales(lue.tapee.substr(place, fin - place));
+    if (nom.size() < 3 || fonction_nommee(std::string_view(nom).substr(1)) == kAucuneFonction) return {};
+    return Probleme{.genre = GenreConstat::ecriture, .place = place + 1, .correction = "*", .corrigible = true};
+}
+
+// "MC =MA+MB": a blank takes the "=" from the name of a matrix.
+std::optional<Probleme> egal_de_matrice(const Lue& lue) {
+    const std::size_t egal = saute_blancs(lue.tapee, 2);
+    const bool matrice = lue.formule.size() > 2 && lue.formule[0] == 'M' && lue.formule[1] >= 'A' && lue.formule[1] <= 'J';
+    if (!matrice || egal == 2 || caractere(lue.tapee, egal) != '=' || lue.releve.faute != 1) return {};
+    return Probleme{.genre = GenreConstat::ecriture, .place = 2, .longueur = egal - 2, .corrigible = true};
+}
+
 // Where the reader stood at its first report, when it is known what was meant there.
 std::optional<Probleme> faute_connue(const Lue& lue) {
     if (!lue.erreur || lue.releve.faute == 0) return {};
@@ -252,7 +285,10 @@ std::optional<Probleme> faute_connue(const Lue& lue) {
         return Probleme{.genre = GenreConstat::point_seul, .place = place, .correction = "0", .corrigible = true};
     if (c == '%') return pourcentage_non_lu(lue.tapee, place);
     if (c == '+' || c == '-') return signe_derriere(lue, place);
+    if (est_chiffre(c)) return milliers_en_faute(lue.tapee, place);
     if (auto p = lettre_derriere_nombre(lue, place)) return p;
+    if (auto p = egal_de_matrice(lue)) return p;
+    if (auto p = nom_refuse(lue, place)) return p;
     if (!est_chiffre(c) && !est_lettre(capitale(c)) && c != '$' && signe_connu(c) != nullptr) return probleme_signe(lue.tapee, place);
     return {};
 }
@@ -273,6 +309,12 @@ std::optional<Probleme> detour(const Lue& lue) {
         return Probleme{.genre = r.a(kTraitSommePerdue) ? GenreConstat::somme_perdue : GenreConstat::argument_perdu,
                         .place = place(appel == r.noeuds.end() ? r.perdue : appel->debut)};
     }
+    if (r.a(kTraitSansInverse)) {
+        const auto appel = std::ranges::find_if(r.noeuds, [](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kInvMat; });
+        return Probleme{.genre = GenreConstat::matrice_sans_inverse, .place = appel == r.noeuds.end() ? 0 : place(appel->debut)};
+    }
+    if (r.noeuds.size() == 1 && r.noeuds[0].genre == GenreNoeud::matrice && !lue.erreur)
+        return Probleme{.genre = GenreConstat::matrice_seule, .correction = lue.formule[1] == 'J' ? "MI=" : "MJ=", .corrigible = true};
     if (r.faute != 0 && !lue.erreur) return Probleme{.genre = GenreConstat::erreur_effacee, .place = place(r.faute)};
     return {};
 }

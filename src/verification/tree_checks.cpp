@@ -10,6 +10,7 @@
 #include "base/number.hpp"
 #include "functions/table.hpp"
 #include "state/modes.hpp"
+#include "state/variables.hpp"
 
 namespace {
 
@@ -37,6 +38,12 @@ std::string texte_de(const Lue& lue, const Noeud& n) {
 bool est_matrice(const Noeud& n) {
     if (n.genre == GenreNoeud::matrice) return true;
     return n.sorte != SorteCalcul::nombres && n.genre != GenreNoeud::egale;
+}
+
+// A multiple of a twenty-fourth of pi, up to four turns: no angle in degrees comes so close to one by chance.
+bool est_fraction_de_pi(double x) {
+    const double parts = x * 24 / pi_valeur();
+    return parts > 0.5 && parts < 200 && std::fabs(parts - std::round(parts)) < 1e-9;
 }
 
 // Looks at one formula; adds what it finds.
@@ -124,12 +131,16 @@ private:
             ajoute(GenreConstat::matrice_et_nombre, n.signe, "");
     }
 
-    // PI stands somewhere in a node: its own part begins with the first operand of its first child.
+    // PI stands somewhere in a node, whose part begins with the first operand of its first child; not as a divisor,
+    // which makes degrees of radians, and 3.14 not alone.
     bool contient_pi(std::size_t i) const {
         std::size_t debut = i;
         while (premiers_[debut] != debut) debut = premiers_[debut];
-        return std::any_of(noeuds_.begin() + static_cast<std::ptrdiff_t>(debut), noeuds_.begin() + static_cast<std::ptrdiff_t>(i),
-                           [&](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kPi; });
+        for (std::size_t k = debut; k < i; ++k) {
+            const bool seul = debut + 1 == i && noeuds_[k].valeur == 3.14;
+            if (est_pi(noeuds_[k]) && noeuds_[k + 1].genre != GenreNoeud::divise && !seul) return true;
+        }
+        return false;
     }
 
     // Trigonometry of a number that is usual in another unit.
@@ -162,11 +173,16 @@ bool est_angle(const Noeud& n) {
     return n.genre == GenreNoeud::appel && (n.numero == kSin || n.numero == kCos || n.numero == kTan) && n.arite == 1;
 }
 
+bool est_pi(const Noeud& n) {
+    if (n.genre == GenreNoeud::appel) return n.numero == kPi;
+    return n.genre == GenreNoeud::nombre && (n.valeur == 3.14 || (n.valeur >= 3.1415 && n.valeur <= 3.1416));
+}
+
 bool angle_suspect(double argument, bool contient_pi) {
-    if (modes.unite_angle == 1) return contient_pi;
     const double x = std::fabs(argument);
     const bool radian = modes.unite_angle == 2;
-    if (contient_pi) return !radian;
+    if (!radian && (contient_pi || est_fraction_de_pi(x))) return true;
+    if (modes.unite_angle == 1 || contient_pi) return false;
     return x >= 15 && x <= 720 && std::fmod(x, 15) == 0 && (radian || std::fmod(x, 10) != 0);
 }
 

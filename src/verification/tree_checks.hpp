@@ -26,5 +26,8 @@ bool est_terme(const Noeud& n);
 bool est_angle(const Noeud& n);
 bool angle_suspect(double argument, bool contient_pi);
 
+// PI, or a number that somebody writes for it.
+bool est_pi(const Noeud& n);
+
 // The findings of the tree, in the order of the nodes; `valeur` is what the formula gave.
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur);

@@ -31,7 +31,7 @@ bool evenement_pression(std::string_view controle, const FrappeTouche& frappe);
 // The last of these: the control takes the press. True when a command ran.
 bool evenement_enfonce(std::string_view controle, const FrappeTouche& frappe);
 void evenement_fin_de_son(bool joue);                 // a sound has ended, or there is no device to play it
-void evenement_lecture_seule();                       // a character in a text that can't be written
+void evenement_lecture_seule();                       // a key that would write, in a text to be read
 void evenement_avant_changement();                    // the user is about to change the text
 void evenement_texte_change();                        // the user has changed it, by a key or without one
 // What is to be said of what was typed or pasted, in UTF-8: nothing when it is "". A refusal beeps.

@@ -102,6 +102,14 @@ bool touche_reservee(const FrappeTouche& f) {
     return commande_relachee(f) != nullptr;
 }
 
+bool ecrirait(const FrappeTouche& frappe, int caractere) {
+    const bool supprime = frappe.touche == kToucheSuppr || frappe.touche == kToucheArriere;
+    if (frappe.ctrl && !frappe.alt) return supprime || frappe.touche == 'V' || frappe.touche == 'X';
+    if (frappe.alt && !frappe.ctrl) return false;
+    const bool colle = frappe.maj && frappe.touche == kToucheInser;
+    return caractere >= ' ' || supprime || colle || frappe.touche == kToucheEntree;
+}
+
 void touche_texte(const FrappeTouche& frappe) {
     const auto place = place_de(frappe.touche);
     const ToucheTenue tenue =

@@ -28,6 +28,9 @@ void oublie_touches();               // the window has lost the keyboard
 
 // A key whose command comes on its release: its press must neither type nor move anything.
 bool touche_reservee(const FrappeTouche& frappe);
+// A key that would change the text it goes to: `caractere`, which is 0 for none, a line end, a deletion, cutting and
+// pasting.
+bool ecrirait(const FrappeTouche& frappe, int caractere);
 // A key of the text comes up and runs its command, once for one press: a modifier counts that was held
 // as the key went down or as it came up.
 void touche_texte(const FrappeTouche& frappe);

@@ -190,3 +190,19 @@ TEST_CASE("keys: each character in the text marks the sheet, Escape and key help
         CHECK(differences(avant, prend_instantane()) == Textes{});
     }
 }
+
+TEST_CASE("keys: which keys would write in a text") {
+    const FrappeTouche lettre{'S', false, false, false}, alt_gr{'S', false, true, true};
+    CHECK(ecrirait(lettre, 's'));
+    CHECK(ecrirait({kToucheAutre, false, false, false}, ' '));
+    CHECK(ecrirait(alt_gr, '$'));
+    for (const int touche : std::initializer_list<int>{kToucheEntree, kToucheSuppr, kToucheArriere})
+        CHECK(ecrirait({touche, false, false, false}, 0));
+    for (const int touche : std::initializer_list<int>{'V', 'X', kToucheSuppr, kToucheArriere})
+        CHECK(ecrirait({touche, false, true, false}, 0));
+    CHECK(ecrirait({kToucheInser, true, false, false}, 0));
+    for (const FrappeTouche& frappe : {FrappeTouche{'C', false, true, false}, {kToucheInser, false, true, false},
+                                       {kToucheEntree, false, true, false}, {kToucheBas, false, false, false},
+                                       {kToucheTab, false, false, false}, {'C', false, false, true}, alt_gr})
+        CHECK_FALSE(ecrirait(frappe, 0));
+}

@@ -47,11 +47,14 @@ def corrected(p, h):
 
 
 def functions(p, h):
-    """A letter reads the next function that begins with it, Enter writes it into the sheet."""
+    """A letter reads the next function that begins with it, a key that would write is answered, Enter writes the
+    function into the sheet."""
     lines = (p.folder / "data" / "fonction.txt").read_text(encoding="utf-8").splitlines()
     h.hear("Alt+F1", "lecture seule", lines[0])
     for line in [one for one in lines if one.startswith("SQR")][:2]:
         h.hear("S", line, row="Liste des fonctions")
+    for key in ("7", "Suppr", "Ctrl+V"):
+        h.hear(key, "lecture seule", row="Liste des fonctions")
     p.key("Entrée")
     p.wait_sheet("A=3 = 3\n2+A = 5\n12345678 = 12345678\n12345678\n3\n5\n12345678SQRT(")
     h.hear("Ctrl+D", "12345678SQRT(")

@@ -30,15 +30,18 @@ class Reader:
         self.marks = 0
         self.pipe = place / f"{name}.marks"
         os.mkfifo(self.pipe)
-        output = place / f"{name}.out"
-        with open(output, "w", encoding="utf-8") as out:
+        self.output = place / f"{name}.out"
+        with open(self.output, "w", encoding="utf-8") as out:
             self.process = subprocess.Popen([sys.executable, __file__, str(self.log), str(self.pipe),
                                              *([str(flash)] if flash else [])],
                                             stdout=out, stderr=out)
         self.to_marks = open(self.pipe, "w", encoding="utf-8")
         self.settle()
         if not self.heard().speech:     # it greets, in the language of its surroundings
-            raise RuntimeError("Orca says nothing: " + output.read_text(encoding="utf-8")[-2000:])
+            raise RuntimeError("Orca says nothing: " + self.last_output())
+
+    def last_output(self):
+        return self.output.read_text(encoding="utf-8", errors="replace")[-2000:]
 
     def lines(self):
         """The whole lines of the log; what was read of it isn't read again."""
@@ -65,7 +68,7 @@ class Reader:
                 if line == mark:
                     return number
             if self.process.poll() is not None:
-                raise RuntimeError("Orca has ended")
+                raise RuntimeError(f"Orca has ended with status {self.process.returncode}: {self.last_output()}")
             time.sleep(0.02)
         raise RuntimeError(f"Orca has not come to rest within {LIMIT} s")
 

@@ -1,7 +1,9 @@
 """The display of a test: key presses as a keyboard makes them, which window has the keyboard, and the
 colours that can be seen. A key is sent only to a window of the program, and `answered` tells when the
 program has dealt with all that was sent to it, so no test has to guess how long that takes."""
+import collections
 import select
+import struct
 import sys
 import threading
 import time
@@ -191,10 +193,9 @@ class Screen:
     def colours(self, window, x, y, width, height):
         """How often each colour is seen in a part of a window, (red, green, blue) by number."""
         image = window.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF)
-        seen = {}
-        for i in range(0, len(image.data), 4):
-            blue, green, red = image.data[i:i + 3]
-            seen[(red, green, blue)] = seen.get((red, green, blue), 0) + 1
+        seen = collections.Counter()
+        for pixel, times in collections.Counter(struct.unpack(f"<{len(image.data) // 4}I", image.data)).items():
+            seen[pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255] += times
         return seen
 
 

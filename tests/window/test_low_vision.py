@@ -60,7 +60,7 @@ def pixels(p, node, around=0, part=1.0):
     left, top = max(box.x - around + int(box.width * (1 - part)), 0), max(box.y - around, 0)
     right, bottom = min(box.x + box.width + around, 1024), min(box.y + box.height + around, 768)
     image = p.screen.root.get_image(left, top, right - left, bottom - top, X.ZPixmap, 0xFFFFFFFF)
-    return [(image.data[i + 2], image.data[i + 1], image.data[i]) for i in range(0, len(image.data), 4)]
+    return list(zip(image.data[2::4], image.data[1::4], image.data[0::4]))
 
 
 def colours_of(p, node, part=1.0):

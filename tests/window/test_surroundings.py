@@ -4,7 +4,7 @@ import shutil
 import subprocess
 import sys
 
-from pilot import LeftOut, Atspi, expect, run, same, wait, wait_same
+from pilot import LeftOut, Atspi, accepts, expect, name_line, run, same, text_of, wait, wait_same
 from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
@@ -106,6 +106,50 @@ def full_disk(p):
     same((disk / "essai.bak").read_bytes(), b"A=1\r\n", "backup")
 
 
+def export_page(p, page):
+    """Ctrl+H, and the page's name over the one that is proposed."""
+    p.key("Ctrl+H")
+    dialog = p.wait_dialog("file chooser")
+    wait(lambda: name_line(p, dialog), "the line for the name")
+    p.key("Ctrl+A")
+    p.type(str(page))
+    wait_same(lambda: text_of(name_line(p, dialog)), str(page), "the name in its line")
+    wait(lambda: accepts(dialog), "the button that accepts the name")
+    p.key("Entrée")
+
+
+def page_without_room(p):
+    """A page that finds no room, or may not be written, is told; the page from before stays whole, nothing is left
+    beside it, and the next try succeeds."""
+    disk = mounted(p.folder / "disque", "size=64k")
+    page = disk / "devoir.html"
+    page.write_text("ancienne", encoding="utf-8")
+    p.start()
+    p.type("2+3")
+    plug = fill(disk)
+    before = sorted(f.name for f in disk.iterdir())
+    for hinder, free in ((lambda: None, plug.unlink),
+                         (lambda: subprocess.run(["mount", "-o", "remount,ro", str(disk)], check=True),
+                          lambda: subprocess.run(["mount", "-o", "remount,rw", str(disk)], check=True))):
+        hinder()
+        export_page(p, page)
+        p.wait_box("devoir.html existe déjà, le remplacer ?")
+        p.key("Alt+O")
+        p.wait_message("rien n'est exporté : le fichier ne peut pas être écrit")
+        p.wait_text()
+        same((page.read_text(encoding="utf-8"), p.sheet()), ("ancienne", "2+3"), "page and sheet")
+        same(sorted(f.name for f in disk.iterdir()), before, "files of the disk")
+        free()
+        before = ["devoir.html"]
+        p.key("Ctrl+G")
+        p.wait_message("colonne 4 ligne 1")
+    export_page(p, page)
+    p.wait_box("devoir.html existe déjà, le remplacer ?")
+    p.key("Alt+O")
+    p.wait_message("page exportée : devoir.html, avec les résultats d'un nouveau calcul")
+    expect(page.read_text(encoding="utf-8").startswith("<!DOCTYPE html>"), "no page")
+
+
 def full_disk_of_the_program(p):
     """No room for a working copy: it is told, and the sheet stays where it is."""
     folder = mounted(p.folder / "plein", "size=64m")
@@ -185,6 +229,6 @@ def forty_megabytes(p):
     expect((p.folder / "grand.bak").read_bytes() == before, "the backup isn't what it should be")
 
 
-run([no_display, no_accessibility_bus, read_only_program_folder, full_disk, full_disk_of_the_program,
+run([no_display, no_accessibility_bus, read_only_program_folder, full_disk, page_without_room, full_disk_of_the_program,
      a_folder_with_the_name_of_the_sheet, a_folder_on_the_command_line, missing_printer,
      forty_megabytes], BINARY, PLACE)

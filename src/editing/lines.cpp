@@ -105,7 +105,7 @@ void SurNumero(std::int32_t numero) {
     if (debut > 0) port.texte.pose_selection(debut - 1, 0);
 }
 
-void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
+void LireLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
                bool& trouve) {
     const std::size_t longueur = texte.size();
     trouve = position <= longueur;

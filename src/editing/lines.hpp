@@ -42,7 +42,7 @@ void SurNumero(std::int32_t numero);
 // Looks at the line at `position` of `texte` and moves `position` past its line end. `fin` is true on
 // the last line only; a text that closes with a line end has one more, empty, last line. `trouve` is
 // false past the end.
-void VoirLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
+void LireLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,
                bool& trouve);
 
 // Looks for `chaine` (in capitals) from `debut` on, whatever the case; puts the cursor one character

@@ -90,7 +90,7 @@ AncienBloc ancien_bloc(GenreBloc genre, std::string_view texte, std::size_t posi
         AncienBloc suivant = lu;
         std::string_view ligne;
         bool trouve = false;
-        VoirLigne(ligne, texte, suivant.position, suivant.fin, trouve);
+        LireLigne(ligne, texte, suivant.position, suivant.fin, trouve);
         const Role role = trouve ? role_de(genre, sans_blancs(ligne), lu.lignes == 0) : Role::autre;
         if (role == Role::autre) return genre == GenreBloc::table ? lu : AncienBloc{0, lu.position, false};
         ++suivant.lignes;

@@ -371,7 +371,7 @@ void traite_suivante(Passe& p) {
 void parcourt(Passe& p) {
     bool trouve = true;
     while (trouve) {
-        VoirLigne(p.ligne, p.source, p.position, p.fin, trouve);
+        LireLigne(p.ligne, p.source, p.position, p.fin, trouve);
         if (trouve) traite_suivante(p);
     }
     if (p.attente_fonction) commence_ligne(p, p.numero, p.entete_entiere);   // the sheet ends with its heading

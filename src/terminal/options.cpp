@@ -79,7 +79,8 @@ CLI::Validator table_possible() {
         "");
 }
 
-void declare(CLI::App& app, OptionsCalcul& o) {
+// How a sheet is calculated and shown.
+void declare_calcul(CLI::App& app, OptionsCalcul& o) {
     app.add_option("FEUILLE", o.feuilles,
                    "Feuille à calculer ; sans elle, ou avec -, l'entrée standard.\n"
                    "Plusieurs feuilles sont calculées ensemble et écrites dans leur ordre");
@@ -104,6 +105,10 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->type_name("TAILLE");
     app.add_flag("-c,--colonne", o.colonne,
                  "Ajoute le total de toutes les lignes, dans une ligne Z=");
+}
+
+// What is written beside the sheet, and what comes in.
+void declare_fichiers(CLI::App& app, OptionsCalcul& o) {
     app.add_option("--html", o.page, "Écrit aussi la feuille en page HTML dans ce fichier")->type_name("FICHIER");
     app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier ;\navec --html, la page la contient aussi")
         ->type_name("FICHIER");
@@ -123,6 +128,10 @@ void declare(CLI::App& app, OptionsCalcul& o) {
         ->type_name("N");
     app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules")
         ->needs(donnees);
+}
+
+// What is only told, and how texts are encoded.
+void declare_textes(CLI::App& app, OptionsCalcul& o) {
     auto* const verifier = app.add_flag("-V,--verifier", o.verifier,
                  "Dit ce qui n'est pas lu comme il y paraît, une ligne par constat, sans écrire la feuille");
     app.add_flag("-j,--json", o.json, "Avec --verifier, un objet JSON par constat")->needs(verifier);
@@ -211,7 +220,9 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
         "Statut : 0 toutes les lignes sont calculées, 1 une ligne est en erreur,\n"
         "2 commande incorrecte ou fichier qui ne peut pas être lu ou écrit,\n"
         "3 avec --verifier, une valeur est probablement fausse.");
-    declare(app, lecture.options);
+    declare_calcul(app, lecture.options);
+    declare_fichiers(app, lecture.options);
+    declare_textes(app, lecture.options);
     if (pour_tests) app.add_option("--curseur", lecture.options.curseur, "");
     try {
         std::vector<std::string> envers(mots.rbegin(), mots.rend());

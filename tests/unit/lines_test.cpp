@@ -21,14 +21,14 @@ struct LigneLue {
     bool operator==(const LigneLue&) const = default;
 };
 
-// All lines that VoirLigne gives, and how far it went.
+// All lines that LireLigne gives, and how far it went.
 std::vector<LigneLue> toutes(std::string_view texte) {
     std::vector<LigneLue> lues;
     std::size_t position = 1;
     for (;;) {
         LigneLue lue{"untouched", false};
         bool trouve = false;
-        VoirLigne(lue.ligne, texte, position, lue.fin, trouve);
+        LireLigne(lue.ligne, texte, position, lue.fin, trouve);
         if (!trouve) {
             CHECK(lue.ligne.empty());
             CHECK(position > texte.size());

@@ -19,6 +19,10 @@ struct ProcessusAide {
 // Starts a helper. False when none can be started.
 bool lance_aide(ProcessusAide& aide);
 
+// Called in a helper: it ends at once when the program that started it is gone or needs it no more, whatever it
+// calculates.
+void finis_avec_le_programme();
+
 // False when the helper has ended.
 bool envoie(const ProcessusAide& aide, std::string_view octets);
 

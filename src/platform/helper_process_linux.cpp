@@ -2,6 +2,7 @@
 #include "platform/helper_process.hpp"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -9,6 +10,8 @@
 
 #include <array>
 #include <cerrno>
+#include <system_error>
+#include <thread>
 
 namespace {
 
@@ -39,6 +42,20 @@ bool lance_aide(ProcessusAide& aide) {
     }
     aide = {processus, bouts[0], bouts[0]};
     return true;
+}
+
+// The other end of the sockets closes with the program.
+void finis_avec_le_programme() {
+    const auto surveille = [] {
+        pollfd entree{STDIN_FILENO, POLLRDHUP, 0};
+        while (poll(&entree, 1, -1) < 0 && errno == EINTR) {
+        }
+        _exit(1);
+    };
+    try {
+        std::thread(surveille).detach();
+    } catch (const std::system_error&) {   // without a thread it ends when it next answers
+    }
 }
 
 // Without the signal that a helper's end would raise.

@@ -22,6 +22,18 @@ bool cree_tube(std::array<HANDLE, 2>& bouts, int de_l_aide) {
     return true;
 }
 
+// The job of all helpers: the system ends what is in it when this program ends, however that comes.
+HANDLE equipe() {
+    static const HANDLE travail = [] {
+        const HANDLE cree = CreateJobObjectW(nullptr, nullptr);
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limites{};
+        limites.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        SetInformationJobObject(cree, JobObjectExtendedLimitInformation, &limites, sizeof limites);
+        return cree;
+    }();
+    return travail;
+}
+
 // The helper with these ends; null when it can't be started.
 HANDLE demarre(HANDLE entree, HANDLE sortie) {
     std::array<wchar_t, 32768> programme{};
@@ -36,6 +48,7 @@ HANDLE demarre(HANDLE entree, HANDLE sortie) {
     PROCESS_INFORMATION lance{};
     if (CreateProcessW(programme.data(), ligne.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &depart, &lance) == 0)
         return nullptr;
+    AssignProcessToJobObject(equipe(), lance.hProcess);
     CloseHandle(lance.hThread);
     return lance.hProcess;
 }
@@ -64,6 +77,9 @@ bool lance_aide(ProcessusAide& aide) {
     aide = {valeur_de(processus), valeur_de(vers[1]), valeur_de(depuis[0])};
     return true;
 }
+
+// The job of the helpers sees to it.
+void finis_avec_le_programme() {}
 
 bool envoie(const ProcessusAide& aide, std::string_view octets) {
     while (!octets.empty()) {

@@ -353,6 +353,7 @@ int calcule_feuilles(const OptionsCalcul& options, const std::vector<std::string
 }
 
 int sers_d_aide(CalculeFeuille calcule) {
+    finis_avec_le_programme();
     std::uint64_t nombre = 0;
     if (!lit_nombre(lit_de_l_entree, nombre)) return kImpossible;
     std::vector<std::string> mots(nombre);

@@ -3,6 +3,7 @@ cores are; the status is the worst one.   test_many.py VOXTAB_CALC"""
 import os
 import pathlib
 import pty
+import select
 import signal
 import subprocess
 import sys
@@ -134,6 +135,20 @@ def check_killed_helper_of_a_lot():
         faults.append(f"a killed helper of a lot: status {program.returncode}, {output}, {errors.decode()}")
 
 
+def check_killed_program():
+    """No helper goes on calculating when the program that started it is gone."""
+    program = subprocess.Popen([PROGRAM, "longue.VXT", "courte.VXT"], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+    helper = busy_helper(program)
+    ended = os.pidfd_open(helper)
+    program.kill()
+    program.wait()
+    if not select.select([ended], [], [], 60)[0]:
+        faults.append("a helper goes on after its program was killed")
+        os.kill(helper, signal.SIGKILL)
+    os.close(ended)
+
+
 def check_full_disk(names):
     with open("/dev/full", "wb") as full:
         done = subprocess.run([PROGRAM, *names], stdin=subprocess.DEVNULL, stdout=full, stderr=subprocess.PIPE, timeout=60,
@@ -174,6 +189,7 @@ with tempfile.TemporaryDirectory() as folder:
     if hasattr(os, "sched_getaffinity") and len(os.sched_getaffinity(0)) > 1:
         check_killed_helper()
         check_killed_helper_of_a_lot()
+        check_killed_program()
         check_progress()
     os.chdir("/")
 print("\n".join([*faults, f"{len(faults)} faults, {time.monotonic() - began:.1f} s"]))

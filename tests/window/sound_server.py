@@ -1,6 +1,7 @@
 """A sound server of a test's own, without a device, and an ear at what it plays: every sample that reaches its
 output, when it came, its loudness and its pitch."""
 import array
+import atexit
 import bisect
 import math
 import os
@@ -22,13 +23,14 @@ class SoundServer:
     def __init__(self, place, wait):
         folder = pathlib.Path(place) / "son"
         folder.mkdir(mode=0o700)
-        self.wait = wait
+        self.wait, self.ear, self.server = wait, None, None
         self.address = f"unix:{folder / 'prise'}"
         self.environment = {"PULSE_SERVER": self.address, "XDG_RUNTIME_DIR": str(folder)}
         self.environment = {"PULSE_SERVER": self.address}    # of who is to play there
         surroundings = {**os.environ, "XDG_RUNTIME_DIR": str(folder), "HOME": str(folder)}
         surroundings.pop("PULSE_SERVER", None)
         self.log = open(folder / "journal", "w", encoding="utf-8")
+        atexit.register(self.end)                           # however the test ends
         self.server = subprocess.Popen(
             ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disallow-exit",
              f"--load=module-native-protocol-unix socket={folder / 'prise'} auth-anonymous=1",
@@ -52,7 +54,7 @@ class SoundServer:
                 self.times.append(time.monotonic())
 
     def end(self):
-        for process in (self.ear, self.server):
+        for process in filter(None, (self.ear, self.server)):
             process.kill()
             process.wait()
         self.log.close()

@@ -116,7 +116,8 @@ std::string_view nom_gravite(Gravite g) { return g == Gravite::a_savoir ? "à sa
 
 std::string explication(const Constat& constat) {
     std::string texte;
-    const std::string_view mots = ligne_de(constat.genre).mots;
+    std::string_view mots = ligne_de(constat.genre).mots;
+    if (constat.lu.empty() && mots.starts_with("%m est lu %l"_fr)) mots = ligne_de(GenreConstat::ecriture).mots;
     for (std::size_t i = 0; i < mots.size(); ++i) {
         if (mots[i] != '%') {
             texte += mots[i];

@@ -41,7 +41,7 @@ constexpr auto kSignes = std::to_array<SigneConnu>({
     {"·"_fr[0], "*", false}, {"•"_fr[0], "*", false}, {"–"_fr[0], "-", false}, {"—"_fr[0], "-", false},
     {"³"_fr[0], "^3", false}, {"¹"_fr[0], "^1", false}, {"°"_fr[0], "", false}, {"€"_fr[0], "", false},
     {'$', "", false}, {"£"_fr[0], "", false}, {'[', "(", false}, {'{', "(", false}, {']', ")", false},
-    {'}', ")", false}, {"½"_fr[0], "+1/2", false}, {"¼"_fr[0], "+1/4", false}, {"¾"_fr[0], "+3/4", false},
+    {'}', ")", false}, {"½"_fr[0], "1/2", false}, {"¼"_fr[0], "1/4", false}, {"¾"_fr[0], "3/4", false},
     {'\'', "", true}, {"’"_fr[0], "", true}, {"‘"_fr[0], "", true}, {'_', "", true}, {'`', "", true},
     {"´"_fr[0], "", true}, {'\xA0', "", true},
 });
@@ -86,10 +86,25 @@ bool autre_virgule(std::string_view tapee, std::size_t place) {
     return false;
 }
 
+// A fraction written as one sign at `place`, with the whole number in front of it. It needs brackets where a sign that
+// binds stands beside it.
+Probleme probleme_fraction(std::string_view tapee, std::size_t place, std::string_view fraction) {
+    std::size_t debut = place;
+    while (debut > 0 && est_chiffre(tapee[debut - 1])) --debut;
+    std::string correction(tapee.substr(debut, place - debut));
+    correction.append(correction.empty() ? "" : "+").append(fraction);
+    const char avant = debut > 0 ? tapee[debut - 1] : '+';
+    const char apres = place + 1 < tapee.size() ? tapee[place + 1] : '+';
+    if (avant != '+' || (apres != '+' && apres != '-')) correction = "(" + correction + ")";
+    return {.genre = GenreConstat::signe_inconnu, .place = place, .edition = debut, .longueur = place + 1 - debut,
+            .correction = std::move(correction), .corrigible = avant != '.' && avant != ','};
+}
+
 // The problem of a sign at `place` that the engine doesn't know.
 Probleme probleme_signe(std::string_view tapee, std::size_t place) {
     const SigneConnu* const connu = signe_connu(caractere(tapee, place));
     if (connu == nullptr) return {.genre = GenreConstat::nombre_partiel, .place = place};
+    if (connu->remplace.find('/') == 1) return probleme_fraction(tapee, place, connu->remplace);
     if (!connu->entre_chiffres)
         return {.genre = GenreConstat::signe_inconnu, .place = place, .longueur = 1,
                 .correction = std::string(connu->remplace), .corrigible = !est_heure_ou_angle(tapee, place)};

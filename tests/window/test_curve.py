@@ -1,6 +1,5 @@
 """A curve beside the reader's own voice: a speech server with a real voice and the program play into one sound server,
-whose output is recorded. Both are in it, neither makes the other softer; any key stops the curve and not the voice;
-a server that goes or hangs is told."""
+whose output is recorded. Both are in it, neither makes the other softer."""
 import math
 import os
 import pathlib
@@ -8,7 +7,6 @@ import signal
 import statistics
 import subprocess
 import sys
-import time
 
 from hearing import FLASH, Hearing
 from pilot import Program, expect, same, wait
@@ -19,8 +17,6 @@ from sound_server import RATE, SoundServer
 BINARY, PLACE = sys.argv[1:3]
 STEADY = 200 * math.sqrt(7.5)    # hertz of a function with one value
 LOOK = RATE // 10                # frames of one look
-CURVE = 0.4                      # seconds from the first sound to the left end of the curve
-PATIENCE = 3                     # seconds that a busy machine may take for a key
 
 VOICE = """GenericExecuteSynth \\
 "printf %s \\'$DATA\\' | espeak-ng -v $VOICE -s $RATE --stdin --stdout | paplay --client-name=voix"
@@ -125,49 +121,6 @@ def beside_the_voice(p, h):
     expect(abs(statistics.median(beside) / statistics.median(alone) - 1) < 0.1, "the voice makes the tone softer")
 
 
-def begin(p, key):
-    """Presses a key that plays at once: the first moment of the tone, and the seconds from the key to it."""
-    since, pressed = SERVER.frames(), time.monotonic()
-    p.key(key)
-    first = SERVER.begins(since, f"the sound of {key}")
-    return first, SERVER.when(first) - pressed
-
-
-def at_once(p):
-    """From the key to the first sample, and from any key to silence; without a voice, which answers keys too."""
-    SERVER.quiet("the end of the voice")
-    starts, stops = [], []
-    for key in ("Maj", "Ctrl", "Bas", "Gauche", "Ctrl+G", "Maj+F2"):
-        first, after = begin(p, "Entrée")
-        starts.append(after)
-        at = SERVER.begins(first + int((CURVE + 0.3) * RATE), "the curve")
-        pressed = time.monotonic()
-        p.key(key)
-        stops.append(SERVER.when(SERVER.ends_after(at, f"silence after {key}") - 1) - pressed)
-        print(f"        {key}: silent {stops[-1]:.3f} s after it", flush=True)
-        expect(stops[-1] < PATIENCE, f"{key} stops the curve after {stops[-1]} s")
-        p.key("Ctrl+Début")
-    print(f"        medians: {statistics.median(starts):.3f} s from Entrée to the tone, {statistics.median(stops):.3f} s "
-          "from a key to silence", flush=True)
-
-
-def no_answer(p):
-    """A server that hangs, and then one that ends in the middle of a curve, are told; then that there is none."""
-    os.kill(SERVER.server.pid, signal.SIGSTOP)
-    p.key("Entrée")
-    p.wait_message("pas de son ici")
-    os.kill(SERVER.server.pid, signal.SIGCONT)
-    p.key("Ctrl+G")
-    p.wait_message("colonne 1 ligne 1")
-    begin(p, "Entrée")
-    SERVER.server.kill()
-    p.wait_message("pas de son ici")
-    p.key("Ctrl+G")
-    p.wait_message("colonne 1 ligne 1")
-    p.key("Entrée")
-    p.wait_message("pas de son ici")
-
-
 SERVER = SoundServer(PLACE, wait)
 os.environ["PULSE_SERVER"] = SERVER.address
 VOICE_SERVER = speech_server()
@@ -182,11 +135,6 @@ try:
     p.answered()
     reader.heard()
     beside_the_voice(p, h)
-    reader.end()
-    os.killpg(VOICE_SERVER.pid, signal.SIGKILL)
-    VOICE_SERVER.wait()
-    at_once(p)
-    no_answer(p)
     same(p.errors(), [], "what the toolkit complains about")
 finally:
     p.screen.release_all()

@@ -89,7 +89,7 @@ def any_key(p):
     p.key("Maj")
     late = []
     for key, words in (("Maj", ()), ("Alt+Gauche", ()), ("Gauche", ()), ("X", ("lecture seule",)),
-                       ("Ctrl+G", ("colonne 1 ligne 1",)), ("Ctrl+R", ()), ("Ctrl+Maj+Z", ("rien à rétablir",)),
+                       ("Ctrl+G", ("colonne 1 ligne 1",)), ("Ctrl+R", ("pas de résultat",)), ("Ctrl+Maj+Z", ("seulement dans la feuille",)),
                        ("F1", ("Aide Mémoire des touches",))):
         first, after = begin(p, "Entrée")
         late.append(after)

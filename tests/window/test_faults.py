@@ -42,7 +42,7 @@ def corrected(p, h):
     h.hear("Ctrl+F2", "3 résultats copiés")
     p.key("Ctrl+Fin")
     p.key("Entrée")
-    p.key("Ctrl+V")
+    h.hear_beside("Ctrl+V", "12 caractères collés")
     p.wait_sheet("A=3 = 3\n2+A = 5\n12345678 = 12345678\n12345678\n3\n5\n12345678")
 
 

@@ -39,7 +39,7 @@ Etendue etendue_autour(std::string_view texte, std::size_t position);
 // 1 and a line that doesn't exist leave the cursor where it is.
 void SurNumero(std::int32_t numero);
 
-// Looks at the line at `position` of `texte` and moves `position` past its line end. `fin` is true on
+// Reads the line at `position` of `texte`, as a view of it, and moves `position` past its line end. `fin` is true on
 // the last line only; a text that closes with a line end has one more, empty, last line. `trouve` is
 // false past the end.
 void LireLigne(std::string_view& ligne, std::string_view texte, std::size_t& position, bool& fin,

@@ -1,6 +1,7 @@
 // A calculation beside the program's own, for who looks into a sheet: while it lives nothing that is calculated is
 // said, shown or beeped, and at its end the variables, matrices, data set, results, random numbers, hooks and
-// the one who looks on are as they were. Random numbers are drawn as in the last pass. Changes and puts back all that a pass changes.
+// the one who looks on are as they were. Random numbers are drawn as in the last pass. Changes and puts back all that a
+// pass changes.
 #pragma once
 
 #include "base/failure.hpp"

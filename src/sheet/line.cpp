@@ -88,8 +88,8 @@ bool calcule_tabulation(const TexteMarque& formule, std::int16_t numero, std::si
     return true;
 }
 
-// Evaluates p_formule, which has at most these signs, and writes the line's result, or its error. A failure that nothing has put
-// into words is called ambiguous, unless the reader stood on the end mark.
+// Evaluates p_formule, which has at most these signs, and writes the line's result, or its error. A failure that nothing
+// has put into words is called ambiguous, unless the reader stood on the end mark.
 void calcule_formule(std::int16_t numero, Signes signes, std::string_view genre) {
     if (genre.empty()) allege_releve();
     Tente(kCalculChaine, [&] { feuille.valeur_ligne(numero) = evalue_formule(); });

@@ -10,8 +10,6 @@
 #include "base/codepage.hpp"
 #include "platform/message.hpp"
 #include "property/kept.hpp"
-#include "settings/settings.hpp"
-#include "state/modes.hpp"
 #include "state/variables.hpp"
 #include "support/program.hpp"
 
@@ -53,12 +51,7 @@ std::uint64_t empreinte() { return digest; }
 void prepare(const Reglage& reglage) {
     memoire = Memoire{};
     reinitialise_tout();
-    modes.mode_nombre = reglage.mode_nombre;
-    modes.mode_affichage = reglage.mode_affichage;
-    modes.nombre_decimal = reglage.nombre_decimal;
-    modes.unite_angle = reglage.unite_angle;
-    reglages.table_ini(kLigneAffichage).champ1 = reglage.matrice_colonne;
-    reglages.table_ini(kLigneAffichage).champ2 = reglage.stat_restreint;
+    pose_reglage(reglage);
 }
 
 Vue passe(const char* commande) {

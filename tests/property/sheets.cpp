@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "base/codepage.hpp"
+#include "settings/settings.hpp"
+#include "state/modes.hpp"
 
 namespace {
 
@@ -55,6 +57,15 @@ Reglage tire_reglage(Tirage& t) {
     r.matrice_colonne = t.entre(0, 1);
     r.stat_restreint = t.entre(0, 1);
     return r;
+}
+
+void pose_reglage(const Reglage& reglage) {
+    modes.mode_nombre = reglage.mode_nombre;
+    modes.mode_affichage = reglage.mode_affichage;
+    modes.nombre_decimal = reglage.nombre_decimal;
+    modes.unite_angle = reglage.unite_angle;
+    reglages.table_ini(kLigneAffichage).champ1 = reglage.matrice_colonne;
+    reglages.table_ini(kLigneAffichage).champ2 = reglage.stat_restreint;
 }
 
 std::string Redaction::lettre_de(int numero) const {

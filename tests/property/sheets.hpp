@@ -21,6 +21,8 @@ struct Reglage {
     int stat_restreint = 0;
 };
 Reglage tire_reglage(Tirage& t);
+// Puts it into the modes and the settings.
+void pose_reglage(const Reglage& reglage);
 
 // What must stand in the sheet after the pass: at the head of a line, or as a whole line.
 struct LigneGardee {

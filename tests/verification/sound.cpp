@@ -4,7 +4,6 @@
 //   sound [--lignes N] [--feuilles N] [--graine S]     (a seed alone: that line or sheet, shown)
 #include <bit>
 #include <cstdint>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -12,12 +11,10 @@
 #include "base/codepage.hpp"
 #include "platform/stack.hpp"
 #include "property/sheets.hpp"
-#include "settings/settings.hpp"
 #include "sheet/observer.hpp"
 #include "sheet/old_blocks.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
-#include "state/modes.hpp"
 #include "support/program.hpp"
 #include "verification/check.hpp"
 #include "verification/typed_lines.hpp"
@@ -165,11 +162,9 @@ bool essaie_feuille(std::uint64_t graine) {
     const FeuilleTiree feuille = tire_feuille_soignee(graine);
     if (!feuille.saine) return true;
     reinitialise_calcul();
-    modes.mode_nombre = feuille.reglage.mode_nombre;
-    modes.mode_affichage = feuille.reglage.mode_affichage;
-    modes.nombre_decimal = feuille.reglage.nombre_decimal;
-    reglages.table_ini(kLigneAffichage).champ1 = feuille.reglage.matrice_colonne;
-    reglages.table_ini(kLigneAffichage).champ2 = feuille.reglage.stat_restreint;
+    Reglage reglage = feuille.reglage;
+    reglage.unite_angle = 1;   // degrees
+    pose_reglage(reglage);
     verifie_feuille(feuille.texte);
     for (const Constat& c : verification.constats)
         // Rates that are products without brackets are drawn too; whoever takes care writes none.
@@ -184,14 +179,7 @@ bool essaie_feuille(std::uint64_t graine) {
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
-    int lignes = 20000, feuilles = 5000;
-    std::uint64_t graine = 1;
-    for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string option = argv[i];
-        if (option == "--lignes") lignes = std::atoi(argv[i + 1]);
-        if (option == "--feuilles") feuilles = std::atoi(argv[i + 1]);
-        if (option == "--graine") graine = std::strtoull(argv[i + 1], nullptr, 10);
-    }
+    const auto [lignes, feuilles, graine] = lis_tours(argc, argv);
     programme_neuf();
     int fautes = 0;
     Comptes comptes;

@@ -1,8 +1,21 @@
 // Draws lines and damages them.
 #include "verification/typed_lines.hpp"
 
+#include <cstdlib>
+
 #include "property/expressions.hpp"
 #include "support/program.hpp"
+
+Tours lis_tours(int argc, char** argv) {
+    Tours tours;
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string option = argv[i];
+        if (option == "--lignes") tours.lignes = std::atoi(argv[i + 1]);
+        if (option == "--feuilles") tours.feuilles = std::atoi(argv[i + 1]);
+        if (option == "--graine") tours.graine = std::strtoull(argv[i + 1], nullptr, 10);
+    }
+    return tours;
+}
 
 std::string abime(Tirage& t, std::string ligne) {
     static const std::string kSignes = cp(",.,.()()%;:×÷'’!=²+-*/^ 0123456789 AXENMP²³?°\"");

@@ -1,4 +1,4 @@
-// Random lines as somebody types them, and what is typed wrong. Hold no state.
+// Random lines as somebody types them, what is typed wrong, and how many are tried. Hold no state.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,13 @@ struct Essai {
     int lignes = 0;
     std::string ligne;
 };
+
+// How much is tried, and from which seed on.
+struct Tours {
+    int lignes = 20000, feuilles = 5000;
+    std::uint64_t graine = 1;
+};
+Tours lis_tours(int argc, char** argv);   // --lignes N, --feuilles N, --graine S
 
 // What is typed wrong: one character more, less or other, a piece twice, a blank.
 std::string abime(Tirage& t, std::string ligne);

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -13,11 +12,9 @@
 #include "base/codepage.hpp"
 #include "platform/stack.hpp"
 #include "property/sheets.hpp"
-#include "settings/settings.hpp"
 #include "sheet/observer.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
-#include "state/modes.hpp"
 #include "support/program.hpp"
 #include "verification/check.hpp"
 #include "verification/typed_lines.hpp"
@@ -113,12 +110,7 @@ bool essaie_feuille(std::uint64_t graine, long& trouves) {
         if (i + 1 < lignes) feuille += "\r\n";
         debut = fin + 2;
     }
-    modes.mode_nombre = tiree.reglage.mode_nombre;
-    modes.mode_affichage = tiree.reglage.mode_affichage;
-    modes.nombre_decimal = tiree.reglage.nombre_decimal;
-    modes.unite_angle = tiree.reglage.unite_angle;
-    reglages.table_ini(kLigneAffichage).champ1 = tiree.reglage.matrice_colonne;
-    reglages.table_ini(kLigneAffichage).champ2 = tiree.reglage.stat_restreint;
+    pose_reglage(tiree.reglage);
     return essaie(feuille, trouves);
 }
 
@@ -126,14 +118,7 @@ bool essaie_feuille(std::uint64_t graine, long& trouves) {
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
-    int lignes = 20000, feuilles = 5000;
-    std::uint64_t graine = 1;
-    for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string option = argv[i];
-        if (option == "--lignes") lignes = std::atoi(argv[i + 1]);
-        if (option == "--feuilles") feuilles = std::atoi(argv[i + 1]);
-        if (option == "--graine") graine = std::strtoull(argv[i + 1], nullptr, 10);
-    }
+    const auto [lignes, feuilles, graine] = lis_tours(argc, argv);
     programme_neuf();
     int fautes = 0;
     long dans_les_lignes = 0, dans_les_feuilles = 0;

@@ -431,6 +431,18 @@ def accepts(dialog):
                for n in walk(dialog) if role(n) == "push button")
 
 
+def name_file(p, path):
+    """Gives a path to the file dialog that is open or about to open."""
+    dialog = p.wait_dialog("file chooser")
+    wait(lambda: name_line(p, dialog), "the line for the name")
+    p.key("Ctrl+A")
+    p.type(str(path))
+    wait_same(lambda: text_of(name_line(p, dialog)), str(path), "the name in its line")
+    wait(lambda: accepts(dialog), "the button that accepts the name")
+    p.key("Entrée")
+    wait(lambda: gone(dialog), "the end of the file dialog")
+
+
 def run(cases, binary, place):
     """Runs each case with a program of its own, tells how it went, and ends with status 1 if one
     failed. A case is a procedure that takes a Program, not started yet."""

@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (accepts, buttons_of, children, expect, gone, name_line, role, run, same,
+from pilot import (accepts, buttons_of, children, expect, gone, name_file, name_line, role, run, same,
                    text_of, wait, wait_same, walk)
 from texts import FUNCTIONS
 
@@ -18,18 +18,6 @@ def write(path, text):
 
 def read(path):
     return path.read_bytes().decode("cp1252").replace("\r\n", "\n")
-
-
-def name_file(p, path):
-    """Gives a path to the file dialog that is open or about to open."""
-    dialog = p.wait_dialog("file chooser")
-    wait(lambda: name_line(p, dialog), "the line for the name")
-    p.key("Ctrl+A")
-    p.type(str(path))
-    wait_same(lambda: text_of(name_line(p, dialog)), str(path), "the name in its line")
-    wait(lambda: accepts(dialog), "the button that accepts the name")
-    p.key("Entrée")
-    wait(lambda: gone(dialog), "the end of the file dialog")
 
 
 def save_as(p):

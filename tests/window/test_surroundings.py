@@ -4,7 +4,7 @@ import shutil
 import subprocess
 import sys
 
-from pilot import LeftOut, Atspi, accepts, expect, name_line, run, same, text_of, wait, wait_same
+from pilot import LeftOut, Atspi, expect, name_file, run, same, wait, wait_same
 from texts import FUNCTIONS
 
 BINARY, PLACE = sys.argv[1:3]
@@ -109,13 +109,7 @@ def full_disk(p):
 def export_page(p, page):
     """Ctrl+H, and the page's name over the one that is proposed."""
     p.key("Ctrl+H")
-    dialog = p.wait_dialog("file chooser")
-    wait(lambda: name_line(p, dialog), "the line for the name")
-    p.key("Ctrl+A")
-    p.type(str(page))
-    wait_same(lambda: text_of(name_line(p, dialog)), str(page), "the name in its line")
-    wait(lambda: accepts(dialog), "the button that accepts the name")
-    p.key("Entrée")
+    name_file(p, page)
 
 
 def page_without_room(p):

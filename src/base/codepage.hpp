@@ -91,6 +91,7 @@ inline constexpr std::array<char, 256> kCapitale = [] {
     return t;
 }();
 
+constexpr bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 constexpr char capitale(char c) { return kCapitale[static_cast<unsigned char>(c)]; }
 
 // The text in capitals.

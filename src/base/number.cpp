@@ -8,9 +8,9 @@
 #include <limits>
 #include <system_error>
 
-namespace {
+#include "base/codepage.hpp"
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
+namespace {
 
 // The parts of a numeric beginning, as positions in its text.
 struct Prefixe {

@@ -6,9 +6,9 @@
 #include <charconv>
 #include <system_error>
 
-namespace {
+#include "base/codepage.hpp"
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
+namespace {
 
 // Blanks and apostrophes that stand between thousands.
 bool est_milliers(char c) { return c == ' ' || c == '\xA0' || c == '\'' || c == '\x92'; }

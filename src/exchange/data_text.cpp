@@ -20,8 +20,6 @@ constexpr std::string_view kPageImprimee = "%PDF-";
 
 std::string chiffres_de(std::size_t n) { return chiffres(static_cast<long long>(n)); }
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
-
 // Where a byte stands: "ligne 3, colonne 5".
 std::string lieu(std::string_view octets, std::size_t place) {
     const std::string_view avant = octets.substr(0, place);

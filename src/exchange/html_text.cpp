@@ -8,8 +8,6 @@
 
 namespace {
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
-
 // How many characters from `debut` on are digits, with at most one point.
 std::size_t longueur_decimale(std::string_view texte, std::size_t debut) {
     bool point = false, chiffre = false;

@@ -9,8 +9,6 @@
 
 namespace {
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
-
 // The words with decimal commas, as the rest of the page has them.
 std::string mots(std::string_view texte) {
     std::string sortie(texte);

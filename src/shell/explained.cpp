@@ -141,7 +141,6 @@ std::size_t cherche_ligne(std::string_view texte, Condition condition) {
     return npos;
 }
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 bool est_lettre(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0xC0;
 }

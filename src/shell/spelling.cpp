@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::size_t kGroupe = 3;   // digits of a group
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 bool est_chiffre_hexa(char c) { return est_chiffre(c) || (c >= 'A' && c <= 'F'); }
 
 // The digits with a blank between two, and a comma between two groups. Decimals are grouped from the point on, all

@@ -13,7 +13,6 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr int kCorrectionsMaxi = 12;   // mends of one formula
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
 
 char caractere(std::string_view texte, std::size_t place) { return place < texte.size() ? texte[place] : '\0'; }

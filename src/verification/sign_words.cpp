@@ -42,7 +42,6 @@ std::string_view mots_de(auto& table, std::string_view signe) {
     return ligne == std::end(table) ? std::string_view() : ligne->mots;
 }
 
-bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 bool est_lettre(char c) {
     const char grande = capitale(c);
     return (grande >= 'A' && grande <= 'Z') || static_cast<unsigned char>(c) >= 0xC0 || c == "œ"_fr[0] ||

@@ -68,7 +68,7 @@ std::size_t FinLigne() {
 std::size_t WhereX() {
     const std::string& texte = port.texte.texte();
     const std::size_t sel = curseur();
-    if (NumeroTxt(sel) == 1) return sel + 1;
+    if (texte.find('\r') >= sel) return sel + 1;
     if (sel <= texte.size() && texte[sel - 1] == '\n') return 1;
     return sel - saut_avant(texte, sel) + 1;
 }
@@ -81,11 +81,13 @@ std::string extraitLigne(std::size_t position) {
     return fin > debut ? texte.substr(debut - 1, fin - debut) : std::string();
 }
 
-std::int16_t NumeroTxt(std::string_view texte, std::size_t position) {
-    return vers_16_tronque(static_cast<double>(compte_octets(texte.substr(0, position), '\r')) + 1);
+std::int32_t numero_de_ligne(std::string_view texte, std::size_t position) {
+    return static_cast<std::int32_t>(compte_octets(texte.substr(0, position), '\r')) + 1;
 }
 
-std::int16_t NumeroTxt(std::size_t position) { return NumeroTxt(port.texte.texte(), position); }
+std::int16_t NumeroTxt(std::string_view texte, std::size_t position) {
+    return vers_16_tronque(numero_de_ligne(texte, position));
+}
 
 Etendue etendue_ligne(std::string_view texte, std::int32_t numero) {
     const std::size_t debut = debut_ligne(texte, numero);

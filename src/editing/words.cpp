@@ -3,8 +3,10 @@
 #include "editing/words.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 #include "base/codepage.hpp"
@@ -69,6 +71,13 @@ std::size_t debut_mot_droite(std::size_t x, std::string_view ligne) {
 std::size_t fin_serie(std::string_view jeu, std::string_view ligne, std::size_t x) {
     while (dans(jeu, ligne, x)) ++x;
     return x;
+}
+
+// The line of a sheet of `compte` lines that `numero` asks for, at most the last. A number of more than 16 bits ends
+// the command with its failure, but for a sheet that has such lines.
+std::int32_t ligne_demandee(double numero, std::int32_t compte) {
+    if (compte <= std::numeric_limits<std::int16_t>::max()) return std::min<std::int32_t>(vers_16_arrondi(numero), compte);
+    return static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(numero), 0, compte));
 }
 
 // Takes the columns `de` to `vers` - 1 out of the line at the cursor. The cursor and the sheet's
@@ -179,18 +188,17 @@ void mnuTabulationArriereItem() {
 }
 
 void mnuXYItem() {
-    const std::size_t sel = curseur();
-    dit("colonne" + forme_blanc(static_cast<double>(WhereX())) + " ligne" +
-        forme_blanc(NumeroTxt(sel)));
+    const std::int32_t ligne = numero_de_ligne(port.texte.texte(), curseur());
+    dit("colonne" + forme_blanc(static_cast<double>(WhereX())) + " ligne" + forme_blanc(ligne));
 }
 
 void mnuNumeroLigneItem() {
-    const std::int16_t compte = NumeroTxt(port.texte.texte().size());
+    const std::string& texte = port.texte.texte();
+    const std::int32_t compte = numero_de_ligne(texte, texte.size());
     std::string reponse;
     if (!port.boites.saisie("Numéro de ligne"_fr, forme_blanc(compte), reponse) || reponse.empty())
         return;
-    // A number that fits no line number ends the command with its failure.
-    SurNumero(std::min(vers_16_arrondi(prefixe_numerique(reponse)), compte));
+    SurNumero(ligne_demandee(prefixe_numerique(reponse), compte));
     dit_ligne_sous_curseur();
 }
 

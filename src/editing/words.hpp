@@ -25,7 +25,8 @@ void mnuChaineGaucheItem();                  // chaineGAUCHE as an item of the m
 void mnuChaineDroiteItem();
 void mnuTabulationAvantItem();               // to the next tab stop, every ten columns; says the column
 void mnuTabulationArriereItem();
-void mnuXYItem();                            // says column and line; failure 6 beyond line 32,767
+void mnuXYItem();                            // says column and line
 void mnuNumeroLigneItem();                   // asks for a line and goes there: one past the last is the last
                                              // one, a number beyond 16 bits is failure 6
+                                             // unless the sheet has such lines
 void mnuSelectionToutItem();                 // selects the whole text

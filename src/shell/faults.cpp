@@ -65,7 +65,7 @@ std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     const Etendue ligne = etendue_autour(texte, faute.debut);
     const std::string_view piece = texte.substr(faute.debut, faute.fin - faute.debut);
     std::string mots("ligne "_fr);
-    mots += chiffres(NumeroTxt(texte, faute.debut));
+    mots += chiffres(numero_de_ligne(texte, faute.debut));
     mots.append(", colonne "_fr) += chiffres(static_cast<long long>(faute.debut - ligne.debut + 1));
     mots.append(" : ").append(mots_du_morceau(piece));
     const std::string_view cause = mots_de_la_faute();

@@ -27,8 +27,9 @@ Place place_de(const Constat& c) { return {c.ligne, c.colonne}; }
 
 Place place_du_curseur() {
     const std::size_t ici = curseur();
-    const Etendue ligne = etendue_autour(port.texte.texte(), ici);
-    return {NumeroTxt(ici), static_cast<int>(ici - ligne.debut + 1)};
+    const std::string& texte = port.texte.texte();
+    const Etendue ligne = etendue_autour(texte, ici);
+    return {numero_de_ligne(texte, ici), static_cast<int>(ici - ligne.debut + 1)};
 }
 
 // Checks the sheet as it stands. False, and said, when that can't be.

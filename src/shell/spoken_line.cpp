@@ -20,7 +20,7 @@ bool encore(const std::string& texte, int numero) {
 
 void mnuDireLigneItem() {
     const std::string& texte = port.texte.texte();
-    const int numero = NumeroTxt(curseur());
+    const int numero = numero_de_ligne(texte, curseur());
     if (encore(texte, numero)) {
         ligne_ecoutee.valeurs = !ligne_ecoutee.valeurs;
     } else {

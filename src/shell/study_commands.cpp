@@ -21,7 +21,7 @@ namespace {
 
 // The function of the cursor's line, or nothing, and said.
 std::optional<FonctionDeFeuille> fonction_montree(const std::string& texte) {
-    const std::int32_t ligne = NumeroTxt(texte, curseur());
+    const std::int32_t ligne = numero_de_ligne(texte, curseur());
     auto fonction = fonction_au_curseur(texte, ligne);
     if (fonction) return fonction;
     const std::string mots = mots_sans_fonction(texte, ligne);

@@ -29,6 +29,7 @@ constexpr double kBorneMaxi = 1e300;     // what is reckoned between larger boun
 constexpr double kFinesse = 1e-9;        // beside its bounds: a shorter interval has too few numbers for the study
 
 constexpr Refus kErreurAuDessus = "une ligne au-dessus de la fonction est en erreur"_fr;
+constexpr Refus kTropLoin = "la fonction est au-delà de la ligne 32767"_fr;
 constexpr Refus kSansBornes = "les bornes ne peuvent pas être calculées"_fr;
 constexpr Refus kIntervalleVide = "l'intervalle est vide"_fr;
 constexpr Refus kIntervalleTropGrand = "l'intervalle est trop grand"_fr;
@@ -128,8 +129,8 @@ std::optional<FonctionDeFeuille> formule_en(const Lignes& lignes, std::size_t ra
     return f;
 }
 
-// The lines above line `numero`, calculated. False when one of them fails.
-bool calcule_au_dessus(std::string_view texte, std::int32_t numero) {
+// The lines above line `numero`, calculated; what one of them is refused for, or that they are too many.
+Refus calcule_au_dessus(std::string_view texte, std::int32_t numero) {
     std::size_t fin = 0;
     for (std::int32_t i = 1; i < numero && fin < texte.size(); ++i) {
         const std::size_t bout = texte.find("\r\n", fin);
@@ -138,7 +139,8 @@ bool calcule_au_dessus(std::string_view texte, std::int32_t numero) {
     const std::string dessus = fin == 0 ? "\r\n" : std::string(texte.substr(0, fin));
     const Calcul calcul = calcule_feuille(dessus, 0);
     boites_tues();
-    return calcul.issue != Issue::refusee && !calcul.erreur;
+    if (numero > std::numeric_limits<std::int16_t>::max()) return kTropLoin;
+    return calcul.issue != Issue::refusee && !calcul.erreur ? Refus() : kErreurAuDessus;
 }
 
 // Puts the text into p_formule as a line's formula.
@@ -297,7 +299,8 @@ void FonctionOuverte::prend_formule(std::string nouvelle) {
 Refus ouvre_fonction(std::string_view texte, const FonctionDeFeuille& f, std::string_view bornes,
                      FonctionOuverte& ouverte) {
     // The user function exists below its line only.
-    if (!calcule_au_dessus(texte, f.ligne_entete + (f.genre == Sorte::deffon ? 1 : 0))) return kErreurAuDessus;
+    if (const Refus refus = calcule_au_dessus(texte, f.ligne_entete + (f.genre == Sorte::deffon ? 1 : 0)); !refus.empty())
+        return refus;
     const bool entete = !f.entete.empty();
     if (const Refus refus = entete ? bornes_d_entete(f, ouverte) : bornes_donnees(bornes, ouverte); !refus.empty())
         return refus;

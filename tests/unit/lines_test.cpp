@@ -76,13 +76,14 @@ TEST_CASE("lines: number of the line that holds a position") {
     pose_feuille(kTexte);
     for (std::size_t position = 0; position < std::size(numeros); ++position) {
         CAPTURE(position);
-        CHECK(NumeroTxt(position) == numeros[position]);
+        CHECK(NumeroTxt(kTexte, position) == numeros[position]);
+        CHECK(numero_de_ligne(kTexte, position) == numeros[position]);
     }
-    CHECK(NumeroTxt(500) == 4);
-    pose_feuille(std::string(32766, '\r'));
-    CHECK(NumeroTxt(32766) == 32767);
-    pose_feuille(std::string(32767, '\r'));
-    CHECK(numero_defaillance([] { NumeroTxt(32767); }) == 6);
+    CHECK(NumeroTxt(kTexte, 500) == 4);
+    CHECK(NumeroTxt(std::string(32766, '\r'), 32766) == 32767);
+    const std::string longue(32767, '\r');
+    CHECK(numero_defaillance([&] { NumeroTxt(longue, 32767); }) == 6);
+    CHECK(numero_de_ligne(longue, 32767) == 32768);
 }
 
 TEST_CASE("lines: text of the line that holds a position") {
@@ -101,7 +102,7 @@ TEST_CASE("lines: an empty text has one empty line") {
     CHECK(WhereX() == 1);
     CHECK(extraitLigne(0).empty());
     CHECK(extraitLigne(1).empty());
-    CHECK(NumeroTxt(0) == 1);
+    CHECK(NumeroTxt(memoire.texte, 0) == 1);
     SurNumero(2);
     CHECK(memoire.sel_start == 0);
 }
@@ -127,7 +128,7 @@ TEST_CASE("lines: the line reached by its number is the one that holds the curso
     for (int numero = 2; numero <= 5; ++numero) {
         CAPTURE(numero);
         SurNumero(numero);
-        CHECK(NumeroTxt(memoire.sel_start) == numero);
+        CHECK(NumeroTxt(memoire.texte, memoire.sel_start) == numero);
         CHECK(extraitLigne(memoire.sel_start + 1) == lignes[numero - 1]);
     }
 }

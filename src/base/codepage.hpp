@@ -91,8 +91,13 @@ inline constexpr std::array<char, 256> kCapitale = [] {
     return t;
 }();
 
-constexpr bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
 constexpr char capitale(char c) { return kCapitale[static_cast<unsigned char>(c)]; }
+
+// A digit; a letter that can be a variable's, A to Z; a letter of a word, small or with an accent ("œ", which the
+// code page has far from the others, is none; "×" and "÷", which it has among them, are).
+constexpr bool est_chiffre(char c) { return c >= '0' && c <= '9'; }
+constexpr bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
+constexpr bool est_lettre_de_mot(char c) { return est_lettre(capitale(c)) || static_cast<unsigned char>(c) >= 0xC0; }
 
 // The text in capitals.
 std::string capitales(std::string_view texte);

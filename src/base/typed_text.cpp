@@ -166,17 +166,17 @@ struct LigneEnCours {
     char dernier() const { return sortie.empty() ? '\n' : sortie.back(); }
 };
 
-bool est_chiffre(char32_t c) { return c >= '0' && c <= '9'; }
+bool est_chiffre_lu(char32_t c) { return c < 0x80 && est_chiffre(static_cast<char>(c)); }
 bool ferme(char c) { return c == ')' || c == ']' || c == '}'; }
 
-bool finit_nombre(char c) { return est_chiffre(static_cast<unsigned char>(c)) || ferme(c); }
+bool finit_nombre(char c) { return est_chiffre(c) || ferme(c); }
 
 // The letter that a circumflex has taken and that is a power here, or 0. A letter of the code page is
 // one after a number or a bracket alone: elsewhere it may be a word's.
 char lettre_de_puissance(const LigneEnCours& ligne, char32_t c) {
     const std::size_t rang = kCirconflexes.find(c);
     const char avant = ligne.dernier();
-    const bool lettre = capitale(avant) >= 'A' && capitale(avant) <= 'Z';
+    const bool lettre = est_lettre(capitale(avant));
     if (rang == std::u32string_view::npos || !(finit_nombre(avant) || (lettre && code_de(c) < 0)))
         return 0;
     return kSansCirconflexe[rang];
@@ -193,7 +193,7 @@ bool ajoute_calcul(LigneEnCours& ligne, char32_t c, std::string_view& reste) {
         ligne.sortie += {'^', lettre};
     } else {
         const bool milliers = kBlancsMilliers.find(c) != std::u32string_view::npos;
-        return milliers && est_chiffre(static_cast<unsigned char>(ligne.dernier())) && est_chiffre(apres);
+        return milliers && est_chiffre(ligne.dernier()) && est_chiffre_lu(apres);
     }
     return true;
 }
@@ -206,7 +206,7 @@ bool passe_sous_silence(const LigneEnCours& ligne, std::size_t avant, std::strin
     std::size_t nombre = avant;
     while (nombre > 0 && ligne.sortie[nombre - 1] == ' ') --nombre;
     if (nombre == 0 || !finit_nombre(ligne.sortie[nombre - 1])) return false;
-    if (c == ' ') return !ferme(ligne.sortie[nombre - 1]) && est_chiffre(suivant(reste).caractere);
+    if (c == ' ') return !ferme(ligne.sortie[nombre - 1]) && est_chiffre_lu(suivant(reste).caractere);
     return static_cast<unsigned char>(c) >= 0x80 && c != static_cast<char>(kCarre);
 }
 

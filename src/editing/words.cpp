@@ -102,12 +102,10 @@ void batit_caracteres() {
     caracteres = Caracteres{};
     for (int code = 33; code <= 255; ++code) {
         const char c = static_cast<char>(code);
-        const bool majuscule = c >= 'A' && c <= 'Z';
-        const bool chiffre = c >= '0' && c <= '9';
         caracteres.caracteres_visibles += c;
-        if (chiffre || majuscule || (c >= 'a' && c <= 'z') || c == '_' || code >= 128)
+        if (est_chiffre(c) || est_lettre(capitale(c)) || c == '_' || code >= 128)
             caracteres.caracteres_identificateur += c;
-        if (majuscule) caracteres.lettres_majuscules += c;
+        if (est_lettre(c)) caracteres.lettres_majuscules += c;
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "engine/reader.hpp"
 #include "functions/angles.hpp"
@@ -115,9 +116,9 @@ private:
         const char c = premier();
         if (fonction_)
             appel();
-        else if ((c >= '0' && c <= '9') || c == '$' || c == '#')
+        else if (est_chiffre(c) || c == '$' || c == '#')
             litteral();
-        else if (c >= 'A' && c <= 'Z' && moteur.l_symbole.size() == 1)
+        else if (est_lettre(c) && moteur.l_symbole.size() == 1)
             lettre();
         else if (c == '(')
             parenthese();

@@ -19,8 +19,6 @@ constexpr char kCarreEcrit = "²"_fr[0];
 // A list of a data set has no formula: the piece is the line.
 constexpr std::size_t kJusquAuBout = std::string_view::npos;
 
-bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
-
 // A step of the walk: how far it goes in the text and in the formula. Neither: they don't belong together.
 struct Pas {
     std::size_t texte = 0;

@@ -14,9 +14,7 @@ constexpr std::string_view kLigneVide = "ligne vide";
 
 // True for a byte of a word: a letter, a digit, a part of a character beyond ASCII.
 bool dans_un_mot(char c) {
-    const auto octet = static_cast<unsigned char>(c);
-    return octet >= 0x80 || (octet >= '0' && octet <= '9') || (octet >= 'A' && octet <= 'Z') ||
-           (octet >= 'a' && octet <= 'z');
+    return static_cast<unsigned char>(c) >= 0x80 || est_chiffre(c) || est_lettre(capitale(c));
 }
 
 // True when `texte` ends with these words, whole: "pi" doesn't end with "i". Any text ends with none.

@@ -141,14 +141,10 @@ std::size_t cherche_ligne(std::string_view texte, Condition condition) {
     return npos;
 }
 
-bool est_lettre(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0xC0;
-}
-
 // True for a word of an entry in whose place another may be heard: one with a figure, a quotation, a path, the name
 // of a file, a letter alone.
 bool mot_variable(std::string_view mot) {
-    if (mot.size() == 1) return est_chiffre(mot[0]) || (mot[0] >= 'A' && mot[0] <= 'Z');
+    if (mot.size() == 1) return est_chiffre(mot[0]) || est_lettre(mot[0]);
     const std::size_t point = mot.find('.');
     return mot.find_first_of("0123456789\"\\") != npos || (point != npos && point + 1 < mot.size());
 }
@@ -163,7 +159,7 @@ std::string motif_d_entree(std::string_view mots) {
         const std::string_view mot = mots.substr(debut, fin - debut);
         const std::size_t coeur = mot.find_last_not_of(",;:.") + 1;
         const bool variable = mot_variable(mot.substr(0, coeur));
-        if (!variable) fixes += std::ranges::count_if(mot, est_lettre);
+        if (!variable) fixes += std::ranges::count_if(mot, est_lettre_de_mot);
         if (variable && motif.ends_with('*')) continue;   // a piece of several words
         if (!motif.empty()) motif += ' ';
         motif.append(variable ? "*" : mot.substr(0, coeur)).append(mot.substr(coeur));

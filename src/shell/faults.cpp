@@ -53,10 +53,7 @@ std::string mots_du_morceau(std::string_view morceau) {
     if (morceau.empty()) return std::string(kFinDuCalcul);
     if (sans_blancs(morceau).empty()) return "blanc";
     if (morceau == "\t") return "tabulation";
-    const bool signes = std::ranges::none_of(morceau, [](char c) {
-        const char grande = capitale(c);
-        return (grande >= 'A' && grande <= 'Z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0xC0;
-    });
+    const bool signes = std::ranges::none_of(morceau, [](char c) { return est_lettre_de_mot(c) || est_chiffre(c); });
     return signes ? signes_en_mots(morceau) : std::string(morceau);
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/codepage.hpp"
 #include "documents/open_documents.hpp"
 #include "editing/lines.hpp"
 #include "functions/table.hpp"
@@ -15,7 +16,7 @@
 
 namespace {
 
-bool est_lettre(int touche) { return touche >= 'A' && touche <= 'Z'; }
+bool est_touche_lettre(int touche) { return touche >= 'A' && touche <= 'Z'; }
 
 // Number of the function of that name; 0 for none.
 int rang_de(std::string_view nom) {
@@ -61,7 +62,7 @@ void va_a_la_lettre(char lettre) {
 // In key help the keys are only told.
 bool est_touche_de_liste(const FrappeTouche& frappe) {
     if (aide.aide_touche) return false;
-    const bool sienne = est_lettre(frappe.touche) || frappe.touche == kToucheEntree;
+    const bool sienne = est_touche_lettre(frappe.touche) || frappe.touche == kToucheEntree;
     return fenetre.liste_fonctions && fenetre.txt.visible && sienne && !frappe.ctrl && !frappe.alt;
 }
 

@@ -68,7 +68,7 @@ private:
 
     // A sign, or a word.
     void autre() {
-        const auto fin = std::ranges::find_if_not(reste_, [](char c) { return (capitale(c) >= 'A' && capitale(c) <= 'Z'); });
+        const auto fin = std::ranges::find_if_not(reste_, [](char c) { return est_lettre(capitale(c)); });
         const std::string_view pris = prend(std::max<std::size_t>(static_cast<std::size_t>(fin - reste_.begin()), 1));
         ajoute_mots(mots_, pris == "INF" ? "infini" : pris == "NAN" ? "pas un nombre" : signes_en_mots(pris));
         decimales_ = dans_un_nombre_ = false;

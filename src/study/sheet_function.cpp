@@ -59,8 +59,6 @@ std::string corps(std::string_view ligne) {
     return std::string(sans_blancs(texte));
 }
 
-bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
-
 // The letter after INC or AIR in a text in capitals, or 0. INC comes first, wherever it stands.
 char lettre_d_entete(std::string_view majuscule, Sorte& genre) {
     const bool inc = majuscule.find(kMotInc.mot) != npos;
@@ -108,7 +106,7 @@ void chaque_lettre(std::string_view majuscule, Action action) {
     for (std::size_t i = 0; i < majuscule.size();) {
         std::size_t fin = i;
         while (fin < majuscule.size() && est_lettre(majuscule[fin])) ++fin;
-        const bool chiffre_avant = i > 0 && majuscule[i - 1] >= '0' && majuscule[i - 1] <= '9';
+        const bool chiffre_avant = i > 0 && est_chiffre(majuscule[i - 1]);
         const bool exposant = majuscule.substr(i, fin - i) == "E" && chiffre_avant;
         if (fin == i + 1 && !exposant) action(i);
         i = std::max(fin, i + 1);

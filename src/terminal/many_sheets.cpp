@@ -18,6 +18,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "platform/console.hpp"
 #include "platform/helper_process.hpp"
 #include "platform/system_path.hpp"
@@ -232,7 +233,7 @@ bool copies_distinctes(const OptionsCalcul& options) {
         const auto chemin = std::filesystem::weakly_canonical(chemin_du_systeme(feuille), erreur);
         std::string copie = chemin_en_utf8(std::filesystem::path(chemin).replace_extension(".bak"));
         std::transform(copie.begin(), copie.end(), copie.begin(),
-                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+                       [](char c) { return est_lettre(c) ? static_cast<char>(c - 'A' + 'a') : c; });
         if (!copies.insert(std::move(copie)).second) return false;
     }
     return true;

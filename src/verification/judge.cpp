@@ -227,14 +227,13 @@ bool est_effectif(std::string_view texte) {
 // The call with a point for the first comma of each group, where it stands between two digits; "" for one with
 // points.
 std::string avec_points(std::string_view formule) {
-    const auto chiffre = [](char c) { return c >= '0' && c <= '9'; };
     std::string texte(formule);
     bool libre = true;
     for (std::size_t i = 1; i + 1 < texte.size(); ++i) {
         if (texte[i] == ';') libre = true;
         if (texte[i] == '.') return {};   // who writes points means the commas
         if (texte[i] != ',') continue;
-        if (libre && chiffre(texte[i - 1]) && chiffre(texte[i + 1])) texte[i] = '.';
+        if (libre && est_chiffre(texte[i - 1]) && est_chiffre(texte[i + 1])) texte[i] = '.';
         libre = false;
     }
     return texte;
@@ -284,14 +283,12 @@ void juge_statistiques(Jugement& j, const LigneObservee& o) {
 bool continue_le_calcul(std::string_view derriere, bool colle) {
     const std::string_view suite = sans_blancs(derriere);
     if (suite.empty()) return true;
-    const auto chiffre = [](char c) { return (c >= '0' && c <= '9') || c == '('; };
-    const auto lettre = [](char c) { return capitale(c) >= 'A' && capitale(c) <= 'Z'; };
     if (std::string_view("+-*/^),=!:%×÷;"_fr).find(suite[0]) != npos) {
         const std::string_view apres = sans_blancs(suite.substr(1));
-        return colle || (!apres.empty() && chiffre(apres[0]));
+        return colle || (!apres.empty() && (est_chiffre(apres[0]) || apres[0] == '('));
     }
     // One value alone is no comment.
-    const bool valeur = suite.find_first_not_of("0123456789.()") == npos || (suite.size() == 1 && lettre(suite[0]));
+    const bool valeur = suite.find_first_not_of("0123456789.()") == npos || (suite.size() == 1 && est_lettre(capitale(suite[0])));
     return colle && derriere[0] != ' ' && valeur;
 }
 
@@ -301,7 +298,7 @@ bool juge_factorielle(Jugement& j, const LigneObservee& o) {
     if (signe == 0 || o.ligne.size() <= o.formule.size()) return false;
     const std::size_t place = o.ligne.find('!');
     const char devant = o.formule.back();
-    const bool operande = (devant >= '0' && devant <= '9') || devant == ')' || (place == signe && capitale(devant) >= 'A' && capitale(devant) <= 'Z');
+    const bool operande = est_chiffre(devant) || devant == ')' || (place == signe && est_lettre(capitale(devant)));
     if (!operande || !continue_le_calcul(o.ligne.substr(place + 1), place == signe)) return false;
     Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::factorielle, place, o.ligne);
     c.lu = o.formule;
@@ -313,8 +310,7 @@ bool juge_factorielle(Jugement& j, const LigneObservee& o) {
 bool est_produit(std::string_view formule) {
     char avant = '=';
     for (const char c : capitales(formule)) {
-        const bool lettre = c >= 'A' && c <= 'Z';
-        if (c == '+' || (lettre && avant >= 'A' && avant <= 'Z')) return false;
+        if (c == '+' || (est_lettre(c) && est_lettre(avant))) return false;
         if (c == '-' && avant != '(' && avant != '^' && avant != '=') return false;
         if (c != ' ') avant = c;
     }

@@ -83,7 +83,7 @@ std::string nom_operande(std::string_view formule, const Noeud& n) {
     if (n.genre == GenreNoeud::matrice) return "matrice " + lettre(n.numero);
     if (n.genre != GenreNoeud::refuse || n.debut < 1) return {};
     const std::string_view nom = texte_utile(formule, n);
-    const bool variable = nom.size() == 1 && nom[0] >= 'A' && nom[0] <= 'Z';
+    const bool variable = nom.size() == 1 && est_lettre(nom[0]);
     const bool matrice = nom.size() == 2 && nom[0] == 'M' && TestCarMatrice(nom.substr(1));
     return variable || matrice ? signes_en_mots(nom) : std::string();
 }
@@ -285,13 +285,13 @@ std::string_view mots_faute(const LigneObservee& o) {
     const std::size_t debut = o.resultat.find_first_not_of(" =");
     if (debut != std::string_view::npos) return o.resultat.substr(debut);
     const std::string_view boite = sans_blancs(moteur.faute.mots);
-    return boite.empty() || (boite[0] >= '0' && boite[0] <= '9') ? std::string_view() : boite;
+    return boite.empty() || est_chiffre(boite[0]) ? std::string_view() : boite;
 }
 
 // The words of a line's fault, behind those of its first report where another one has followed.
 std::string toutes_les_fautes(const LigneObservee& o) {
     const std::string_view derniere = mots_faute(o), premiere = sans_blancs(observation->releve.mots_faute);
-    const bool nombre = !premiere.empty() && premiere[0] >= '0' && premiere[0] <= '9';
+    const bool nombre = !premiere.empty() && est_chiffre(premiere[0]);
     if (o.role != RoleLigne::formule || o.lue.empty() || premiere.empty() || nombre || premiere == derniere) return std::string(derniere);
     std::string mots(premiere);
     if (derniere.empty()) return mots;

@@ -40,7 +40,7 @@ std::size_t fin_du_resultat(std::string_view queue) {
     const std::size_t debut = std::min(corps.find_first_not_of(' '), corps.size());
     const std::string_view mots = corps.substr(debut);
     if (mots.empty()) return matrice ? npos : queue.size();
-    const bool chiffre = mots[0] == '-' || (mots[0] >= '0' && mots[0] <= '9');
+    const bool chiffre = mots[0] == '-' || est_chiffre(mots[0]);
     if (chiffre && debut == 1 && !matrice && mots.find_first_of(" ,") == npos) return est_valeur(mots) ? queue.size() : npos;
     if (est_erreur(mots)) return queue.size();
     if (const std::size_t egal = mots.find(" ="); egal != npos && est_matrice(mots.substr(0, egal)) && est_matrice(mots.substr(egal + 2)))
@@ -58,14 +58,12 @@ bool est_resultat_de(const LigneObservee& o) {
     if (o.erreur || o.resultat.size() < 4 || queue.size() < 4 || queue[0] != ' ' || queue[1] != '=' || queue[2] != ' ') return false;
     const std::size_t debut = queue[3] == '-' ? 4 : 3;
     bool figures = debut < queue.size() && queue[debut] != '.';
-    for (const char c : queue.substr(debut)) figures &= (c >= '0' && c <= '9') || c == '.';
+    for (const char c : queue.substr(debut)) figures &= est_chiffre(c) || c == '.';
     return figures;
 }
 
 bool est_mot(std::string_view texte) {
-    return !texte.empty() && std::ranges::all_of(texte, [](char c) {
-        return (capitale(c) >= 'A' && capitale(c) <= 'Z') || static_cast<unsigned char>(c) >= 0xC0;
-    });
+    return !texte.empty() && std::ranges::all_of(texte, est_lettre_de_mot);
 }
 
 std::string affectation_voulue(std::string_view mot, std::string_view queue) {
@@ -99,7 +97,7 @@ TexteEfface tape(const LigneObservee& o, std::string_view queue) {
 // Where the operand in front of `fin` begins: brackets with the name of their function, or figures and letters.
 std::size_t debut_operande(std::string_view texte, std::size_t fin) {
     const auto mot = [&](std::size_t i) {
-        while (i > 0 && ((texte[i - 1] >= '0' && texte[i - 1] <= '9') || texte[i - 1] == '.' || est_mot(texte.substr(i - 1, 1)))) --i;
+        while (i > 0 && (est_chiffre(texte[i - 1]) || texte[i - 1] == '.' || est_lettre_de_mot(texte[i - 1]))) --i;
         return i;
     };
     if (fin == 0 || texte[fin - 1] != ')') return mot(fin);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/codepage.hpp"
 #include "functions/table.hpp"
 
 namespace {
@@ -31,8 +32,6 @@ constexpr std::array<Caractere, 256> kCaracteres = [] {
     return t;
 }();
 static_assert(kPoint == kChiffre << 1, "each number keeps its second point refused");
-
-bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
 
 // A function whose value is all that comes of its call, whatever its argument is.
 bool est_sans_suite(const LigneFonction& f) {

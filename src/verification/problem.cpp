@@ -13,8 +13,6 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr int kCorrectionsMaxi = 12;   // mends of one formula
 
-bool est_lettre(char c) { return c >= 'A' && c <= 'Z'; }
-
 char caractere(std::string_view texte, std::size_t place) { return place < texte.size() ? texte[place] : '\0'; }
 
 // The last character in front of `place` that is no blank, or 0.

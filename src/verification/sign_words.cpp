@@ -42,11 +42,7 @@ std::string_view mots_de(auto& table, std::string_view signe) {
     return ligne == std::end(table) ? std::string_view() : ligne->mots;
 }
 
-bool est_lettre(char c) {
-    const char grande = capitale(c);
-    return (grande >= 'A' && grande <= 'Z') || static_cast<unsigned char>(c) >= 0xC0 || c == "œ"_fr[0] ||
-           c == "Œ"_fr[0];
-}
+bool est_lettre_dite(char c) { return est_lettre_de_mot(c) || c == "œ"_fr[0] || c == "Œ"_fr[0]; }
 
 bool est_apostrophe(char c) { return c == '\'' || c == "’"_fr[0]; }
 
@@ -57,9 +53,9 @@ std::size_t taille_mot(std::string_view texte) {
         return static_cast<std::size_t>(std::ranges::find_if_not(texte, est) - texte.begin());
     };
     if (texte.starts_with("×"_fr) || texte.starts_with("÷"_fr)) return 0;
-    if (const std::size_t lettres = suite(est_lettre); lettres > 0) {
+    if (const std::size_t lettres = suite(est_lettre_dite); lettres > 0) {
         const bool elision =
-            lettres + 1 < texte.size() && est_apostrophe(texte[lettres]) && est_lettre(texte[lettres + 1]);
+            lettres + 1 < texte.size() && est_apostrophe(texte[lettres]) && est_lettre_dite(texte[lettres + 1]);
         return elision ? lettres + 1 + taille_mot(texte.substr(lettres + 1)) : lettres;
     }
     std::size_t n = suite(est_chiffre);
@@ -79,7 +75,7 @@ void ajoute_lettres(std::string& phrase, std::string_view lettres) {
     if (rang != 0 && ligne_fonction(rang).nom == grandes) return ajoute_mots(phrase, mots_fonction(rang).debut);
     if (grandes.size() == 2 && grandes[0] == 'M' && TestCarMatrice(std::string_view(grandes).substr(1)))
         return ajoute_mots(phrase, std::string("matrice ") + grandes[1]);
-    const bool variable = grandes.size() == 1 && grandes[0] >= 'A' && grandes[0] <= 'Z';
+    const bool variable = grandes.size() == 1 && est_lettre(grandes[0]);
     ajoute_mots(phrase, variable ? mots_lettre(grandes[0]) : std::string(lettres));
 }
 

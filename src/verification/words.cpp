@@ -259,7 +259,7 @@ void dit_operande(Lecteur& l, const Noeud& n) {
     if (n.genre == Genre::mot) return (l.dit("mot"), l.dit(signes_en_mots(texte_utile(l.formule, n))));
     // A name that has no value, or what stands where a value is due.
     const std::string_view texte = texte_utile(l.formule, n);
-    const bool nom = !texte.empty() && texte[0] >= 'A' && texte[0] <= 'Z';
+    const bool nom = !texte.empty() && est_lettre(texte[0]);
     l.dit(nom ? signes_en_mots(texte) : std::string("valeur absente"));
 }
 

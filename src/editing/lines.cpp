@@ -96,6 +96,10 @@ Etendue etendue_ligne(std::string_view texte, std::int32_t numero) {
 
 Etendue etendue_ligne(std::int32_t numero) { return etendue_ligne(port.texte.texte(), numero); }
 
+bool est_fin_de_ligne(std::string_view texte, std::size_t position) {
+    return position == texte.size() || texte.substr(position).starts_with("\r\n");
+}
+
 Etendue etendue_autour(std::string_view texte, std::size_t position) {
     const std::size_t paire = position == 0 ? std::string_view::npos : texte.rfind("\r\n", position - 1);
     const std::size_t debut = paire == std::string_view::npos ? 0 : paire + 2;

@@ -30,6 +30,9 @@ struct Etendue {
 Etendue etendue_ligne(std::int32_t numero);
 Etendue etendue_ligne(std::string_view texte, std::int32_t numero);   // the same in `texte`
 
+// True when a line of `texte` can end at `position` (from 0, at most its length).
+bool est_fin_de_ligne(std::string_view texte, std::size_t position);
+
 // Extent of the line that holds a position (from 0); between the two characters of a line end it is the line
 // below.
 Etendue etendue_autour(std::string_view texte, std::size_t position);

@@ -135,15 +135,10 @@ std::int16_t place_la_cause(std::int16_t numero) {
     return ligne;
 }
 
-// True when a line of `texte` can end at `position`.
-bool est_fin(std::string_view texte, std::size_t position) {
-    return position == texte.size() || texte.substr(position).starts_with("\r\n");
-}
-
 // Where the line of the last pass, an extent of the text that it wrote, stands in the present text: all above it or
 // all below it is as it was.
 std::size_t debut_actuel(std::string_view actuel, std::string_view ancien, const Etendue& ligne) {
-    if (actuel.starts_with(ancien.substr(0, ligne.fin)) && est_fin(actuel, ligne.fin)) return ligne.debut;
+    if (actuel.starts_with(ancien.substr(0, ligne.fin)) && est_fin_de_ligne(actuel, ligne.fin)) return ligne.debut;
     const std::string_view reste = ancien.substr(ligne.debut);
     if (!actuel.ends_with(reste)) return Morceau::kAilleurs;
     const std::size_t debut = actuel.size() - reste.size();

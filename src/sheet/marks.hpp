@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/codepage.hpp"
 #include "base/signs.hpp"
 
 // A mark and its letters.
@@ -37,3 +38,17 @@ struct TexteMarque {
         return position(marque) != std::string_view::npos;
     }
 };
+
+// What the heading of a table or an area says: its variable and which of the two it is.
+struct VariableEntete {
+    char lettre = 0;    // A to Z; 0: the text is no heading
+    bool inc = false;   // INC, which comes first wherever it stands; otherwise AIR
+};
+
+// The letter behind INC or AIR in a text in capitals.
+inline VariableEntete variable_entete(std::string_view majuscules) {
+    const std::size_t inc = majuscules.find(kMotInc.mot);
+    const std::size_t mot = inc != std::string_view::npos ? inc : majuscules.find(kMotAir.mot);
+    if (mot == std::string_view::npos || mot + 3 >= majuscules.size() || !est_lettre(majuscules[mot + 3])) return {};
+    return {majuscules[mot + 3], inc != std::string_view::npos};
+}

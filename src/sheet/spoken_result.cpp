@@ -17,11 +17,6 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr std::size_t kInconnue = npos;
 
-// True when a line of `texte` can end at `position`.
-bool est_fin(std::string_view texte, std::size_t position) {
-    return position == texte.size() || texte.substr(position).starts_with("\r\n");
-}
-
 // Which lines of the present text are lines of the last pass that stand unchanged: all above them or all below them
 // is as it was.
 class Correspondance {
@@ -43,7 +38,7 @@ public:
     // it is not one of the pass.
     std::size_t ligne_ecrite(const Etendue& ligne, std::size_t rang) const {
         if (!connue_) return kInconnue;
-        if (ligne.fin <= dessus_ && est_fin(ancien_, ligne.fin)) return rang;
+        if (ligne.fin <= dessus_ && est_fin_de_ligne(ancien_, ligne.fin)) return rang;
         const std::size_t reste = actuel_.size() - ligne.debut;
         if (reste > dessous_) return kInconnue;
         const std::string_view avant = ancien_.substr(0, ancien_.size() - reste);

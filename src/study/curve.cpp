@@ -5,8 +5,6 @@
 #include <cmath>
 #include <functional>
 
-#include "platform/patience.hpp"
-#include "sheet/aside.hpp"
 
 namespace {
 
@@ -101,14 +99,9 @@ void accorde(CourbeEntendue& une, CourbeEntendue& autre) {
 
 Refus lis_courbe(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
                  CourbeDeFeuille& resultat) {
-    const CalculAPart a_part;
-    FonctionOuverte ouverte;
-    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty())
-        return patience.abandonnee ? kEtudeInterrompue : refus;
-    resultat.fonction = fonction;
-    resultat.fonction.lettre = ouverte.lettre;
-    const Etude etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
-    resultat.courbe = courbe_de(etude, std::ref(ouverte));
-    resultat.points = points_de(ouverte, resultat.courbe);
-    return patience.abandonnee ? kEtudeInterrompue : Refus();
+    return avec_fonction(texte, fonction, bornes, resultat.fonction, [&](FonctionOuverte& ouverte) {
+        const Etude etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
+        resultat.courbe = courbe_de(etude, std::ref(ouverte));
+        resultat.points = points_de(ouverte, resultat.courbe);
+    });
 }

@@ -59,14 +59,13 @@ std::string corps(std::string_view ligne) {
     return std::string(sans_blancs(texte));
 }
 
-// The letter after INC or AIR in a text in capitals, or 0. INC comes first, wherever it stands.
+// The variable of a table or an area whose heading this text in capitals is, or 0.
 char lettre_d_entete(std::string_view majuscule, Sorte& genre) {
-    const bool inc = majuscule.find(kMotInc.mot) != npos;
-    const std::size_t mot = inc ? majuscule.find(kMotInc.mot) : majuscule.find(kMotAir.mot);
     const bool autre = majuscule.find(kMotStatX.mot) != npos || majuscule.find(kDefFonction.mot) != npos;
-    if (mot == npos || autre || mot + 3 >= majuscule.size() || !est_lettre(majuscule[mot + 3])) return 0;
-    genre = inc ? Sorte::inc : Sorte::air;
-    return majuscule[mot + 3];
+    const VariableEntete variable = variable_entete(majuscule);
+    if (autre || variable.lettre == 0) return 0;
+    genre = variable.inc ? Sorte::inc : Sorte::air;
+    return variable.lettre;
 }
 
 // The heading on line `rang` (from 0) with its function below it.

@@ -82,20 +82,28 @@ void note_lecture(EtudeDeFeuille& etude) {
 
 }  // namespace
 
-Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
-                      EtudeDeFeuille& resultat) {
+Refus avec_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
+                    FonctionDeFeuille& trouvee, const std::function<void(FonctionOuverte&)>& instruction) {
     const CalculAPart a_part;
     FonctionOuverte ouverte;
-    if (const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte); !refus.empty())
-        return patience.abandonnee ? kEtudeInterrompue : refus;
-    resultat.fonction = fonction;
-    resultat.fonction.lettre = ouverte.lettre;
-    ouverte((ouverte.debut + ouverte.fin) / 2);
-    note_lecture(resultat);
-    ouverte.prend_formule(ouverte.formule);
-    resultat.etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
-    cherche_rencontres(texte, resultat);
-    return patience.abandonnee ? kEtudeInterrompue : Refus();
+    const Refus refus = ouvre_fonction(texte, fonction, bornes, ouverte);
+    if (refus.empty()) {
+        trouvee = fonction;
+        trouvee.lettre = ouverte.lettre;
+        instruction(ouverte);
+    }
+    return patience.abandonnee ? kEtudeInterrompue : refus;
+}
+
+Refus etudie_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
+                      EtudeDeFeuille& resultat) {
+    return avec_fonction(texte, fonction, bornes, resultat.fonction, [&](FonctionOuverte& ouverte) {
+        ouverte((ouverte.debut + ouverte.fin) / 2);
+        note_lecture(resultat);
+        ouverte.prend_formule(ouverte.formule);
+        resultat.etude = etudie(std::ref(ouverte), ouverte.debut, ouverte.fin);
+        cherche_rencontres(texte, resultat);
+    });
 }
 
 void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes) {

@@ -2,6 +2,7 @@
 // stays as it is. Hold no state.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,11 @@ std::optional<std::vector<EtudeDeFeuille>> refais_etudes(std::string_view texte)
 
 // The studies of all functions of the sheet under INC and AIR that can be made.
 std::vector<EtudeDeFeuille> etudie_tout(std::string_view texte);
+
+// Opens the function aside, leaves in `trouvee` which one it is with its letter, and runs `instruction` with it. Why not:
+// what it can't be opened for, or that the user has given up.
+Refus avec_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
+                    FonctionDeFeuille& trouvee, const std::function<void(FonctionOuverte&)>& instruction);
 
 // Said where there is no function, and when the user has given up.
 inline constexpr Refus kSansFonctionIci = "aucune fonction dans la feuille"_fr;

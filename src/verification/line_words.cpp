@@ -203,14 +203,10 @@ void ajoute_fermante(LigneDite& dite, std::string_view entiere) {
     if (!fin) ajoute_mots(dite.mots, signes_en_mots(texte));
 }
 
-// The variable of a heading, 1 to 26: the letter behind INC or AIR, 0 for anything else.
-int variable_entete(std::string_view ligne) {
-    const std::string grandes = capitales(ligne);
-    std::size_t mot = grandes.find(kMotInc.mot);
-    if (mot == std::string::npos) mot = grandes.find(kMotAir.mot);
-    if (mot == std::string::npos || mot + 3 >= grandes.size()) return 0;
-    const int rang = rang_lettre(grandes[mot + 3]);
-    return rang < 1 || rang > 26 ? 0 : rang;
+// The number of a heading's variable, 1 to 26; 0 for anything else.
+int rang_entete(std::string_view ligne) {
+    const char lettre = variable_entete(capitales(ligne)).lettre;
+    return lettre == 0 ? 0 : rang_lettre(lettre);
 }
 
 // The heading of a table or an area, with its variable.
@@ -315,7 +311,7 @@ void prend_ligne(const LigneObservee& o) {
         ajoute_faute(attente.dite, o.erreur, observation->releve.mots_faute);
         ajoute_commentaire(attente.dite, attente.commentaire);
     }
-    if (o.role == RoleLigne::entete) attente.variable = variable_entete(o.formule);
+    if (o.role == RoleLigne::entete) attente.variable = rang_entete(o.formule);
     if (o.numero != attente.numero) return;
     attente.vue = true;
     ajoute_role(attente.dite, o);

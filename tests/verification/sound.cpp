@@ -15,13 +15,10 @@
 #include "sheet/old_blocks.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
-#include "support/program.hpp"
 #include "verification/check.hpp"
 #include "verification/typed_lines.hpp"
 
 namespace {
-
-constexpr int kFautesMontrees = 5;
 
 // What the pass has told of the last line.
 struct Derniere {
@@ -179,16 +176,12 @@ bool essaie_feuille(std::uint64_t graine) {
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
-    const auto [lignes, feuilles, graine] = lis_tours(argc, argv);
-    programme_neuf();
-    int fautes = 0;
+    const Tours tours = lis_tours(argc, argv);
     Comptes comptes;
-    for (int i = 0; i < lignes && fautes < kFautesMontrees; ++i)
-        if (!essaie_ligne(graine + static_cast<std::uint64_t>(i), comptes)) ++fautes;
-    for (int i = 0; i < feuilles && fautes < kFautesMontrees; ++i)
-        if (!essaie_feuille(graine + static_cast<std::uint64_t>(i))) ++fautes;
-    std::cout << lignes << " lines: " << comptes.silences << " silent, " << comptes.non_lus << " with unread text, "
-              << comptes.autres << " others; " << feuilles << " sheets; " << fautes << " faults\n";
+    const int fautes =
+        compte_fautes(tours, [&](std::uint64_t graine) { return essaie_ligne(graine, comptes); }, essaie_feuille);
+    std::cout << tours.lignes << " lines: " << comptes.silences << " silent, " << comptes.non_lus << " with unread text, "
+              << comptes.autres << " others; " << tours.feuilles << " sheets; " << fautes << " faults\n";
     // A run in which nothing was silent or unread would prove nothing.
-    return fautes == 0 && (lignes == 0 || (comptes.silences > 0 && comptes.non_lus > 0)) ? 0 : 1;
+    return fautes == 0 && (tours.lignes == 0 || (comptes.silences > 0 && comptes.non_lus > 0)) ? 0 : 1;
 }

@@ -6,6 +6,12 @@
 #include "property/expressions.hpp"
 #include "support/program.hpp"
 
+namespace {
+
+constexpr int kFautesMontrees = 5;
+
+}  // namespace
+
 Tours lis_tours(int argc, char** argv) {
     Tours tours;
     for (int i = 1; i + 1 < argc; i += 2) {
@@ -15,6 +21,17 @@ Tours lis_tours(int argc, char** argv) {
         if (option == "--graine") tours.graine = std::strtoull(argv[i + 1], nullptr, 10);
     }
     return tours;
+}
+
+int compte_fautes(const Tours& tours, const std::function<bool(std::uint64_t)>& essaie_ligne,
+                  const std::function<bool(std::uint64_t)>& essaie_feuille) {
+    programme_neuf();
+    int fautes = 0;
+    for (int i = 0; i < tours.lignes && fautes < kFautesMontrees; ++i)
+        if (!essaie_ligne(tours.graine + static_cast<std::uint64_t>(i))) ++fautes;
+    for (int i = 0; i < tours.feuilles && fautes < kFautesMontrees; ++i)
+        if (!essaie_feuille(tours.graine + static_cast<std::uint64_t>(i))) ++fautes;
+    return fautes;
 }
 
 std::string abime(Tirage& t, std::string ligne) {

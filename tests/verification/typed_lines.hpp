@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "property/choice.hpp"
@@ -18,6 +19,10 @@ struct Tours {
     std::uint64_t graine = 1;
 };
 Tours lis_tours(int argc, char** argv);   // --lignes N, --feuilles N, --graine S
+
+// Tries the lines, then the sheets, each by its seed, in a fresh program; how many have failed. A few are enough.
+int compte_fautes(const Tours& tours, const std::function<bool(std::uint64_t)>& essaie_ligne,
+                  const std::function<bool(std::uint64_t)>& essaie_feuille);
 
 // What is typed wrong: one character more, less or other, a piece twice, a blank.
 std::string abime(Tirage& t, std::string ligne);

@@ -15,13 +15,10 @@
 #include "sheet/observer.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
-#include "support/program.hpp"
 #include "verification/check.hpp"
 #include "verification/typed_lines.hpp"
 
 namespace {
-
-constexpr int kFautesMontrees = 5;
 
 int premiere_erreur = 0;   // line of the sheet
 
@@ -118,16 +115,13 @@ bool essaie_feuille(std::uint64_t graine, long& trouves) {
 
 int main(int argc, char** argv) {
     agrandit_pile(argv);
-    const auto [lignes, feuilles, graine] = lis_tours(argc, argv);
-    programme_neuf();
-    int fautes = 0;
+    const Tours tours = lis_tours(argc, argv);
     long dans_les_lignes = 0, dans_les_feuilles = 0;
-    for (int i = 0; i < lignes && fautes < kFautesMontrees; ++i)
-        if (!essaie_ligne(graine + static_cast<std::uint64_t>(i), dans_les_lignes)) ++fautes;
-    for (int i = 0; i < feuilles && fautes < kFautesMontrees; ++i)
-        if (!essaie_feuille(graine + static_cast<std::uint64_t>(i), dans_les_feuilles)) ++fautes;
-    std::cout << lignes << " lines with " << dans_les_lignes << " findings, " << feuilles << " sheets with "
+    const int fautes = compte_fautes(
+        tours, [&](std::uint64_t graine) { return essaie_ligne(graine, dans_les_lignes); },
+        [&](std::uint64_t graine) { return essaie_feuille(graine, dans_les_feuilles); });
+    std::cout << tours.lignes << " lines with " << dans_les_lignes << " findings, " << tours.feuilles << " sheets with "
               << dans_les_feuilles << "; " << fautes << " faults\n";
     // Where hardly anything is found nothing is compared.
-    return fautes == 0 && dans_les_lignes >= lignes / 10 && dans_les_feuilles >= feuilles / 10 ? 0 : 1;
+    return fautes == 0 && dans_les_lignes >= tours.lignes / 10 && dans_les_feuilles >= tours.feuilles / 10 ? 0 : 1;
 }

@@ -3,6 +3,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+#include "base/codepage.hpp"
+
+// Captions of the dialog for a sheet.
+inline constexpr std::string_view kTitreOuvrir = "Ouvrir"_fr;
+inline constexpr std::string_view kTitreEnregistrer = "Enregistrer sous"_fr;
 
 struct Dlg {
     std::string extension;                // default extension, "VXT"

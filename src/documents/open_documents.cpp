@@ -83,7 +83,7 @@ std::string dossier_propose() {
 // Asks for a file to open. Cancel is a failure.
 std::string demande_fichier() {
     dlg.nom_fichier = dossier_propose() + "." + dlg.extension;
-    if (!port.dialogues.ouvre(dlg.nom_fichier, dlg.filtre, dlg.extension)) echoue(kAnnulation);
+    if (!port.dialogues.ouvre(dlg.nom_fichier, {dlg.filtre, dlg.extension, kTitreOuvrir})) echoue(kAnnulation);
     std::string nom = dlg.nom_fichier;
     if (nom.size() > 2 && nom.compare(1, 2, ":.") == 0) nom.erase(2, 1);
     return nom;

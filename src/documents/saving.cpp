@@ -82,7 +82,7 @@ bool demande_nom() {
         const std::string& nom = ligne_courante_ini().nom;
         dlg.nom_fichier =
             nom != reglages.nom_sanstitre ? nom : reglages.nom_repertoire + reglages.nom_sanstitre;
-        if (!port.dialogues.enregistre(dlg.nom_fichier, dlg.filtre, dlg.extension)) return false;
+        if (!port.dialogues.enregistre(dlg.nom_fichier, {dlg.filtre, dlg.extension, kTitreEnregistrer})) return false;
     } while (refuse_nom(dlg.nom_fichier));
     return true;
 }

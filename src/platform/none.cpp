@@ -37,8 +37,8 @@ constexpr PortFichiers kFichiers{
     [](Chemin, Chemin) { return false; }};
 
 using Mots = std::string_view;
-constexpr PortDialogues kDialogues{[](std::string&, Mots, Mots) { return false; },
-                                   [](std::string&, Mots, Mots) { return false; },
+constexpr PortDialogues kDialogues{[](std::string&, const DemandeFichier&) { return false; },
+                                   [](std::string&, const DemandeFichier&) { return false; },
                                    [](std::string&, double&, bool) { return false; },
                                    [] { return false; }};
 

@@ -60,10 +60,15 @@ struct PortFichiers {
     bool (*meme_fichier)(const std::string& a, const std::string& b);   // both exist and are one file
 };
 
+// A file dialog: kinds of files offered (pairs of caption and pattern), default extension, and the caption.
+struct DemandeFichier {
+    std::string_view filtre, extension, titre;
+};
+
 // The file dialog, the font dialog and the printer dialog; each answers false on Cancel.
 struct PortDialogues {
-    bool (*ouvre)(std::string& nom, std::string_view filtre, std::string_view extension);
-    bool (*enregistre)(std::string& nom, std::string_view filtre, std::string_view extension);
+    bool (*ouvre)(std::string& nom, const DemandeFichier& demande);
+    bool (*enregistre)(std::string& nom, const DemandeFichier& demande);
     bool (*police)(std::string& nom, double& taille, bool imprimante);
     bool (*imprimante)();
 };

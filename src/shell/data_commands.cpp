@@ -29,12 +29,17 @@ namespace {
 
 constexpr std::string_view kFiltreDonnees =
     "Données (*.csv)|*.csv|Données (*.txt)|*.txt|Données (*.tsv)|*.tsv|tous fichiers (*.*)|*.*"_fr;
-constexpr std::string_view kExtensionDonnees = "csv";
 constexpr std::string_view kFiltrePage = "Page HTML (*.html)|*.html|tous fichiers (*.*)|*.*"_fr;
-constexpr std::string_view kExtensionPage = "html";
 constexpr std::size_t kDonneesCitees = 12;   // that one question can tell
 
 void refuse(std::string_view mots) { dit(std::string("rien n'est importé : "_fr).append(mots)); }
+
+// The caption of an item as it is read, for its dialog.
+std::string titre_de(std::string_view libelle) {
+    std::string titre(libelle);
+    std::erase(titre, '&');
+    return titre;
+}
 
 // Where the dialog begins: beside the sheet.
 std::string dossier_de_la_feuille() {
@@ -73,8 +78,9 @@ void importe(const DonneesLues& donnees, std::string_view forme) {
 
 // Asks for a file and imports it.
 void importe_fichier() {
-    std::string nom = dossier_de_la_feuille() + "." + std::string(kExtensionDonnees);
-    if (!port.dialogues.ouvre(nom, kFiltreDonnees, kExtensionDonnees)) return;
+    std::string nom = dossier_de_la_feuille() + ".csv";
+    const std::string titre = titre_de(kLibelleImporter);
+    if (!port.dialogues.ouvre(nom, {kFiltreDonnees, "csv", titre})) return;
     std::string octets, refus, forme;
     if (port.fichiers.lit(nom, octets) != 0) return refuse("le fichier ne peut pas être lu"_fr);
     const std::optional<DonneesLues> donnees = lis_donnees(octets, refus);
@@ -89,10 +95,11 @@ std::string nom_propose(std::string_view extension) {
     return dossier_de_la_feuille() + nom.substr(0, point) + "." + std::string(extension);
 }
 
-// Asks where a file goes; "" on Cancel, and, with the words, for a place of the program's or of a sheet.
-std::string demande_nom(std::string_view filtre, std::string_view extension) {
+// Asks where the file of the item of that caption goes; "" on Cancel, and, with the words, for a place of the program's or of a sheet.
+std::string demande_nom(std::string_view libelle, std::string_view filtre, std::string_view extension) {
     std::string nom = nom_propose(extension);
-    if (!port.dialogues.enregistre(nom, filtre, extension)) return "";
+    const std::string titre = titre_de(libelle);
+    if (!port.dialogues.enregistre(nom, {filtre, extension, titre})) return "";
     const bool feuille = rang_ouvert(nom) != 0 || capitales(nom).ends_with(".VXT");
     if (!reserve(nom) && !feuille) return nom;
     dit("rien n'est exporté : ce nom est celui d'une feuille ou du programme"_fr);
@@ -158,7 +165,7 @@ bool veut_un_fichier(std::string_view refus) {
 
 void mnuExporterPageItem() {
     if (sans_blancs(port.texte.texte()).empty()) return dit("rien à exporter : la feuille est vide"_fr);
-    const std::string nom = demande_nom(kFiltrePage, kExtensionPage);
+    const std::string nom = demande_nom(kLibelleExporterPage, kFiltrePage, "html");
     if (nom.empty()) return;
     const Rapport rapport = rapport_de(port.texte.texte(), true);
     if (!rapport.complet) return dit("rien n'est exporté : la feuille n'a pas été calculée en entier"_fr);
@@ -179,7 +186,7 @@ void mnuExporterDonneesItem() {
     if (toutes.empty()) return dit("rien à exporter : la feuille n'a ni table, ni série, ni matrice"_fr);
     Choix choix;
     if (!demande_choix(toutes, choix)) return;
-    const std::string nom = demande_nom(kFiltreDonnees, kExtensionDonnees);
+    const std::string nom = demande_nom(kLibelleExporterDonnees, kFiltreDonnees, "csv");
     if (nom.empty()) return;
     const TableDonnees& table = toutes[choix.rang].table;
     if (!ecrit(nom, fichier_de_donnees(table, choix.convention))) return;

@@ -70,21 +70,20 @@ wxFileName depart(const std::string& nom) {
     return propose;
 }
 
-bool choisit_fichier(std::string& nom, std::string_view filtre, std::string_view extension,
-                     bool enregistre) {
+bool choisit_fichier(std::string& nom, const DemandeFichier& demande, bool enregistre) {
     wxFileName propose = depart(nom);
     for (;;) {
         ouvre_modal();
         // What is proposed for a file to open is a folder, with an extension for a name.
-        wxFileDialog dialogue(cadre, enregistre ? "Enregistrer sous" : "Ouvrir", propose.GetPath(),
+        wxFileDialog dialogue(cadre, vers_wx(demande.titre), propose.GetPath(),
                               enregistre ? propose.GetFullName() : wxString(),
-                              filtre_du_systeme(filtre), enregistre ? wxFD_SAVE : wxFD_OPEN);
+                              filtre_du_systeme(demande.filtre), enregistre ? wxFD_SAVE : wxFD_OPEN);
         if (!enregistre) commence_par_le_nom(dialogue);
         const bool ok = dialogue.ShowModal() == wxID_OK;
         if (!ok) return false;
         propose.Assign(dialogue.GetPath());
         std::string choisi;
-        if (!nom_choisi(dialogue, extension, enregistre, choisi) || !convient(choisi, enregistre)) continue;
+        if (!nom_choisi(dialogue, demande.extension, enregistre, choisi) || !convient(choisi, enregistre)) continue;
         nom = choisi;
         return true;
     }
@@ -117,11 +116,7 @@ bool imprimante() {
 }  // namespace
 
 void installe_dialogues() {
-    port.dialogues = {[](std::string& nom, std::string_view filtre, std::string_view extension) {
-                          return choisit_fichier(nom, filtre, extension, false);
-                      },
-                      [](std::string& nom, std::string_view filtre, std::string_view extension) {
-                          return choisit_fichier(nom, filtre, extension, true);
-                      },
+    port.dialogues = {[](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, false); },
+                      [](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, true); },
                       police, imprimante};
 }

@@ -64,13 +64,13 @@ def key(name: str, answer: str | None, started: bool) -> list[str]:
 def data_key(answers: list[str]) -> list[str]:
     """The script's lines for the key that imports a file."""
     return [f"répond {quoted(f'C:{chr(92)}{answers[0]}')}", f"répond {quoted(answers[1])}", "touche Ctrl+I",
-            'entend dialogue "ouvrir" "C:\\.csv"', f"entend saisie {quoted(QUESTION + COLUMNS)} {quoted(answers[1])}"]
+            'entend dialogue "Importer des données" "C:\\.csv"', f"entend saisie {quoted(QUESTION + COLUMNS)} {quoted(answers[1])}"]
 
 
 def page_key(answer: str) -> list[str]:
     """The script's lines for the key that writes the page."""
     return [f"répond {quoted(f'C:{chr(92)}{answer}.html')}", "touche Ctrl+H",
-            'entend dialogue "enregistrer" "C:\\SANSTITRE.html"']
+            'entend dialogue "Exporter la page" "C:\\SANSTITRE.html"']
 
 
 def lesson_key(name: str, answers: list[str]) -> list[str]:

@@ -73,15 +73,15 @@ Contenus contenus() {
 // ---- The user gives a file up: he chooses its name for another sheet, and answers Yes
 
 Joueur* joueur = nullptr;   // who plays
-bool (*vrai_dialogue)(std::string&, std::string_view, std::string_view);
+bool (*vrai_dialogue)(std::string&, const DemandeFichier&);
 
-bool dialogue_note(std::string& nom, std::string_view filtre, std::string_view extension) {
-    if (!vrai_dialogue(nom, filtre, extension)) return false;
+bool dialogue_note(std::string& nom, const DemandeFichier& demande) {
+    if (!vrai_dialogue(nom, demande)) return false;
     if (!port.fichiers.meme_fichier(nom, reglages.table_ini(documents.document_courant).nom))
         if (const std::optional<std::string> contenu = lit_memoire(nom))
             ajoute_mots(joueur->remplaces[nom], *contenu);
     // What goes out as a page or as data is no sheet: opened as one it is shown otherwise.
-    if (capitales(extension) != "VXT" && !capitales(nom).ends_with(".VXT")) joueur->touches.insert(chemin_memoire(nom));
+    if (capitales(demande.extension) != "VXT" && !capitales(nom).ends_with(".VXT")) joueur->touches.insert(chemin_memoire(nom));
     return true;
 }
 

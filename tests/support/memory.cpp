@@ -10,6 +10,7 @@
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
 #include "base/number.hpp"
+#include "documents/dialog.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
 #include "platform/stack.hpp"
@@ -104,18 +105,18 @@ void note_message(Mots texte) {
     entend("message", texte);
 }
 
-bool choisit_fichier(Mots dialogue, std::string& nom) {
-    entend("dialogue", dialogue, nom);
+// A dialog for something else than a sheet is told by its caption.
+bool choisit_fichier(Mots dialogue, std::string& nom, const DemandeFichier& demande) {
+    const bool feuille = demande.titre == kTitreOuvrir || demande.titre == kTitreEnregistrer;
+    entend("dialogue", feuille ? dialogue : demande.titre, nom);
     std::optional<std::string> prete = reponse_suivante();
     if (!prete) return false;
     nom = std::move(*prete);
     return true;
 }
 
-bool dialogue_ouvre(std::string& nom, Mots, Mots) { return choisit_fichier("ouvrir", nom); }
-bool dialogue_enregistre(std::string& nom, Mots, Mots) {
-    return choisit_fichier("enregistrer", nom);
-}
+bool dialogue_ouvre(std::string& nom, const DemandeFichier& d) { return choisit_fichier("ouvrir", nom, d); }
+bool dialogue_enregistre(std::string& nom, const DemandeFichier& d) { return choisit_fichier("enregistrer", nom, d); }
 
 std::string nom_et_taille(Mots nom, double taille) {
     return std::string(nom) + " " + texte_general(taille);

@@ -20,8 +20,8 @@ struct Saisie {
 };
 
 // Something that the user hears. Genres: "message", "boite", "question" (box with Yes and No),
-// "saisie" (texte: prompt), "dialogue" (texte: "ouvrir", "enregistrer", "police écran", "police
-// imprimante" or "imprimante"), "bip", "son" (texte: "réussite" or "échec"),
+// "saisie" (texte: prompt), "dialogue" (texte: "ouvrir", "enregistrer", the caption of one for another file than a
+// sheet, "police écran", "police imprimante" or "imprimante"), "bip", "son" (texte: "réussite" or "échec"),
 // "courbe" (texte: tenths of a second of a sound that was played), "arret" (it was stopped), "impression" (texte: the
 // text sent), "fin".
 struct Entendu {

@@ -34,6 +34,7 @@ def exported(p, h):
     page = p.folder / "devoir.html"
     p.key("Ctrl+H")
     dialog = p.wait_dialog()
+    same(dialog.get_name(), "Exporter la page", "the dialog's name, which a reader says")
     name_line(p, dialog)
     h.answer(str(page))
     p.key("Entrée")
@@ -62,7 +63,7 @@ def data_out(p, h):
     dialog = p.wait_dialog("file chooser")
     wait(lambda: name_line(p, dialog), "the line for its name")
     h.answer(str(file))
-    h.hear_back("Entrée", "! x, y", "données exportées : mesures.csv, lignes : 3, colonnes : 2", row="Enregistrer sous")
+    h.hear_back("Entrée", "! x, y", "données exportées : mesures.csv, lignes : 3, colonnes : 2", row="Exporter les données")
     same(p.sheet(), before, "the sheet")
     same(file.read_text(encoding="utf-8-sig"), "x;y\n1,5;2\n2;3\n4;5\n", "the file")
 

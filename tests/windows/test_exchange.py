@@ -13,7 +13,7 @@ CLIPBOARD = "Presse-papiers, ou réponse vide pour un fichier : 3 lignes, 2 colo
 LINES = "! x, y\nSTATXY\n1.5,2,4\n2,3,5\n"
 PARABOLA = "INCX(-2,1,5)¶X^2-1"
 STUDY = "Étude de X^2-1, X de -2 à 2"
-SAVE, OPEN = "Enregistrer sous", "Ouvrir"
+PAGE, DATA, IMPORT = "Exporter la page", "Exporter les données", "Importer des données"
 
 
 def escape(p, line):
@@ -58,23 +58,23 @@ def the_page(p):
     p.key("Alt+C")
     p.hear("2+3 = 5")
     p.key("Ctrl+H", alt_first=True)
-    wait(lambda: p.box() and p.box()["title"] == SAVE, "the dialog")
+    wait(lambda: p.box() and p.box()["title"] == PAGE, "the dialog")
     escape(p, "2+3 = 5")
     p.key("Ctrl+H")
-    name_file(p, SAVE, there(p.folder / "devoir"))
+    name_file(p, PAGE, there(p.folder / "devoir"))
     p.hear("page exportée : devoir.html")
     page = (p.folder / "devoir.html").read_text(encoding="utf-8")
     expect(page.startswith("<!DOCTYPE html>") and "2+3" in page, "a page")
     (p.folder / "devoir.html").write_text("autre", encoding="utf-8")
     p.key("Ctrl+H")
-    name_file(p, SAVE, there(p.folder / "devoir.html"))
+    name_file(p, PAGE, there(p.folder / "devoir.html"))
     p.wait_box("devoir.html existe déjà, le remplacer ?")
     p.key("Alt+O")
     p.hear(" page exportée : devoir.html  ")
     same((p.folder / "devoir.html").read_text(encoding="utf-8"), page, "the page")
     same((p.sheet(), p.title()), ("2+3 = 5", "VOXTAB SANSTITRE.VXT"), "sheet and title")
     p.key("Ctrl+H")
-    name_file(p, SAVE, there(p.folder / "feuille.VXT"))
+    name_file(p, PAGE, there(p.folder / "feuille.VXT"))
     p.hear("rien n'est exporté : ce nom est celui d'une feuille ou du programme")
     expect(not (p.folder / "feuille.VXT").exists(), "a page over a sheet")
 
@@ -86,7 +86,7 @@ def no_place(p):
     folder.mkdir()
     folder.chmod(0o555)
     p.key("Ctrl+H")
-    name_file(p, SAVE, there(folder / "devoir.html"))
+    name_file(p, PAGE, there(folder / "devoir.html"))
     p.hear("rien n'est exporté : le fichier ne peut pas être écrit")
     same(list(folder.iterdir()), [], "files")
     same(p.sheet(), "2+3", "sheet")
@@ -112,7 +112,7 @@ def data_in(p):
     write(p.folder / "notes.csv", "12\nabs\n")
     for name, told in (("mesures.csv", None), ("notes.csv", 'rien n\'est importé : ligne 2, colonne 1 : "abs" n\'est pas un nombre')):
         p.key("Ctrl+I")
-        name_file(p, OPEN, there(p.folder / name))
+        name_file(p, IMPORT, there(p.folder / name))
         if told is None:
             asked(p, "2 lignes, 2 colonnes, virgule décimale : colonnes 1 t, 2 u", "STATXY")
             p.key("Entrée")
@@ -138,7 +138,7 @@ def data_out(p):
             p.type(answer)
         p.key("Entrée")
         name = f"table {answer}"
-        name_file(p, SAVE, there(p.folder / name))
+        name_file(p, DATA, there(p.folder / name))
         p.hear(f"données exportées : {name}.csv, lignes : 5, colonnes : 2")
         same((p.folder / f"{name}.csv").read_text(encoding="utf-8-sig"), content, "file")
     export_data(p)

@@ -20,6 +20,7 @@
 namespace {
 
 constexpr auto npos = std::string_view::npos;
+constexpr std::size_t kMorceauEntendu = 100;   // characters of a piece that are said
 
 std::string_view mots_de(std::string_view texte, const Etendue& ligne) {
     return texte.substr(ligne.debut, ligne.fin - ligne.debut);
@@ -57,6 +58,14 @@ std::string mots_du_morceau(std::string_view morceau) {
     return signes ? signes_en_mots(morceau) : std::string(morceau);
 }
 
+// The same, at most so much of it as can be listened to, and how much follows.
+std::string debut_du_morceau(std::string_view morceau) {
+    if (morceau.size() <= kMorceauEntendu) return mots_du_morceau(morceau);
+    return mots_du_morceau(morceau.substr(0, kMorceauEntendu))
+        .append(", et ").append(chiffres(static_cast<long long>(morceau.size() - kMorceauEntendu)))
+        .append(" autres caractères"_fr);
+}
+
 // The fault's line, column and piece; its first words where the line ends with others.
 std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     const Etendue ligne = etendue_autour(texte, faute.debut);
@@ -64,7 +73,7 @@ std::string mots_de_la_place(std::string_view texte, const Morceau& faute) {
     std::string mots("ligne "_fr);
     mots += chiffres(numero_de_ligne(texte, faute.debut));
     mots.append(", colonne "_fr) += chiffres(static_cast<long long>(faute.debut - ligne.debut + 1));
-    mots.append(" : ").append(mots_du_morceau(piece));
+    mots.append(" : ").append(debut_du_morceau(piece));
     const std::string_view cause = mots_de_la_faute();
     if (!cause.empty() && !mots_de(texte, ligne).ends_with(cause)) mots.append(", ").append(cause);
     return mots;

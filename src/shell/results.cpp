@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "base/number.hpp"
 #include "editing/lines.hpp"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 constexpr std::string_view kFinDeLigne = "\r\n";
+constexpr std::size_t kEpeles = 500;   // characters said of several lines before the rest is only counted
 constexpr std::string_view kFinMatrice = "fin résultat matrice"_fr;
 
 // The result of a line without its "=", or the words for why there is none.
@@ -96,32 +98,76 @@ std::string compte(std::size_t nombre, std::string_view un, std::string_view plu
     return chiffres(static_cast<long long>(nombre)).append(nombre == 1 ? un : plusieurs);
 }
 
-// The numbers of the selected lines, one a line; a line at whose start the selection ends isn't selected.
-void copie_les_lignes(std::size_t debut, std::size_t fin) {
+// The selection, when it is of more than one line.
+struct Selection {
+    std::size_t debut = curseur(), fin = fin_selection();
+    bool de_lignes() const { return fin > etendue_autour(port.texte.texte(), debut).fin; }
+};
+
+// Calls `action` with each result of the selected lines and the number of its line; a line at whose start the
+// selection ends isn't selected. Returns how many lines have words and no result.
+template <class Action>
+std::size_t chaque_resultat(const Selection& selection, Action action) {
     const std::string& texte = port.texte.texte();
-    std::string sortie;
-    std::size_t copies = 0, sans = 0;
-    pour_chaque_resultat(texte, etendue_autour(texte, debut).debut, fin - 1, [&](const Etendue& l, std::string_view r) {
+    std::size_t sans = 0, debut = etendue_autour(texte, selection.debut).debut;
+    std::int32_t ligne = numero_de_ligne(texte, debut);
+    pour_chaque_resultat(texte, debut, selection.fin - 1, [&](const Etendue& l, std::string_view r) {
         const ResultatNu nu = resultat_nu(texte, l, r);
-        if (!nu.refus.empty()) {
-            if (!sans_blancs(mots_de(texte, l)).empty()) ++sans;
-            return;
-        }
+        if (nu.refus.empty())
+            action(ligne, nu.texte);
+        else if (!sans_blancs(mots_de(texte, l)).empty())
+            ++sans;
+        ++ligne;
+    });
+    return sans;
+}
+
+void ajoute_sans(std::string& mots, std::size_t sans) {
+    if (sans > 0) mots.append(", ").append(compte(sans, " ligne sans résultat"_fr, " lignes sans résultat"_fr));
+}
+
+// The numbers of the selected lines, one a line.
+void copie_les_lignes(const Selection& selection) {
+    std::string sortie;
+    std::size_t copies = 0;
+    const std::size_t sans = chaque_resultat(selection, [&](std::int32_t, const std::string& resultat) {
         if (copies++ > 0) sortie += kFinDeLigne;
-        sortie += nu.texte;
+        sortie += resultat;
     });
     if (copies == 0) return dit(kPasDeResultat);
     std::string mots = compte(copies, " résultat copié"_fr, " résultats copiés"_fr);
-    if (sans > 0) mots.append(", ").append(compte(sans, " ligne sans résultat"_fr, " lignes sans résultat"_fr));
+    ajoute_sans(mots, sans);
     copie(sortie, mots);
+}
+
+// A result character by character, the rows of a matrix one behind the other.
+std::string epele_resultat(std::string texte) {
+    for (std::size_t i = texte.find(kFinDeLigne); i != npos; i = texte.find(kFinDeLigne, i)) texte.replace(i, 2, ";");
+    return epele(texte, modes.mode_nombre == 2);
+}
+
+// The numbers of the selected lines, each with its line, as long as that can be listened to; then how many are left.
+void epelle_les_lignes(const Selection& selection) {
+    std::string mots;
+    std::size_t restent = 0;
+    const std::size_t sans = chaque_resultat(selection, [&](std::int32_t ligne, const std::string& resultat) {
+        if (mots.size() > kEpeles) {
+            ++restent;
+            return;
+        }
+        if (!mots.empty()) mots += " ; ";
+        ((mots += "ligne ") += chiffres(ligne)).append(" : ").append(epele_resultat(resultat));
+    });
+    if (mots.empty()) return dit(kPasDeResultat);
+    if (restent > 0) mots.append(", et ").append(compte(restent, " autre résultat"_fr, " autres résultats"_fr));
+    ajoute_sans(mots, sans);
+    dit(mots);
 }
 
 }  // namespace
 
 void mnuCopierResultatItem() {
-    const std::string& texte = port.texte.texte();
-    const std::size_t debut = curseur(), fin = fin_selection();
-    if (fin > etendue_autour(texte, debut).fin) return copie_les_lignes(debut, fin);
+    if (const Selection selection; selection.de_lignes()) return copie_les_lignes(selection);
     const ResultatNu nu = resultat_du_curseur();
     if (!nu.refus.empty()) return dit(nu.refus);
     std::string mots(nu.texte);
@@ -130,9 +176,7 @@ void mnuCopierResultatItem() {
 }
 
 void mnuEpelerItem() {
+    if (const Selection selection; selection.de_lignes()) return epelle_les_lignes(selection);
     const ResultatNu nu = resultat_du_curseur();
-    if (!nu.refus.empty()) return dit(nu.refus);
-    std::string texte(nu.texte);
-    for (std::size_t i = texte.find(kFinDeLigne); i != npos; i = texte.find(kFinDeLigne, i)) texte.replace(i, 2, ";");
-    dit(epele(texte, modes.mode_nombre == 2));
+    dit(nu.refus.empty() ? epele_resultat(nu.texte) : nu.refus);
 }

@@ -13,4 +13,5 @@ inline constexpr std::string_view kDefinition = "une définition n'a pas de rés
 inline constexpr std::string_view kPressePapiersRefuse = "le presse-papiers ne répond pas"_fr;
 
 void mnuCopierResultatItem();   // the number of the cursor's line, or of the selected lines one a line
-void mnuEpelerItem();           // the number of the cursor's line, character by character
+void mnuEpelerItem();           // the number of the cursor's line, character by character; of the selected
+                                // lines one behind the other, the first 500 characters or so

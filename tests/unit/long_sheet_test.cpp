@@ -1,5 +1,5 @@
 // A sheet of more lines than a calculation can number: it is looked at and moved in all the same, and no command
-// answers with the bare number of a failure.
+// answers with the bare number of a failure. What nobody can listen to whole is begun, and what is left is counted.
 #include <doctest/doctest.h>
 
 #include <string>
@@ -68,4 +68,27 @@ TEST_CASE("long sheet: what needs a calculation says why there is none") {
         execute_commande(nom);
     CHECK(messages() == Textes{"feuille non lue", "la feuille n'est pas vérifiée", " la feuille n'est pas vérifiée  ",
                                "la fonction est au-delà de la ligne 32767"});
+}
+
+TEST_CASE("long line: the fault is said by its first 100 characters") {
+    std::string ligne = "1";
+    for (int i = 0; i < 20000; ++i) ligne += "+1";
+    calcule_neuf(ligne);
+    memoire.messages.clear();
+    execute_commande("mnuAllerFauteItem");
+    std::string debut = "1";
+    for (int i = 0; i < 49; ++i) debut += "+1";
+    CHECK(messages() == Textes{"ligne 1, colonne 1 : " + debut + "+, et 32666 autres caractères, 6 6 sur p_lis_symbole"});
+}
+
+TEST_CASE("long selection: the first results are spelt and the others counted") {
+    std::string texte;
+    for (int i = 0; i < 200; ++i) texte += "12345\r\n";
+    calcule_neuf(texte);
+    memoire.messages.clear();
+    port.texte.pose_selection(0, memoire.texte.size());
+    execute_commande("mnuEpelerItem");
+    const std::string dit = messages().at(0);
+    CHECK(dit.starts_with("ligne 1 : 1 2, 3 4 5 ; ligne 2 : 1 2, 3 4 5 ; "));
+    CHECK(dit.ends_with(" ; ligne 22 : 1 2, 3 4 5, et 178 autres résultats"));
 }

@@ -14,6 +14,7 @@
 #include "report.hpp"
 #include "settings/tool_options.hpp"
 #include "shell/calculation.hpp"
+#include "state/sheet.hpp"
 #include "support/memory.hpp"
 
 namespace {
@@ -202,6 +203,7 @@ void mesure_memoire_passe() {
     const MemoirePasse m = mesure_memoire(
         [&] {
             prepare_programme(texte);
+            feuille = Feuille{};   // the memory that other parts of the bench left would be the pass's
             return memoire.texte.size();
         },
         [] {

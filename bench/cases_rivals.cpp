@@ -69,6 +69,12 @@ void affiche_rival(const std::string& quoi, double ici, double autre, double foi
 
 void note_absent(const std::string& nom) { note(nom + " is not installed: its row is left out"); }
 
+// A pass whose tables get memory that was not in use before.
+double temps_premiere_passe(const FeuilleMixte& f) {
+    feuille = Feuille{};
+    return temps_passe("mixed sheet", f.texte);
+}
+
 // Looks at the values once, times the programs in turn and prints a row for each.
 void compare_feuille(const FeuilleMixte& f, const Voulu& voulu, int repetitions) {
     const bool bc = bc_present(), luajit = lua_present("luajit"), lua = lua_present("lua5.4");
@@ -83,13 +89,15 @@ void compare_feuille(const FeuilleMixte& f, const Voulu& voulu, int repetitions)
                             [&] { return luajit ? temps_lua("luajit", f.muparser, valeurs) : 0; },
                             [&] { return lua ? temps_lua("lua5.4", f.muparser, valeurs) : 0; },
                             [&] { return bc ? temps_bc(f.bc) : 0; },
-                            [&] { return bc ? temps_bc("") : 0; }};
+                            [&] { return bc ? temps_bc("") : 0; },
+                            [&] { return temps_premiere_passe(f); }};
     const std::vector<double> t = medianes(cas, repetitions);
     affiche_rival("muParser, parse and evaluate once a formula", t[0], t[1], voulu.muparser);
     luajit ? affiche_rival("LuaJIT, load and run each line, two decimals", t[0], t[2], voulu.luajit)
            : note_absent("luajit");
     lua ? affiche_rival("Lua 5.4, the same", t[0], t[3], 0) : note_absent("lua5.4");
     bc ? affiche_rival("bc -l, without its start-up of " + duree(t[5]), t[0], t[4] - t[5], voulu.bc) : note_absent("bc");
+    note("a first pass, whose tables take new memory, costs " + duree(t[6] / kLignesMaximum) + " a line");
     if (voulu.muparser > 0 && t[1] < voulu.muparser * t[0])
         note("a line is read character by character: branches that can't be foretold are two fifths of its time");
     if (voulu.bc > 0 && t[4] - t[5] < voulu.bc * t[0])

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "base/number.hpp"
@@ -41,7 +42,7 @@ Total total_colonne(const std::string& texte) {
     definit_variable(26, feuille.valeur_ligne(derniere));
     affiche_valeur(derniere);
     std::string nouveau = texte;
-    const std::string& resultat = feuille.resultat_ligne(derniere);
+    const std::string_view resultat = feuille.resultat_ligne(derniere);
     nouveau += "\r\nZ=";
     if (resultat.size() > 2) nouveau.append(resultat, 2);
     // The total is a line of this calculation: its result can be asked for as well.

@@ -152,7 +152,7 @@ void FinDefinitionStatX() noexcept {
     const std::int32_t nombre = lis_valeurs();
     if (nombre < 0) return;
     Tente(kFinDefinition, [nombre] {
-        feuille.formule_ligne(statistiques.ligne_definition_statx) = appel_statx(nombre);
+        feuille.formule_ligne.pose(statistiques.ligne_definition_statx, appel_statx(nombre));
     });
     calcul_chaine(statistiques.ligne_definition_statx);
 }
@@ -188,6 +188,6 @@ void rangeStatxy(std::string_view ligne_x, std::string_view ligne_y,
         place_faute(static_cast<std::int16_t>(numero_ligne + 2), 0);
         return;
     }
-    Tente(kRangeStatxy, [&] { feuille.formule_ligne(numero_ligne) = appel_statxy(x, y); });
+    Tente(kRangeStatxy, [&] { feuille.formule_ligne.pose(numero_ligne, appel_statxy(x, y)); });
     calcul_chaine(numero_ligne);
 }

@@ -49,16 +49,14 @@ bool refuse_sans_resultat(const TexteMarque& formule, std::int16_t numero) {
         texte = " =statx non présent"_fr;
     else
         return false;
-    Tente(kCalculChaine, [&] { feuille.resultat_ligne(numero) = texte; });
+    Tente(kCalculChaine, [&] { feuille.resultat_ligne.pose(numero, texte); });
     moteur.erreur_formule = true;
     return true;
 }
 
 // Puts " = " and the error's words after the line.
 void pose_erreur(std::int16_t numero) {
-    Tente(kCalculChaine, [&] {
-        (feuille.resultat_ligne(numero) = " = ") += moteur.l_texte_erreur;
-    });
+    Tente(kCalculChaine, [&] { feuille.resultat_ligne.pose(numero, " = " + moteur.l_texte_erreur); });
 }
 
 // A row of an open matrix.

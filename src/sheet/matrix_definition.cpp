@@ -165,8 +165,8 @@ void FinDefinitionMatrice() noexcept {
     if (!range_elements()) return;
     Tente(kFinDefinition, [] { marque_definie(); });
     Tente(kFinDefinition, [&] {
-        feuille.resultat_ligne(d.ligne_definition_matrice) =
-            " =" + chiffres(d.definition_lignes) + "," + chiffres(d.definition_colonnes);
+        feuille.resultat_ligne.pose(d.ligne_definition_matrice,
+                                    " =" + chiffres(d.definition_lignes) + "," + chiffres(d.definition_colonnes));
     });
     Tente(kFinDefinition, [&] {
         insere_texte_reconstruit(static_cast<std::size_t>(d.position_definition_matrice),

@@ -62,7 +62,7 @@ std::string texte_du_mode(double x) {
 }
 
 bool formule_contient(std::int16_t numero, const Marque& marque) {
-    const std::string& formule = feuille.formule_ligne(numero);
+    const std::string_view formule = feuille.formule_ligne(numero);
     if (!marque.possible(signes_de(formule))) return false;
     return capitales(formule).find(marque.mot) != std::string::npos;
 }
@@ -73,7 +73,7 @@ void Affiche_valeur_nombre(std::int16_t numero) noexcept {
     if (pi) return;
     std::string texte(" = ");
     Tente(kAfficheValeurNombre, [&] { ajoute_texte_du_mode(texte, feuille.valeur_ligne(numero)); });
-    Tente(kAfficheValeurNombre, [&] { feuille.resultat_ligne(numero) = std::move(texte); });
+    Tente(kAfficheValeurNombre, [&] { feuille.resultat_ligne.pose(numero, texte); });
 }
 
 void AffichePi(std::int16_t numero, bool& trouve) noexcept {
@@ -83,7 +83,7 @@ void AffichePi(std::int16_t numero, bool& trouve) noexcept {
         const std::string_view texte = multiple_pi(std::fabs(x));
         // Who wrote Pi into the line wants digits.
         if (texte.empty() || formule_contient(numero, kMotPi)) return;
-        (feuille.resultat_ligne(numero) = x < 0 ? " = -" : " = ") += texte;
+        feuille.resultat_ligne.pose(numero, std::string(x < 0 ? " = -" : " = ").append(texte));
         trouve = true;
     });
 }

@@ -54,7 +54,7 @@ std::size_t longueur_gardee(std::string_view ligne, Signes signes) {
 }
 
 // Refuses the first control character of the formule: box with its column.
-bool refuse_controle(const std::string& formule) {
+bool refuse_controle(std::string_view formule) {
     const auto controle = std::find_if(formule.begin(), formule.end(),
                                        [](char c) { return static_cast<unsigned char>(c) < 32; });
     if (controle == formule.end()) return false;
@@ -81,8 +81,8 @@ void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, 
         if (gardee != npos) ligne = sans_blancs(ligne.substr(0, gardee));
     });
     Tente(kEffaceEgalite, [&] {
-        std::string& formule = formule_de(numero);
-        formule.assign(ligne, 0, (signes & kSigneExclamation) != 0 ? ligne.find('!') : npos);
+        const std::string_view formule = ligne.substr(0, (signes & kSigneExclamation) != 0 ? ligne.find('!') : npos);
+        pose_formule(numero, formule);
         correct = (signes & kSigneControle) == 0 || !refuse_controle(formule);
     });
 }

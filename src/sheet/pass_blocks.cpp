@@ -88,7 +88,7 @@ void commence_ligne(Passe& p, std::int16_t numero, std::string_view texte) {
 
 void ajoute_resultat(Passe& p, std::int16_t numero) {
     garde(p, [&] {
-        const std::string& resultat = feuille.resultat_ligne(numero);
+        const std::string_view resultat = feuille.resultat_ligne(numero);
         if (resultat.empty()) return;
         const std::size_t colonne = feuille.texte_reconstruit.size() - p.debut_ligne;
         feuille.texte_reconstruit += resultat;

@@ -82,7 +82,7 @@ Suite retient_entete(Passe& p) {
 // Writes the heading of the function on the line that is being read.
 void ecrit_entete(Passe& p, std::int16_t entete) {
     garde(p, [&] {
-        const std::string& formule = feuille.formule_ligne(entete);
+        const std::string_view formule = feuille.formule_ligne(entete);
         commence_ligne(p, entete, formule);
         // A heading that could not be cut into formula and comment must not be lost.
         if (formule.size() + p.commentaire_inc.size() != p.entete.size()) p.texte_complet = false;
@@ -131,7 +131,7 @@ Suite ajoute_donnees(Passe& p) {
 // The heading line of a data set that was refused carries the words.
 void refuse_donnees(Passe& p) {
     const std::int16_t entete = statistiques.ligne_definition_statx;
-    Tente(kRecalcul, [&] { feuille.resultat_ligne(entete) = " =" + moteur.l_texte_erreur; });
+    Tente(kRecalcul, [&] { feuille.resultat_ligne.pose(entete, " =" + moteur.l_texte_erreur); });
     garde(p, [&] {
         insere_texte_reconstruit(static_cast<std::size_t>(statistiques.position_definition_statx),
                                  feuille.resultat_ligne(entete));
@@ -224,10 +224,10 @@ Suite calcule_ou_definit(Passe& p) {
     commence_ligne(p, p.numero, p.ligne);
     bool vide = true;
     Tente(kRecalcul, [&] {
-        std::string& formule = feuille.formule_ligne(p.numero);
+        const std::string_view formule = feuille.formule_ligne(p.numero);
         const std::string_view garde = sans_blancs(formule);
-        if (garde.size() != formule.size()) formule = std::string(garde);
-        vide = formule.empty();
+        if (garde.size() != formule.size()) feuille.formule_ligne.pose(p.numero, garde);
+        vide = garde.empty();
     });
     if (ouvre_definition(p)) return ligne_suivante(p);
     if (vide || p.contient(kFin)) {
@@ -291,42 +291,33 @@ void vide_definitions() {
     feuille.resultat_bloc.clear();
 }
 
-// Empties a table's rows, or makes it `nombre` rows long, keeping the memory of its rows.
-template <class T>
-void refait(Table<T>& table, std::size_t nombre) {
-    table.redimensionne(nombre);
-    for (T& element : table) {
-        if constexpr (requires { element.clear(); })
-            element.clear();
-        else
-            element = T{};
-    }
-}
-
-// The tables at the size of the sheet. False when the sheet has more lines than can be numbered.
+// The tables at the size of the sheet, of which they keep a copy. False when the sheet has more lines than can be
+// numbered. The values and results are empty already, see razVar.
 bool ouvre_tables(const std::string& texte) {
     const auto lignes = static_cast<double>(compte_octets(texte, '\r')) + 1;
     return Tente(kRecalcul, [&] {
-        const std::int16_t nombre = vers_16_tronque(lignes);
-        feuille.nombre_ligne = nombre;
-        refait(feuille.valeur_ligne, static_cast<std::size_t>(nombre));
-        refait(feuille.formule_ligne, static_cast<std::size_t>(nombre));
-        refait(feuille.resultat_ligne, static_cast<std::size_t>(nombre));
-        feuille.colonne_resultat.reserve(static_cast<std::size_t>(nombre));
+        const auto nombre = static_cast<std::size_t>(vers_16_tronque(lignes));
+        feuille.nombre_ligne = static_cast<std::int16_t>(nombre);
+        feuille.valeur_ligne.redimensionne(nombre);
+        feuille.resultat_ligne.redimensionne(nombre);
+        feuille.formule_ligne.commence(nombre, texte);
+        feuille.colonne_resultat.reserve(nombre);
         feuille.colonne_resultat.assign(1, 0);
     });
 }
 
-// Gives the new text away and keeps what is asked for later. A text that could not be written whole is
-// dropped, and nothing is known of its lines.
+// Gives a copy of the new text away and keeps what is asked for later; without memory for both the text is given away
+// alone. A text that could not be written whole is dropped, and nothing is known of its lines.
 void rend_texte(const Passe& p, Calcul& calcul) {
     const bool garde_texte =
-        p.texte_complet && Tente(kRecalcul, [] { feuille.texte_ecrit = feuille.texte_reconstruit; });
-    if (!garde_texte) {
+        p.texte_complet && Tente(kRecalcul, [&] { calcul.texte = feuille.texte_reconstruit; });
+    if (garde_texte) {
+        feuille.texte_ecrit.swap(feuille.texte_reconstruit);
+    } else {
+        if (p.texte_complet) calcul.texte = std::move(feuille.texte_reconstruit);
         feuille.texte_ecrit.clear();
         feuille.colonne_resultat.clear();
     }
-    if (p.texte_complet) calcul.texte = std::move(feuille.texte_reconstruit);
     feuille.texte_reconstruit.clear();
     calcul.issue = p.texte_complet ? Issue::ecrite : Issue::incomplete;
 }
@@ -384,15 +375,14 @@ Calcul calcule_texte(const std::string& texte, std::size_t curseur) {
     feuille.faute = FauteDePasse{};
     moteur.muet_erreur = false;   // a table that was broken off may have left it
     razVar();
-    std::string source;
-    feuille.passe_refusee = !Tente(kRecalcul, [&] { source = texte; }) || !ouvre_tables(source);
+    feuille.passe_refusee = !ouvre_tables(texte);
     calcul.issue = Issue::refusee;
     if (feuille.passe_refusee) return calcul;
     Passe p;
-    p.source = source;
+    p.source = feuille.formule_ligne.source();
     Tente(kRecalcul, [&] { p.ligne_curseur = NumeroTxt(p.source, curseur); });
     vide_definitions();
-    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(source.size() + source.size() / 2); });
+    Tente(kRecalcul, [&] { feuille.texte_reconstruit.reserve(p.source.size() + p.source.size() / 2); });
     parcourt(p);
     Tente(kRecalcul, [] { ferme_boites(); });
     rend_texte(p, calcul);

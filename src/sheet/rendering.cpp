@@ -32,11 +32,11 @@ void affiche_matrice(std::int16_t numero, char lettre) {
     Tente(kAfficheValeur, [&] { bornes = chiffres(d.lignes) + "," + chiffres(d.colonnes); });
     if (matrices_en_colonne()) {
         ChaineMatriceColonne(lettre);
-        Tente(kAfficheValeur, [&] { feuille.resultat_ligne(numero) = "== " + bornes; });
+        Tente(kAfficheValeur, [&] { feuille.resultat_ligne.pose(numero, "== " + bornes); });
     } else {
         const std::string elements = ChaineMatriceLigne(lettre);
         Tente(kAfficheValeur, [&] {
-            feuille.resultat_ligne(numero) = " =" + elements + " =" + bornes;
+            feuille.resultat_ligne.pose(numero, " =" + elements + " =" + bornes);
         });
         feuille.resultat_bloc.clear();
     }
@@ -59,7 +59,7 @@ void affiche_valeur(std::int16_t numero, Signes signes) noexcept {
     const std::string& formule = formule_lue();
     if (TexteMarque(formule, signes).contient(kMotTriStatX)) {
         Tente(kAfficheValeur, [&] {
-            feuille.resultat_ligne(numero) = " = " + chiffres(borne_table_x());
+            feuille.resultat_ligne.pose(numero, " = " + chiffres(borne_table_x()));
         });
         return;
     }
@@ -71,7 +71,7 @@ void affiche_valeur(std::int16_t numero, Signes signes) noexcept {
     if (kMotEuro.possible(signes)) Tente(kAfficheValeur, [&] { euro = formule_contient(numero, kMotEuro); });
     if (euro)
         Tente(kAfficheValeur, [&] {
-            feuille.resultat_ligne(numero) = " = " + Forme_montant(feuille.valeur_ligne(numero));
+            feuille.resultat_ligne.pose(numero, " = " + Forme_montant(feuille.valeur_ligne(numero)));
         });
     else
         Affiche_valeur_nombre(numero);

@@ -35,7 +35,7 @@ constexpr std::string_view kFonctionNonDefinie = "fonction non définie"_fr;
 // is no function of that variable.
 bool ouvre_fonction(std::int16_t numero, int variable) {
     const auto suivante = static_cast<std::int16_t>(numero + 1);
-    const std::string texte = feuille.formule_ligne(suivante);
+    const std::string texte(feuille.formule_ligne(suivante));
     const char lettre = static_cast<char>('A' + variable - 1);
     if (capitales(texte).find(lettre) == std::string::npos) {
         std::string mots("fonction de "_fr);
@@ -50,8 +50,8 @@ bool ouvre_fonction(std::int16_t numero, int variable) {
         moteur.erreur_formule = true;
         return false;
     }
-    std::string& formule = feuille.formule_ligne(suivante);
-    formule = std::string(sans_blancs(formule));
+    feuille.formule_ligne.pose(suivante, sans_blancs(feuille.formule_ligne(suivante)));
+    const std::string_view formule = feuille.formule_ligne(suivante);
     if (formule.empty()) return false;
     prepare_formule(formule);
     TestVariable();
@@ -74,7 +74,7 @@ bool lis_arguments_entete(std::int16_t numero, int variable) {
 void vide_resultats(std::int16_t numero) {
     for (int i = numero; i <= numero + 1; ++i) {
         feuille.valeur_ligne(i) = 0;
-        feuille.resultat_ligne(i).clear();
+        feuille.resultat_ligne.pose(i, {});
     }
 }
 
@@ -87,7 +87,7 @@ void ajoute_rangee(std::int16_t numero, double x) {
     affiche_valeur(suivante);
     std::string& bloc = feuille.resultat_bloc;
     if (!bloc.empty()) bloc += "\r\n";
-    const std::string& texte_x = feuille.resultat_ligne(suivante);
+    const std::string_view texte_x = feuille.resultat_ligne(suivante);
     if (texte_x.size() > 3) (bloc += "f(").append(texte_x, 3);
     else bloc += "f(";
     (bloc += ')') += feuille.resultat_ligne(numero);

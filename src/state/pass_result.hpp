@@ -35,8 +35,8 @@ void note_calcul_en_colonne(bool en_colonne);
 // Puts a text after the line in calculation. Fails where no line is.
 void pose_resultat_courant(std::string_view texte);
 
-// What is evaluated of a line: no old result, no comment. Fails where no line is.
-std::string& formule_de(std::int16_t numero);
+// Gives a line what is evaluated of it: no old result, no comment. Fails where no line is.
+void pose_formule(std::int16_t numero, std::string_view texte);
 
 // Room for the formulas, and for the values, of so many lines.
 void prepare_formules(std::size_t lignes);

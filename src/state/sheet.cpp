@@ -2,6 +2,7 @@
 #include "state/sheet.hpp"
 
 #include <algorithm>
+#include <utility>
 
 Feuille feuille;
 
@@ -17,19 +18,38 @@ void note_statistiques(bool couples) { (couples ? feuille.statxy_present : feuil
 
 void note_calcul_en_colonne(bool en_colonne) { feuille.calcul_en_colonne = en_colonne; }
 
-void pose_resultat_courant(std::string_view texte) { feuille.resultat_ligne(feuille.ligne_courante) = texte; }
+void pose_resultat_courant(std::string_view texte) { feuille.resultat_ligne.pose(feuille.ligne_courante, texte); }
 
-std::string& formule_de(std::int16_t numero) { return feuille.formule_ligne(numero); }
+void pose_formule(std::int16_t numero, std::string_view texte) { feuille.formule_ligne.pose(numero, texte); }
 
 void prepare_formules(std::size_t lignes) { feuille.formule_ligne.redimensionne(lignes); }
 void prepare_valeurs(std::size_t lignes) { feuille.valeur_ligne.redimensionne(lignes); }
 
 void efface_resultats() {
-    for (std::string& resultat : feuille.resultat_ligne) resultat.clear();
+    feuille.resultat_ligne.efface();
     for (double& valeur : feuille.valeur_ligne) valeur = 0;
 }
 
-void reinitialise_feuille() { feuille = Feuille{}; }
+// The memory of the tables stays with them, unless the sheet was far longer than most.
+void reinitialise_feuille() {
+    constexpr std::size_t kMemoireGardee = std::size_t{16} << 20;
+    Feuille avant = std::exchange(feuille, Feuille{});
+    const std::size_t memoire = avant.formule_ligne.memoire() + avant.resultat_ligne.memoire() +
+                                avant.texte_reconstruit.capacity() + avant.texte_ecrit.capacity();
+    if (memoire > kMemoireGardee) return;
+    avant.valeur_ligne.redimensionne(0);
+    avant.formule_ligne.commence(0);
+    avant.resultat_ligne.commence(0);
+    avant.texte_reconstruit.clear();
+    avant.texte_ecrit.clear();
+    avant.colonne_resultat.clear();
+    feuille.valeur_ligne = std::move(avant.valeur_ligne);
+    feuille.formule_ligne = std::move(avant.formule_ligne);
+    feuille.resultat_ligne = std::move(avant.resultat_ligne);
+    feuille.texte_reconstruit = std::move(avant.texte_reconstruit);
+    feuille.texte_ecrit = std::move(avant.texte_ecrit);
+    feuille.colonne_resultat = std::move(avant.colonne_resultat);
+}
 
 std::size_t lignes_closes(std::string_view texte) {
     std::size_t compte = 0;
@@ -38,7 +58,7 @@ std::size_t lignes_closes(std::string_view texte) {
     return compte;
 }
 
-void insere_texte_reconstruit(std::size_t position, const std::string& texte) {
+void insere_texte_reconstruit(std::size_t position, std::string_view texte) {
     std::string& cible = feuille.texte_reconstruit;
     position = std::min(position, cible.size());
     const std::size_t dessous = lignes_closes(std::string_view(cible).substr(position));

@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/table.hpp"
+#include "state/line_texts.hpp"
 #include "state/pass_result.hpp"
 
 // The failed line of the last pass: the first fault, and its piece in the text that the pass wrote.
@@ -21,8 +23,8 @@ struct FauteDePasse {
 struct Feuille {
     std::int16_t nombre_ligne = 0;       // lines of the sheet: carriage returns plus one
     Table<double> valeur_ligne;          // result of each line, 1 to nombre_ligne; 0 for none
-    Table<std::string> formule_ligne;    // what is evaluated: no old result, no comment
-    Table<std::string> resultat_ligne;   // what is written after the line; begins with " =" or "=="
+    TextesDeLignes formule_ligne;        // what is evaluated: no old result, no comment; holds the sheet as it was read
+    TextesDeLignes resultat_ligne;       // what is written after the line; begins with " =" or "=="
     std::string resultat_bloc;           // lines to write below the current line
     std::int16_t ligne_courante = 0;     // line in calculation, set on entry to calcul_chaine
     bool statx_present = false;          // a STATX result exists in this pass
@@ -44,7 +46,7 @@ extern Feuille feuille;
 
 // Inserts the result of a line into the rebuilt text at `position`, the end of that line (bytes from 0; at most
 // the text's length).
-void insere_texte_reconstruit(std::size_t position, const std::string& texte);
+void insere_texte_reconstruit(std::size_t position, std::string_view texte);
 
 // Lines that `texte` ends: pairs of carriage return and line feed.
 std::size_t lignes_closes(std::string_view texte);

@@ -63,8 +63,8 @@ void ajoute_feuille(std::ostringstream& s) {
       << feuille.texte_ecrit << '|' << feuille.faute.ligne << '|' << feuille.faute.colonne << '|' << feuille.faute.longueur << '|'
       << feuille.faute.mots << '\n';
     for (const double x : feuille.valeur_ligne) ajoute(s, x);
-    for (const std::string& texte : feuille.formule_ligne) s << texte << '|';
-    for (const std::string& texte : feuille.resultat_ligne) s << texte << '|';
+    for (const TextesDeLignes* textes : {&feuille.formule_ligne, &feuille.resultat_ligne})
+        for (std::size_t i = 1; i <= textes->taille(); ++i) s << (*textes)(static_cast<std::ptrdiff_t>(i)) << '|';
     for (const std::int32_t colonne : feuille.colonne_resultat) s << colonne << '|';
 }
 

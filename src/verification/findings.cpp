@@ -85,11 +85,15 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
      "dans %m, une virgule sépare les valeurs d'une liste"_fr},
     {matrice_sans_inverse, "matrice_sans_inverse", kFaux, "déterminant nul"_fr,
      "dans %m, INVMAT rend la matrice elle-même, qui n'a pas d'inverse"_fr},
-    {matrice_seule, "matrice_seule", kFaux, "matrice seule"_fr, "%m vaut 0, une matrice n'est montrée que rangée dans une autre"_fr},
+    {matrice_seule, "matrice_seule", kFaux, "matrice seule"_fr, "%m n'est rangé dans aucune matrice, son résultat n'est pas montré"_fr},
     {premiere_rangee, "premiere_rangee", kFaux, "première rangée"_fr,
      "%m a %v éléments, la rangée %l en a moins ; une virgule sépare deux éléments"_fr},
     {ecriture, "ecriture", kFaux, "écriture"_fr, "%m n'est pas compris"_fr},
     {second_statx, "second_statx", kSavoir, "second statx"_fr, "%m répète d'abord le résultat du premier"_fr},
+    {determinant_accompagne, "determinant_accompagne", kFaux, "déterminant"_fr,
+     "dans %m, DETMAT n'est pas calculé avec le reste, rangez-le d'abord dans une lettre"_fr},
+    {matrices_melees, "matrices_melees", kFaux, "matrices mêlées"_fr,
+     "dans %m, les opérations se mêlent, faites une opération par ligne"_fr},
 }};
 
 static_assert([] {

@@ -16,6 +16,7 @@
 #include "sheet/matrix_definition.hpp"
 #include "sheet/old_result.hpp"
 #include "state/context.hpp"
+#include "verification/matrix_checks.hpp"
 #include "verification/old_text.hpp"
 #include "verification/problem.hpp"
 #include "verification/tree_checks.hpp"
@@ -118,7 +119,8 @@ void note_trop_tot(Jugement& j, const Endroit& e, const Lue& lue) {
 bool se_lit(std::string_view texte) {
     if (texte.empty()) return false;
     const FormuleRelevee lue = lit_formule(texte);
-    return !lue.erreur && !premier_probleme({texte, lue.formule, lue.releve, false, places_dans_le_texte(texte, lue.formule)});
+    const Lue relue{texte, lue.formule, lue.releve, lue.erreur, places_dans_le_texte(texte, lue.formule)};
+    return !lue.erreur && !premier_probleme(relue) && !(lue.releve.a(kTraitMatrice) && constat_de_matrice(relue));
 }
 
 // Judges a formula that was read; `valeur` is what it gave.

@@ -19,6 +19,7 @@
 #include "state/context.hpp"
 #include "state/matrices.hpp"
 #include "verification/old_text.hpp"
+#include "verification/problem.hpp"
 #include "verification/sign_words.hpp"
 #include "verification/silent_pass.hpp"
 #include "verification/words.hpp"
@@ -48,14 +49,6 @@ std::string mots_valeur(double valeur) {
 
 // The name of a letter: "A" for 1.
 std::string lettre(int rang) { return mots_lettre(static_cast<char>('A' + rang - 1)); }
-
-// The first node of the side of a formula that is calculated: behind its "=".
-std::size_t debut_calcul(const std::vector<Noeud>& noeuds) {
-    if (noeuds.empty() || noeuds.back().genre != GenreNoeud::egale) return 0;
-    std::size_t i = noeuds.size() - 1;
-    for (std::int32_t manquent = 1; manquent > 0 && i > 0;) manquent += noeuds[--i].arite - 1;
-    return i;
-}
 
 // "2 lignes", "1 ligne".
 std::string compte(int nombre, std::string_view mot) {

@@ -325,8 +325,6 @@ std::optional<Probleme> detour(const Lue& lue) {
         const auto appel = std::ranges::find_if(r.noeuds, [](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kInvMat; });
         return Probleme{.genre = GenreConstat::matrice_sans_inverse, .place = appel == r.noeuds.end() ? 0 : place(appel->debut)};
     }
-    if (r.noeuds.size() == 1 && r.noeuds[0].genre == GenreNoeud::matrice && !lue.erreur)
-        return Probleme{.genre = GenreConstat::matrice_seule, .correction = lue.formule[1] == 'J' ? "MI=" : "MJ=", .corrigible = true};
     if (r.faute != 0 && !lue.erreur) return Probleme{.genre = GenreConstat::erreur_effacee, .place = place(r.faute)};
     return {};
 }
@@ -348,6 +346,13 @@ std::optional<Probleme> premier_probleme(const Lue& lue) {
     if (auto p = reste_non_lu(lue)) return p;
     if (auto p = exposant_cache(lue)) return p;
     return detour(lue);
+}
+
+std::size_t debut_calcul(const std::vector<Noeud>& noeuds) {
+    if (noeuds.empty() || noeuds.back().genre != GenreNoeud::egale) return 0;
+    std::size_t i = noeuds.size() - 1;
+    for (std::int32_t manquent = 1; manquent > 0 && i > 0;) manquent += noeuds[--i].arite - 1;
+    return i;
 }
 
 std::string partie_lue(const Lue& lue) {

@@ -42,6 +42,9 @@ struct Probleme {
 // error has one only where it is known what was meant.
 std::optional<Probleme> premier_probleme(const Lue& lue);
 
+// The first node of the side of a formula that is calculated: behind its "=".
+std::size_t debut_calcul(const std::vector<Noeud>& noeuds);
+
 // What was understood of the formula: what was typed without the parts that were not read.
 std::string partie_lue(const Lue& lue);
 

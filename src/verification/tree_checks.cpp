@@ -11,6 +11,7 @@
 #include "functions/table.hpp"
 #include "state/modes.hpp"
 #include "state/variables.hpp"
+#include "verification/matrix_checks.hpp"
 
 namespace {
 
@@ -35,11 +36,6 @@ std::string texte_de(const Lue& lue, const Noeud& n) {
     return std::string(sans_blancs(lue.tapee.substr(debut, fin > debut ? fin - debut : 0)));
 }
 
-bool est_matrice(const Noeud& n) {
-    if (n.genre == GenreNoeud::matrice) return true;
-    return n.sorte != SorteCalcul::nombres && n.genre != GenreNoeud::egale;
-}
-
 // A multiple of a twenty-fourth of pi, up to four turns: no angle in degrees comes so close to one by chance.
 bool est_fraction_de_pi(double x) {
     const double parts = x * 24 / pi_valeur();
@@ -56,9 +52,9 @@ public:
         for (std::size_t i = 0; i < noeuds_.size(); ++i) {
             if (lue_.releve.a(kTraitPourcent)) regarde_pourcentage(i);
             if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
-            if (lue_.releve.a(kTraitMatrice)) regarde_matrice(i);
             if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
         }
+        if (lue_.releve.a(kTraitMatrice)) regarde_matrices();
         return std::move(constats_);
     }
 
@@ -117,18 +113,9 @@ private:
         ajoute(GenreConstat::moins_puissance, noeuds_[i].signe, entre_parentheses(noeuds_[i].signe, puissance->signe - 1));
     }
 
-    // A matrix where the rules take a number, and the products that are none.
-    void regarde_matrice(std::size_t i) {
-        const Noeud& n = noeuds_[i];
-        if (n.arite != 2 || n.genre == GenreNoeud::egale) return;
-        const bool gauche = est_matrice(enfant(i)), droite = est_matrice(noeuds_[i - 1]);
-        if (n.genre == GenreNoeud::fois) {
-            if (n.sorte == SorteCalcul::matrice_par_nombre && gauche && droite) ajoute(GenreConstat::produit_de_matrices, n.signe, "");
-            return;
-        }
-        const bool somme = n.genre == GenreNoeud::plus || n.genre == GenreNoeud::moins;
-        if (somme ? gauche != droite : n.genre != GenreNoeud::puissance && (gauche || droite))
-            ajoute(GenreConstat::matrice_et_nombre, n.signe, "");
+    // A matrix where the rules take a number, and what the work matrices lose.
+    void regarde_matrices() {
+        if (auto c = constat_de_matrice(lue_)) ajoute(c->genre, c->place, std::move(c->propose));
     }
 
     // PI stands somewhere in a node, whose part begins with the first operand of its first child; not as a divisor,

@@ -103,7 +103,7 @@ std::string Redaction::operation_matrice(int cible, Matrice& resultat) {
         case 1: return nom + "*1.5";
         case 2: return b != 0 ? nom + "+M" + lettre_de(b) : nom;
         case 3: return b != 0 ? nom + "-M" + lettre_de(b) : nom + "*3";
-        case 4: return carree && b != 0 ? nom + "*M" + lettre_de(b) : "-1*" + nom;
+        case 4: return carree && b != 0 ? nom + "*M" + lettre_de(b) : "(-1)*" + nom;
         default: return carree ? nom + "^2" : nom;
     }
 }

@@ -15,7 +15,10 @@ using Signes = std::uint64_t;
 inline constexpr Signes kSigneEgal = Signes{1} << 26, kSigneVirgule = Signes{1} << 27,
                         kSigneExclamation = Signes{1} << 28, kSigneCarre = Signes{1} << 29,
                         kSignePetite = Signes{1} << 30,     // any letter that has a capital
-                        kSigneControle = Signes{1} << 31;   // a code below 32
+                        kSigneControle = Signes{1} << 31,   // a code below 32
+                        kSigneChiffre = Signes{1} << 32,    // a figure, or a "$" that may stand in front of figures
+                        kSigneLettre = kSigneChiffre << 1,  // any letter A to Z, capital or small
+                        kSigneProduit = Signes{1} << 34;    // of a formula: that letter right behind that figure
 
 // Bit of a letter; 0 for what is no letter A to Z.
 constexpr Signes bit_lettre(char c) {
@@ -26,6 +29,8 @@ constexpr Signes bit_lettre(char c) {
 // All bits of a character.
 constexpr Signes bits_signe(char c) {
     Signes signes = bit_lettre(c);
+    if (signes != 0) signes |= kSigneLettre;
+    if (est_chiffre(c) || c == '$') signes |= kSigneChiffre;
     if (c == '=') signes |= kSigneEgal;
     if (c == ',') signes |= kSigneVirgule;
     if (c == '!') signes |= kSigneExclamation;

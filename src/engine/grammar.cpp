@@ -158,8 +158,7 @@ void lis_premier_terme() {
         });
         note_operation(genre_signe(signe), 1, place, moteur.l_valeur_expression);
     } else {
-        compile_terme();
-        moteur.l_valeur_expression = moteur.l_valeur_terme;
+        moteur.l_valeur_expression = compile_terme();
     }
 }
 
@@ -198,27 +197,45 @@ void divise(double& l_terme) {
         Tente(kCompileTerme, [&] { range(l_terme, l_terme / diviseur, l_terme, diviseur); });
 }
 
-// p to the power e, always through the logarithm and the exponential. A failure makes p 0.
-void eleve(double& p, double e) {
+// Applies the operator at `place` to the product so far and the factor just read; answers the product.
+double applique_produit(char operateur, std::int32_t place, double l_terme) {
+    if (operateur == '*') {
+        const SorteCalcul sorte = multiplie(l_terme);
+        note_operation(GenreNoeud::fois, 2, place, l_terme, sorte);
+    } else if (operateur == '/') {
+        divise(l_terme);
+        note_operation(GenreNoeud::divise, 2, place, l_terme);
+    } else {
+        combine_et(l_terme);
+        note_operation(GenreNoeud::et, 2, place, l_terme);
+    }
+    return l_terme;
+}
+
+// p to the power e, always through the logarithm and the exponential; p itself where that is refused. A failure
+// gives 0.
+double eleve(double p, double e) {
     if (p == 0) {
         // 0 stays 0 whatever the exponent; only the exact inverse is an error. Kept: see the oddities,
         // zero-to-a-power.
         if (e == -1) affiche_erreur_calcul("division par 0"_fr);
-        return;
+        return p;
     }
     if (p < 0 && e != std::trunc(e)) {
         affiche_erreur_calcul(
             "Erreur de puissance : a^b avec a négatif et b non entier"_fr);
-        return;
+        return p;
     }
-    const bool negatif = p < 0;
-    if (!Tente(kCompileExposant, [&] { range(p, maths::exp(maths::log(std::fabs(p)) * e), p, e); }))
-        p = 0;
-    if (!negatif) return;
+    double puissance = p;
+    if (!Tente(kCompileExposant,
+               [&] { range(puissance, maths::exp(maths::log(std::fabs(p)) * e), p, e); }))
+        puissance = 0;
+    if (p > 0) return puissance;
     if (!Tente(kCompileExposant, [&] {
-            if (odd(vers_32_tronque(e))) p = -p;
+            if (odd(vers_32_tronque(e))) puissance = -puissance;
         }))
-        p = 0;
+        puissance = 0;
+    return puissance;
 }
 
 // True when the symbol starts what the reader has already valued: a number, a variable, a matrix.
@@ -360,10 +377,9 @@ void compile_expression() noexcept {
     }
 }
 
-void compile_terme() noexcept {
+double compile_terme() noexcept {
     const std::int16_t debut = moteur.debut_symbole;
-    compile_exposant();
-    double l_terme = moteur.l_valeur_exposant;
+    double l_terme = compile_exposant();
     for (;;) {
         const char operateur = tete_symbole();
         if (operateur != '*' && operateur != '/' && !symbole_est("AND")) break;
@@ -372,29 +388,18 @@ void compile_terme() noexcept {
         const std::int16_t droite = moteur.debut_symbole;
         compile_exposant();
         moteur.debut_calcul = operateur == '/' ? droite : debut;
-        if (operateur == '*') {
-            const SorteCalcul sorte = multiplie(l_terme);
-            note_operation(GenreNoeud::fois, 2, place, l_terme, sorte);
-        } else if (operateur == '/') {
-            divise(l_terme);
-            note_operation(GenreNoeud::divise, 2, place, l_terme);
-        } else {
-            combine_et(l_terme);
-            note_operation(GenreNoeud::et, 2, place, l_terme);
-        }
+        l_terme = applique_produit(operateur, place, l_terme);
     }
-    moteur.l_valeur_terme = l_terme;
+    return moteur.l_valeur_terme = l_terme;
 }
 
-void compile_exposant() noexcept {
+double compile_exposant() noexcept {
     const std::int16_t debut = moteur.debut_symbole;
-    compile_not();
-    double p = moteur.l_valeur_not;
+    double p = compile_not();
     while (tete_symbole() == '^') {
         const std::int32_t place = place_symbole();
         lis_symbole();
-        compile_not();
-        double e = moteur.l_valeur_not;
+        const double e = compile_not();
         moteur.debut_calcul = debut;
         note_trait(kTraitPuissance);
         if (moteur.flag_travail && !moteur.flag_travail2) {
@@ -403,21 +408,17 @@ void compile_exposant() noexcept {
         } else if (moteur.flag_travail2) {
             affiche_erreur_calcul("une seule matrice en puissance"_fr);
             note_operation(GenreNoeud::puissance, 2, place, p, SorteCalcul::matrices);
-            return;
+            return moteur.l_valeur_exposant;
         } else {
-            eleve(p, e);
+            p = eleve(p, e);
             note_operation(GenreNoeud::puissance, 2, place, p);
         }
     }
-    moteur.l_valeur_exposant = p;
+    return moteur.l_valeur_exposant = p;
 }
 
-void compile_not() noexcept {
-    if (!symbole_est("NOT")) {
-        compile_facteur();
-        moteur.l_valeur_not = moteur.l_valeur_facteur;
-        return;
-    }
+double compile_not() noexcept {
+    if (!symbole_est("NOT")) return moteur.l_valeur_not = compile_facteur();
     const std::int32_t place = place_symbole();
     const std::int16_t debut = moteur.debut_symbole;
     lis_symbole();
@@ -426,9 +427,10 @@ void compile_not() noexcept {
     Tente(kCompileNot, [] { moteur.l_valeur_not = ~vers_32_tronque(moteur.l_valeur_facteur); });
     note_operation(GenreNoeud::non, 1, place, moteur.l_valeur_not);
     note_trait(kTraitNon);
+    return moteur.l_valeur_not;
 }
 
-void compile_facteur() noexcept {
+double compile_facteur() noexcept {
     if (test_fonction())
         moteur.l_valeur = operations.appelle_fonction();
     else if (debut_operande(tete_symbole()))
@@ -437,7 +439,7 @@ void compile_facteur() noexcept {
         lis_parenthese();
     else
         refuse_symbole();
-    moteur.l_valeur_facteur = moteur.l_valeur;
+    return moteur.l_valeur_facteur = moteur.l_valeur;
 }
 
 double Compile_un_argument() noexcept {

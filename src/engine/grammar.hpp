@@ -1,5 +1,5 @@
-// The grammar of a formula: each procedure reads its part and leaves the value in its register of
-// `moteur`. On entry l_symbole holds the first symbol of the part, on return the first one after it.
+// The grammar of a formula: each procedure reads its part, leaves the value in its register of
+// `moteur` and mostly answers it too, which is quicker than reading it there. On entry l_symbole holds the first symbol of the part, on return the first one after it.
 #pragma once
 
 #include <cstdint>
@@ -17,10 +17,10 @@ double evalue_element(const Procedure& procedure, std::string_view element) noex
 
 void compile_egalite() noexcept;      // [expression =] expression
 void compile_expression() noexcept;   // sign, + - OR XOR %
-void compile_terme() noexcept;        // * / AND
-void compile_exposant() noexcept;     // ^
-void compile_not() noexcept;          // NOT
-void compile_facteur() noexcept;      // function, number, variable, matrix, bracket
+double compile_terme() noexcept;      // * / AND
+double compile_exposant() noexcept;   // ^
+double compile_not() noexcept;        // NOT
+double compile_facteur() noexcept;    // function, number, variable, matrix, bracket
 
 // One function argument, read with the running sum kept in the one save cell.
 double Compile_un_argument() noexcept;

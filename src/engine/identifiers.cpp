@@ -106,24 +106,16 @@ void lis_variable() {
     }
 }
 
-// Whether a letter stands behind a figure, or behind a "$" that may stand behind one: without that there is no
-// implicit product.
-bool a_produit_implicite(std::string_view formule) {
-    constexpr unsigned kDevant = 1, kLettre = 2;
-    static constexpr auto kSorte = [] {
-        std::array<unsigned char, 256> t{};
-        for (unsigned c = '0'; c <= '9'; ++c) t[c] = kDevant;
-        for (unsigned c = 'A'; c <= 'Z'; ++c) t[c] = kLettre;
-        t['$'] = kDevant;
-        return t;
-    }();
-    unsigned avant = 0, trouve = 0;
+// The signs of a formula. Without kSigneProduit there is no implicit product in it.
+Signes signes_de_formule(std::string_view formule) {
+    Signes signes = 0, avant = 0, produit = 0;
     for (const char c : formule) {
-        const unsigned sorte = kSorte[static_cast<unsigned char>(c)];
-        trouve |= (avant << 1) & sorte;   // kDevant moves to the place of kLettre
-        avant = sorte;
+        const Signes ici = kSignes[static_cast<unsigned char>(c)];
+        produit |= (avant << 1) & ici;   // kSigneChiffre moves to the place of kSigneLettre
+        signes |= ici;
+        avant = ici;
     }
-    return trouve != 0;
+    return (produit & kSigneLettre) != 0 ? signes | kSigneProduit : signes;
 }
 
 }  // namespace
@@ -155,7 +147,7 @@ void razVar() {
 Signes prepare_formule(std::string_view texte) {
     std::string& formule = moteur.p_formule;
     const std::string_view garde = sans_blancs(texte);
-    const Signes signes = signes_de(garde);
+    const Signes signes = signes_de_formule(garde);
     if ((signes & kSigneCarre) == 0) {
         formule.assign(garde);
         if ((signes & kSignePetite) != 0) met_en_capitales(formule);
@@ -168,12 +160,12 @@ Signes prepare_formule(std::string_view texte) {
         else
             formule += capitale(c);
     }
-    return signes;
+    return signes | kSigneProduit;   // the 2 may be a figure in front of a letter
 }
 
 void TestVariable() {
     std::string& formule = moteur.p_formule;
-    if (!a_produit_implicite(formule)) return;
+    if ((signes_de_formule(formule) & kSigneProduit) == 0) return;
     std::string sortie;
     bool dollar = false, chiffre = false;
     std::size_t copie = 0;   // characters of the formula already in the output

@@ -10,6 +10,6 @@ void lis_identificateur() noexcept;   // interprets the identifier in l_symbole
 bool est_mot_operateur(std::string_view symbole);   // OR, XOR, AND, NOT
 void razVar();                        // clears variables, results of the lines, matrix flags
 // Puts a line's text into p_formule the way the reader wants it: "²" as "^2", capitals, trimmed. Answers the
-// signs that stood in it.
+// signs that stood in it; without kSigneProduit TestVariable has nothing to insert.
 Signes prepare_formule(std::string_view texte);
 void TestVariable();                  // inserts "*" after numbers in p_formule: 2X is 2*X

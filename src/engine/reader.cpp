@@ -45,16 +45,11 @@ void avance(std::size_t position) {
     moteur.p_position = static_cast<std::int16_t>(position);
 }
 
-constexpr std::size_t kReperes = 64;   // characters of a formula whose separators stand in one word
+constexpr std::size_t kReperes = 64;   // characters of a formula that have a bit in `bornes`
 
 // Characters from `debut` to the next separator, or to `borne`.
 std::size_t longueur_symbole(const std::string& formule, std::size_t debut, std::size_t borne) {
     std::size_t fin = debut;
-    if (debut < kReperes) {
-        const std::uint64_t reste = moteur.separateurs >> debut;
-        if (reste != 0) return static_cast<std::size_t>(std::countr_zero(reste));
-        fin = std::min(kReperes, borne);
-    }
     while (fin < borne && !est_separateur(formule[fin])) ++fin;
     return fin - debut;
 }
@@ -80,11 +75,13 @@ std::size_t coupe_symbole() {
 
 // The usual symbol, short and with its end near, is cut without what only others need. False, and nothing done, when it
 // is another one.
-bool coupe_symbole_court() {
+inline bool coupe_symbole_court() {
     const auto debut = static_cast<std::size_t>(moteur.p_position) - 1;
-    const std::uint64_t reste = debut < kReperes ? moteur.separateurs >> debut : 0;
-    const auto taille = std::max<std::size_t>(static_cast<std::size_t>(std::countr_zero(reste)), 1);
-    if (taille > Symbole::kCourt || moteur.p_formule[debut] == ' ' || moteur.releve != nullptr) return false;
+    if (debut >= kReperes || moteur.lecture_finie || moteur.releve != nullptr) [[unlikely]]
+        return false;
+    const auto taille = static_cast<std::size_t>(std::countr_zero(moteur.bornes >> debut >> 1)) + 1;
+    if (taille > Symbole::kCourt || moteur.p_formule[debut] == ' ') [[unlikely]]
+        return false;
     moteur.debut_symbole = moteur.p_position;
     moteur.l_symbole.pose_court(moteur.p_formule, debut, taille);
     moteur.p_position = static_cast<std::int16_t>(debut + taille + 1);
@@ -92,7 +89,7 @@ bool coupe_symbole_court() {
 }
 
 // Appends the parts of an exponent cut by the separators "+" and "-" to the number in l_symbole.
-void joint_exposant() {
+[[gnu::noinline]] void joint_exposant() {
     const std::int32_t debut = place_symbole();
     std::string garde(moteur.l_symbole);
     p_lis_symbole();
@@ -108,6 +105,7 @@ void joint_exposant() {
 // The next symbol, whatever it is like.
 [[gnu::noinline]] void lis_tout_symbole() {
     std::size_t position = 0;
+    if (moteur.lecture_finie) return moteur.l_symbole.vide();
     if (!Tente(kPLisSymbole, [&] { position = coupe_symbole(); })) return;
     Tente(kPLisSymbole, [&] { avance(position); });
 }
@@ -121,30 +119,28 @@ void commence_lecture() noexcept {
 }
 
 void place_separateurs() noexcept {
-    const std::string& formule = moteur.p_formule;
-    moteur.separateurs = 0;
+    const std::string_view formule = moteur.p_formule;
+    std::uint64_t separateurs = 0;
     for (std::size_t i = std::min(formule.size(), kReperes); i-- > 0;)
-        moteur.separateurs = moteur.separateurs << 1 | (est_separateur(formule[i]) ? 1 : 0);
+        separateurs = separateurs << 1 | (est_separateur(formule[i]) ? 1 : 0);
+    moteur.bornes = separateurs | separateurs << 1;
 }
 
 void p_lis_symbole() noexcept {
-    if (moteur.lecture_finie) [[unlikely]]
-        moteur.l_symbole.vide();
-    else if (!coupe_symbole_court()) [[unlikely]]
+    if (!coupe_symbole_court()) [[unlikely]]
         lis_tout_symbole();
 }
 
-bool test_fonction() noexcept {
-    const Symbole& symbole = moteur.l_symbole;
-    if (symbole.size() < 2 || symbole.sans_lettre()) return false;   // no name is shorter
-    const int rang = operations.fonction_nommee(symbole);
+bool nomme_fonction() noexcept {
+    const int rang = operations.fonction_nommee(moteur.l_symbole);
     if (rang == 0) return false;
     moteur.type_f = static_cast<std::int16_t>(rang);
     return true;
 }
 
 void lis_symbole() noexcept {
-    p_lis_symbole();
+    if (!coupe_symbole_court()) [[unlikely]]
+        lis_tout_symbole();
     if (test_fonction()) return;
     const char premier = tete_symbole();
     if (premier >= 'A' && premier <= 'Z') {

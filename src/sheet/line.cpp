@@ -103,12 +103,13 @@ void calcule_formule(std::int16_t numero, Signes signes, std::string_view genre)
     if (!genre.empty()) ajoute_resultats_stat(genre);
 }
 
-}  // namespace
+// Writes the implicit products of p_formule, where it has some.
+void place_produits(Signes signes) {
+    if ((signes & kSigneProduit) != 0) Tente(kCalculChaine, [] { TestVariable(); });
+}
 
-void calcul_chaine(std::int16_t numero) noexcept {
-    feuille.ligne_courante = numero;
-    Signes signes = 0;
-    if (!Tente(kCalculChaine, [&] { signes = prepare_formule(feuille.formule_ligne(numero)); })) return;
+// Calculates p_formule, whose marks or an open matrix may give the line another form than that of a formula.
+void calcule_par_forme(std::int16_t numero, Signes signes) {
     const TexteMarque formule(moteur.p_formule, signes);
     if (formule.contient(kDefFonction)) {
         note_role(RoleLigne::fonction);
@@ -130,7 +131,18 @@ void calcul_chaine(std::int16_t numero) noexcept {
         calcule_rangee(numero);
         return;
     } else {
-        Tente(kCalculChaine, [] { TestVariable(); });
+        place_produits(signes);
     }
     calcule_formule(numero, signes, genre);
+}
+
+}  // namespace
+
+void calcul_chaine(std::int16_t numero) noexcept {
+    feuille.ligne_courante = numero;
+    Signes signes = 0;
+    if (!Tente(kCalculChaine, [&] { signes = prepare_formule(feuille.formule_ligne(numero)); })) return;
+    if ((signes & kLettresDeForme) != 0 || definition_de_matrice.definition_matrice) return calcule_par_forme(numero, signes);
+    place_produits(signes);
+    calcule_formule(numero, signes, {});
 }

@@ -22,6 +22,14 @@ inline constexpr Marque kFin{"FIN"}, kMotInc{"INC"}, kMotAir{"AIR"}, kDefM{"DEFM
     kDefFonction{"DEFFON"}, kMotStatX{"STATX"}, kMotStatXY{"STATXY"}, kMotTriStatX{"TRISTATX"},
     kMotResXY{"RESXY"}, kMotEuro{"EURO"}, kMotPi{"PI"};
 
+// A text without any of these letters has no mark that tells a line's form.
+inline constexpr Signes kLettresDeForme = bit_lettre('I') | bit_lettre('D') | bit_lettre('X');
+static_assert([] {
+    for (const Marque& m : {kFin, kMotInc, kMotAir, kDefM, kDefFonction, kMotStatX, kMotStatXY, kMotTriStatX, kMotResXY})
+        if ((m.lettres & kLettresDeForme) == 0) return false;
+    return true;
+}());
+
 // A text in capitals with its signs. Those of a text that it is a part of do as well.
 struct TexteMarque {
     std::string_view texte;

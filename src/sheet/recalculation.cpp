@@ -210,8 +210,10 @@ void prepare_ligne(Passe& p) {
     ++p.numero;
     const std::string_view sans = sans_blancs(p.ligne);
     p.retrait = static_cast<std::size_t>(sans.data() - p.ligne.data());
-    p.ligne = p.ligne_avant = sans;
+    p.ligne = sans;
+    p.ligne_avant = sans;
     p.signes = signes_de(sans);
+    if ((p.signes & kLettresDeForme) == 0) return;
     bool possible = false;
     for (const Marque& marque : kMarquesDeLigne) possible |= marque.possible(p.signes);
     if (!possible) return;

@@ -22,7 +22,7 @@ struct Registres {
     std::string p_formule;               // formula being read, Windows-1252 capitals; set by the caller
     std::int16_t p_position = 1;         // next character of p_formule not yet read, from 1
     bool lecture_finie = false;          // the cursor would pass 32,767: nothing more is read
-    std::uint64_t separateurs = 0;       // those among the first 64 characters of p_formule, set by commence_lecture
+    std::uint64_t bornes = 0;            // which of the first 64 characters of p_formule begin a symbol; see place_separateurs
     Symbole l_symbole;                   // current symbol: the one symbol of lookahead
     std::int16_t type_f = 0;             // function last recognised, its number in the table, set by test_fonction
     std::int16_t l_var = 0;              // variable last read, 1 to 26; 0 for none

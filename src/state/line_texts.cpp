@@ -1,19 +1,8 @@
-// Giving a text to a line: where it stands already, over the one that the line had, or behind all others. Holds no
+// Giving a text that is no part of the sheet to a line: over the one that the line had, or behind all others. Holds no
 // state.
 #include "state/line_texts.hpp"
 
-#include <functional>
 #include <limits>
-
-namespace {
-
-// Whether `texte` is a part of `entier`.
-bool est_partie(std::string_view texte, std::string_view entier) {
-    const std::less_equal<const char*> pas_apres;
-    return pas_apres(entier.data(), texte.data()) && pas_apres(texte.data() + texte.size(), entier.data() + entier.size());
-}
-
-}  // namespace
 
 void TextesDeLignes::commence(std::size_t lignes, std::string_view source) {
     autres_.clear();
@@ -34,14 +23,9 @@ std::size_t TextesDeLignes::memoire() const {
 
 // A text that grows goes to the end; the line keeps the room that it has for those that are shorter. What is lost so is
 // less than what has been written.
-void TextesDeLignes::pose(std::ptrdiff_t ligne, std::string_view texte) {
-    Place& place = places_[rang(ligne)];
+void TextesDeLignes::pose_ailleurs(Place& place, std::string_view texte) {
     if (texte.empty()) {
         place.taille = 0;
-        return;
-    }
-    if (est_partie(texte, source_)) {
-        place = {static_cast<std::uint32_t>(texte.data() - source_.data()), static_cast<std::uint32_t>(texte.size()), 0};
         return;
     }
     if (texte.size() <= place.libre) {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,16 @@ public:
     }
 
     // Gives a text to a line; it may be that of a line. Refuses a line that isn't there with failure 9.
-    void pose(std::ptrdiff_t ligne, std::string_view texte);
+    void pose(std::ptrdiff_t ligne, std::string_view texte) {
+        Place& place = places_[rang(ligne)];
+        const std::less_equal<const char*> pas_apres;
+        const char* const fin = source_.data() + source_.size();
+        if (!pas_apres(source_.data(), texte.data()) || !pas_apres(texte.data() + texte.size(), fin))
+            return pose_ailleurs(place, texte);
+        place.debut = static_cast<std::uint32_t>(texte.data() - source_.data());
+        place.taille = static_cast<std::uint32_t>(texte.size());
+        place.libre = 0;
+    }
 
     void efface();                                // all texts become empty
     void redimensionne(std::size_t lignes);       // lines at the end go, or come and are empty
@@ -42,6 +52,7 @@ private:
         if (ligne < 1 || static_cast<std::size_t>(ligne) > places_.size()) echoue(kIndice);
         return static_cast<std::size_t>(ligne) - 1;
     }
+    void pose_ailleurs(Place& place, std::string_view texte);
 
     std::vector<Place> places_;
     std::string source_;

@@ -1,5 +1,6 @@
 // The code page: literals, capitals, trimming, and the way to UTF-8 and back.
 #include "base/codepage.hpp"
+#include "base/count.hpp"
 
 #include <doctest/doctest.h>
 
@@ -108,4 +109,15 @@ TEST_CASE("codepage: valid UTF-8 is told from other bytes") {
     CHECK_FALSE(est_utf8("\xC1\xBF"));
     CHECK_FALSE(est_utf8("\xED\xBF\xBF"));
     CHECK_FALSE(est_utf8("\xE2\x82"));
+}
+
+TEST_CASE("counting a character: texts of every length about a piece's, and all characters the same") {
+    for (std::size_t n = 0; n <= 1000; ++n) {
+        const std::string texte(n, '\r');
+        CHECK(compte_octets(texte, '\r') == n);
+        CHECK(compte_octets(texte, '\n') == 0);
+    }
+    std::string melange;
+    for (int i = 0; i < 5000; ++i) melange += static_cast<char>(i % 7 == 0 ? '\r' : 'a' + i % 20);
+    CHECK(compte_octets(melange, '\r') == 715);
 }

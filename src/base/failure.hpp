@@ -3,7 +3,6 @@
 // Holds no state but the way to the user, `signalement`, which the floors above fill in.
 #pragma once
 
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -62,10 +61,10 @@ extern Injection injection;
 void compte_instruction();
 #endif
 
-// Runs one statement of a procedure. A failure shows the procedure's box; the caller goes on with
-// its next statement. True when the statement ran to its end.
-template <class Instruction>
-inline bool Tente(const Procedure& procedure, Instruction&& instruction) noexcept {
+// Runs one statement; its failure goes to `rapport` as a number, and the caller goes on with its next
+// statement. True when the statement ran to its end.
+template <class Instruction, class Rapport>
+inline bool Essaie(Instruction&& instruction, Rapport&& rapport) noexcept {
     try {
 #ifdef VOXTAB_INJECTION
         compte_instruction();
@@ -73,12 +72,17 @@ inline bool Tente(const Procedure& procedure, Instruction&& instruction) noexcep
         std::forward<Instruction>(instruction)();
         return true;
     } catch (const Defaillance& d) {
-        signale_defaillance(procedure, d.numero);
-    } catch (const std::bad_alloc&) {
-        signale_defaillance(procedure, kMemoire);
+        rapport(d.numero);
     } catch (...) {
-        // The standard library's own limits (std::length_error) are memory's.
-        signale_defaillance(procedure, kMemoire);
+        // What the standard library throws (std::bad_alloc, std::length_error) is memory's.
+        rapport(kMemoire);
     }
     return false;
+}
+
+// Runs one statement of a procedure: a failure shows the procedure's box.
+template <class Instruction>
+inline bool Tente(const Procedure& procedure, Instruction&& instruction) noexcept {
+    return Essaie(std::forward<Instruction>(instruction),
+                  [&procedure](int numero) { signale_defaillance(procedure, numero); });
 }

@@ -14,24 +14,6 @@ inline void reussit(int numero) {
     if (numero != 0) echoue(numero);
 }
 
-// Runs one statement; its failure goes to `rapport` as a number, and the procedure goes on with its
-// next statement. True when the statement ran to its end.
-template <class Instruction, class Rapport>
-inline bool Essaie(Instruction&& instruction, Rapport&& rapport) noexcept {
-    try {
-#ifdef VOXTAB_INJECTION
-        compte_instruction();
-#endif
-        std::forward<Instruction>(instruction)();
-        return true;
-    } catch (const Defaillance& d) {
-        rapport(d.numero);
-    } catch (...) {
-        rapport(kMemoire);
-    }
-    return false;
-}
-
 // Runs a statement that must happen whole or not at all. When it fails `remet` puts back what it has
 // changed, then the failure goes up.
 template <class Instruction, class Remise>

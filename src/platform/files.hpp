@@ -17,8 +17,9 @@ inline constexpr std::size_t kOctetsMaxi = std::size_t{256} << 20;
 // longer than kOctetsMaxi.
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu);
 
-// Whether a file of that name is there.
+// Whether a file, a folder of that name is there.
 bool est_fichier(const std::string& chemin);
+bool est_dossier(const std::string& chemin);
 
 // Whether the file may be replaced: 0, or the failure that replacing it would meet first.
 ResultatFichier verifie_ecriture(const std::string& chemin);

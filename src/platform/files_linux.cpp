@@ -178,6 +178,11 @@ bool est_fichier(const std::string& chemin) {
     return stat(chemin.c_str(), &s) == 0 && S_ISREG(s.st_mode);
 }
 
+bool est_dossier(const std::string& chemin) {
+    struct stat s {};
+    return stat(chemin.c_str(), &s) == 0 && S_ISDIR(s.st_mode);
+}
+
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Descripteur fichier(open(chemin.c_str(), O_RDONLY | O_CLOEXEC));
     if (fichier.fd < 0) return numero_erreur(errno);
@@ -249,11 +254,6 @@ using Chemin = const std::string&;   // Windows-1252
 // What lies at a path of the system: false when there is nothing.
 bool etat(const std::string& reel, struct stat& sortie) {
     return stat(reel.c_str(), &sortie) == 0;
-}
-
-bool est_dossier(const std::string& reel) {
-    struct stat s {};
-    return etat(reel, s) && S_ISDIR(s.st_mode);
 }
 
 // The failure of an operation on a file that should be there: an absent folder is told as such.

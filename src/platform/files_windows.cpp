@@ -84,7 +84,7 @@ std::wstring dossier(const std::wstring& chemin) {
     return barre == std::wstring::npos ? L"" : chemin.substr(0, barre + 1);
 }
 
-bool est_dossier(DWORD attributs) {
+bool dit_dossier(DWORD attributs) {
     return attributs != INVALID_FILE_ATTRIBUTES && (attributs & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
@@ -253,8 +253,10 @@ void efface_ouvert(HANDLE fichier) {
 
 bool est_fichier(const std::string& chemin) {
     const DWORD attributs = GetFileAttributesW(chemin_large(chemin).c_str());
-    return attributs != INVALID_FILE_ATTRIBUTES && !est_dossier(attributs);
+    return attributs != INVALID_FILE_ATTRIBUTES && !dit_dossier(attributs);
 }
+
+bool est_dossier(const std::string& chemin) { return dit_dossier(GetFileAttributesW(chemin_large(chemin).c_str())); }
 
 ResultatFichier lit_fichier(const std::string& chemin, std::string& contenu) {
     const Poignee fichier(CreateFileW(chemin_large(chemin).c_str(), GENERIC_READ, kPartage, nullptr,
@@ -330,12 +332,9 @@ using Chemin = const std::string&;   // Windows-1252
 
 std::wstring reel(Chemin chemin) { return chemin_large(vers_utf8(chemin)); }
 
-bool existe(Chemin chemin) {
-    const DWORD attributs = GetFileAttributesW(reel(chemin).c_str());
-    return attributs != INVALID_FILE_ATTRIBUTES && !est_dossier(attributs);
-}
+bool existe(Chemin chemin) { return est_fichier(vers_utf8(chemin)); }
 
-bool existe_dossier(Chemin chemin) { return est_dossier(GetFileAttributesW(reel(chemin).c_str())); }
+bool existe_dossier(Chemin chemin) { return est_dossier(vers_utf8(chemin)); }
 
 int lit(Chemin chemin, std::string& contenu) { return lit_fichier(vers_utf8(chemin), contenu); }
 
@@ -375,7 +374,7 @@ int deplace(Chemin source, Chemin destination) {
     const std::wstring vers = reel(destination);
     const DWORD attributs = GetFileAttributesW(de.c_str());
     if (attributs == INVALID_FILE_ATTRIBUTES) return derniere_erreur();
-    if (est_dossier(attributs) || meme_fichier(de, vers)) return kAccesFichier;
+    if (dit_dossier(attributs) || meme_fichier(de, vers)) return kAccesFichier;
     if (renomme(de, vers)) return 0;
     const DWORD erreur = GetLastError();
     return erreur == ERROR_NOT_SAME_DEVICE ? deplace_loin(source, destination)
@@ -404,7 +403,7 @@ int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
         return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : derniere_erreur();
     do {
         const std::string nom = depuis_utf16(entree.cFileName);
-        if (nom == "." || nom == ".." || est_dossier(entree.dwFileAttributes) != dossiers) continue;
+        if (nom == "." || nom == ".." || dit_dossier(entree.dwFileAttributes) != dossiers) continue;
         if (dossiers && (entree.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) continue;
         if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));
     } while (FindNextFileW(recherche, &entree) != 0);

@@ -33,14 +33,9 @@ std::array<fs::path, 2> sources() {
     return {ici / "data", ici.parent_path() / "share" / "voxtab"};
 }
 
-bool est_dossier(const fs::path& chemin) {
-    std::error_code erreur;
-    return fs::is_directory(chemin, erreur);
-}
-
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(sources()[1]) && verifie_ecriture(chemin_en_utf8(dossier / kFichierReglages)) == 0;
+    return !est_dossier(chemin_en_utf8(sources()[1])) && verifie_ecriture(chemin_en_utf8(dossier / kFichierReglages)) == 0;
 }
 
 // The copy comes from this source, or is newer: the user has changed it since.

@@ -13,41 +13,18 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
 
 from pilot import Failed, Program, expect, has, role, same, wait, words_of  # noqa: E402
-from recovery import asked_about, overtaken, question, recovered  # noqa: E402
+from recovery import Typist, asked_about, lines_of, overtaken, question, recovered  # noqa: E402
 
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
 LONGEST = 4.0    # seconds from a start to the kill
 SEEN = 20.0      # seconds after which a line that was typed must be seen
 
 
-class Typist:
-    """Types into one program until it is killed, and notes what was typed when."""
+class Killed(Typist):
+    """A typist whose program is killed."""
 
     def __init__(self, program, chance):
-        self.p, self.chance = program, chance
-        self.typed = []          # (moment, mark) of each line, once the program has dealt with it
-        self.marks = 0
-        self.lag = 0.0           # seconds that the slowest file was behind, as far as seen
-
-    def line(self):
-        """One line with a mark of its own, at the end of the sheet, after a line that a kill has cut short."""
-        self.marks += 1
-        mark = f"{self.marks}*10"
-        self.p.key("Ctrl+Fin")
-        self.p.type("¶" + mark)
-        wait(lambda: mark in lines_of(self.p.sheet()), f"{mark} in the sheet", SEEN)
-        self.typed.append((time.monotonic(), mark))
-
-    def act(self):
-        what = self.chance.random()
-        if what < 0.7:
-            self.line()
-        elif what < 0.8:
-            self.p.key("Alt+C")
-        elif what < 0.9:
-            self.p.key("F6")
-        elif "SANSTITRE" not in self.p.title():
-            self.p.key("Ctrl+S")
+        super().__init__(program, chance, lambda condition, what: wait(condition, what, SEEN))
 
     def type_until_killed(self):
         """The result: the moment of the kill."""
@@ -70,10 +47,6 @@ class Typist:
         self.p.process.wait()
         self.p.screen.release_all()
         return killed[0]
-
-
-def lines_of(text):
-    return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
 
 
 def words_of_box(p):
@@ -123,7 +96,7 @@ def main():
     p = Program(asked.binary, asked.place, "killed")
     sheet = p.folder / "feuille.VXT"
     sheet.write_bytes(b"1+1\r\n")
-    typist = Typist(p, random.Random(asked.seed))
+    typist = Killed(p, random.Random(asked.seed))
     p.start(sheet)
     p.key("Ctrl+N")
     lost = offers = 0

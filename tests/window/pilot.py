@@ -16,7 +16,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 from screen import Screen  # noqa: E402
-from shared import Failed, cpu_seconds, until_same  # noqa: E402
+from shared import Failed, cpu_seconds, expect, same, until_same  # noqa: E402
 
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 
@@ -468,13 +468,3 @@ def run(cases, binary, place):
             program.kill()
     print(f"{len(cases)} cases, {failed} failed, {left_out} left out")
     raise SystemExit(1 if failed or not cases else SKIPPED if left_out else 0)
-
-
-def expect(condition, what):
-    if not condition:
-        raise Failed(what)
-
-
-def same(seen, expected, what):
-    if seen != expected:
-        raise Failed(f"{what}: {seen!r}, expected {expected!r}")

@@ -1,6 +1,8 @@
-"""Recovery files as docs/formats.md tells them, and the question about them at the start."""
+"""Recovery files as docs/formats.md tells them, the question about them at the start, and who types until the
+program is ended. Both systems' tests use it."""
 import pathlib
 import re
+import time
 
 
 def question(count):
@@ -49,3 +51,42 @@ def recovered(folder):
         except FileNotFoundError:      # it has just gone
             pass
     return sorted(found, key=lambda one: int(one[0]["numero"]))
+
+
+def lines_of(text):
+    """The lines of a sheet without their results."""
+    return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
+
+
+class Typist:
+    """Types into two sheets until the program is ended, and notes what was typed when. `see` waits, the way of
+    that system, and tells whether the program is still there."""
+
+    def __init__(self, p, chance, see):
+        self.p, self.chance, self.see = p, chance, see
+        self.typed = []          # (moment, mark) of each line, once it stands in the sheet
+        self.marks = 0
+        self.lag = 0.0           # seconds that the slowest file was behind, as far as seen
+
+    def line(self):
+        """One line with a mark of its own, at the end of the sheet, after a line that an end has cut short."""
+        self.marks += 1
+        mark = f"{self.marks}*10"
+        self.p.key("Ctrl+Fin")
+        self.p.type("¶" + mark)
+        if self.see(lambda: mark in lines_of(self.p.sheet()), f"{mark} in the sheet"):
+            self.typed.append((time.monotonic(), mark))
+
+    def other_sheet(self):
+        self.p.key("F6")
+
+    def act(self):
+        what = self.chance.random()
+        if what < 0.7:
+            self.line()
+        elif what < 0.8:
+            self.p.key("Alt+C")
+        elif what < 0.9:
+            self.other_sheet()
+        elif "SANSTITRE" not in (self.p.title() or "SANSTITRE"):
+            self.p.key("Ctrl+S")

@@ -10,6 +10,16 @@ class Failed(AssertionError):
     """What was expected did not come."""
 
 
+def expect(condition, what):
+    if not condition:
+        raise Failed(what)
+
+
+def same(seen, expected, what):
+    if seen != expected:
+        raise Failed(f"{what}: {seen!r}, expected {expected!r}")
+
+
 def until_same(wait, look, expected, what):
     """Waits, the way of that system, until `look` gives what is expected."""
     seen = None

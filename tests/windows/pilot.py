@@ -11,7 +11,7 @@ import subprocess
 import threading
 import time
 
-from shared import Failed, until_same
+from shared import Failed, expect, same, until_same
 
 LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 PAUSE = 0.02    # seconds between two looks
@@ -40,16 +40,6 @@ def wait(condition, what, limit=LIMIT):
 
 
 wait_same = functools.partial(until_same, wait)   # waits until `look` gives what is expected
-
-
-def expect(condition, what):
-    if not condition:
-        raise Failed(what)
-
-
-def same(seen, expected, what):
-    if seen != expected:
-        raise Failed(f"{what}: {seen!r}, expected {expected!r}")
 
 
 class Helper:

@@ -9,7 +9,7 @@ import time
 
 from disk import there
 from pilot import TXT, Helper, expect, run, same, wait
-from recovery import asked_about, overtaken, question, recovered
+from recovery import Typist, asked_about, lines_of, overtaken, question, recovered
 
 BUILD, PLACE = sys.argv[1:3]
 BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
@@ -89,20 +89,15 @@ def set_aside(p):
     p.wait_sheet("A=3")
 
 
-def lines_of(text):
-    return {line.split(" = ")[0] for line in text.replace("\r\n", "\n").split("\n")}
-
-
-class Typist:
-    """Types into two sheets until the program is ended, and notes what was typed when."""
+class Ended(Typist):
+    """A typist whose program is ended."""
 
     def __init__(self, p):
-        self.p, self.chance = p, random.Random(int(os.environ.get("SEED", "20260101")))
+        super().__init__(p, random.Random(int(os.environ.get("SEED", "20260101"))), self.see)
         self.sheet = p.folder / "feuille.VXT"
         self.sheet.write_bytes(b"1+1\r\n")
         self.killer = Helper(p.build / "probe.exe")
-        self.typed = []          # (moment, mark) of each line, once it stands in the sheet
-        self.marks, self.due, self.lag, self.lost = 0, 0, 0.0, []
+        self.due, self.lost = 0, []
 
     def running(self):
         return self.p.process.poll() is None
@@ -111,30 +106,10 @@ class Typist:
         """Waits for it, unless the program is gone."""
         return wait(lambda: not self.running() or condition(), what) and self.running()
 
-    def line(self):
-        """One line with a mark of its own, at the end of the sheet, after a line that an end has cut short."""
-        self.marks += 1
-        mark = f"{self.marks}*10"
-        self.p.key("Ctrl+Fin")
-        self.p.type("¶" + mark)
-        if self.see(lambda: mark in lines_of(self.p.sheet()), mark):
-            self.typed.append((time.monotonic(), mark))
-
     def other_sheet(self):
         title = self.p.title()
         self.p.key("F6")
         self.see(lambda: self.p.title() not in (title, None), "the other sheet")
-
-    def act(self):
-        what = self.chance.random()
-        if what < 0.7:
-            self.line()
-        elif what < 0.8:
-            self.p.key("Alt+C")
-        elif what < 0.9:
-            self.other_sheet()
-        elif "feuille" in (self.p.title() or ""):
-            self.p.key("Ctrl+S")
 
     def until_killed(self):
         """The moment of the end."""
@@ -198,7 +173,7 @@ class Typist:
 
 def killed(p):
     """Ended at random moments while it types, calculates, switches and saves."""
-    typist = Typist(p)
+    typist = Ended(p)
     typist.offered()
     for number in range(1, KILLS + 1):
         moment = typist.until_killed()

@@ -47,7 +47,7 @@ std::string vers_utf8(std::string_view texte) {
 std::optional<std::string> depuis_utf8(std::string_view texte, RefusTexte* refus) {
     std::string sortie;
     sortie.reserve(texte.size());
-    std::size_t position = texte.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    std::size_t position = texte.starts_with(kMarqueUtf8) ? kMarqueUtf8.size() : 0;
     while (position < texte.size()) {
         const CaractereLu lu = lit_utf8(texte.substr(position, 4));
         const int code = lu.octets == 0 ? -1 : code_de(lu.caractere);

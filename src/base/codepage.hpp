@@ -17,6 +17,9 @@ inline constexpr std::array<char32_t, 32> kUnicode80a9F = {
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
+// What ends a line of a sheet, and what a file in UTF-8 may begin with.
+inline constexpr std::string_view kFinDeLigne = "\r\n", kMarqueUtf8 = "\xEF\xBB\xBF";
+
 // Code of a Unicode character in the code page, or -1 when it has none.
 constexpr int code_de(char32_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<int>(c);
@@ -80,6 +83,9 @@ template <Litteral L>
 constexpr const std::string_view& operator""_fr() {
     return LitteralFrancais<L>::vue;
 }
+
+// The square as it is written, which a formula has as "^2".
+inline constexpr char kCarreEcrit = "²"_fr[0];
 
 // Capital of each code: a to z, and the letters E0 to FE except F7. "œ", "š", "ž", "ÿ" have none.
 inline constexpr std::array<char, 256> kCapitale = [] {

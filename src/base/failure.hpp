@@ -21,7 +21,7 @@ enum NumeroDefaillance : int {
     kAbandon = 1000          // the user gave up a long calculation: told once, in words
 };
 
-// What is thrown: only Tente and the two command-level guards catch it.
+// What is thrown, up to the next Tente or Essaie.
 struct Defaillance {
     int numero;
 };

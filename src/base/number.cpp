@@ -303,6 +303,10 @@ std::int16_t vers_16_arrondi(double x) {
     return static_cast<std::int16_t>(r);
 }
 
+std::string combien(std::size_t n, std::string_view un, std::string_view plusieurs) {
+    return chiffres(static_cast<long long>(n)).append(" ").append(n == 1 ? un : plusieurs);
+}
+
 std::int16_t vers_16_tronque(double x) {
     const double r = std::trunc(x);
     if (!(r >= -32768 && r <= 32767)) echoue(kDepassement);

@@ -40,6 +40,9 @@ std::string forme_blanc(double x);
 // Plain decimal figures of an integer.
 std::string chiffres(long long n);
 
+// How many, in figures, with the word for one or for several.
+std::string combien(std::size_t n, std::string_view un, std::string_view plusieurs);
+
 // To integers of 16 or 32 bits. Raise failure 6 when the value does not fit or is no number.
 std::int16_t vers_16_arrondi(double x);     // to the nearest, ties to even
 std::int16_t vers_16_tronque(double x);     // toward zero

@@ -34,7 +34,7 @@ constexpr Signes bits_signe(char c) {
     if (c == '=') signes |= kSigneEgal;
     if (c == ',') signes |= kSigneVirgule;
     if (c == '!') signes |= kSigneExclamation;
-    if (c == "²"_fr[0]) signes |= kSigneCarre;
+    if (c == kCarreEcrit) signes |= kSigneCarre;
     if (capitale(c) != c) signes |= kSignePetite;
     if (static_cast<unsigned char>(c) < 32) signes |= kSigneControle;
     return signes;

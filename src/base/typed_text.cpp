@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
+#include "base/number.hpp"
 
 namespace {
 
@@ -308,9 +309,7 @@ std::string mots_saisie(const TexteSaisi& saisi, std::string_view utf8) {
 std::string mots_collage(const TexteSaisi& saisi) {
     if (saisi.refuse) return mots_refus(saisi.refuse->caractere) + ou(*saisi.refuse);
     if (saisi.caracteres == 0) return "rien à coller";
-    const std::string mots =
-        std::to_string(saisi.caracteres) +
-        (saisi.caracteres == 1 ? " caractère collé" : " caractères collés");
+    const std::string mots = combien(saisi.caracteres, "caractère collé", "caractères collés");
     return saisi.muet ? mots + ", " + mots_muet(*saisi.muet) + ou(*saisi.muet) : mots;
 }
 

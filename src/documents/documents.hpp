@@ -2,11 +2,14 @@
 // commands of the documents change it.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/codepage.hpp"
 #include "base/table.hpp"
 #include "settings/settings.hpp"
 
@@ -32,6 +35,13 @@ extern Documents documents;
 article& ligne_courante_ini();           // the current document's row
 void marque_modifie();                   // the current sheet differs from its file
 int rang_ouvert(const std::string& nomfic, int sauf = 0);  // number of the open sheet of that file, 0: none
+inline constexpr std::string_view kDejaOuvert = "déja ouvert"_fr;   // said of its name
+
+// A row's place of the selection, for the text control, which holds one past the end at the end.
+inline std::size_t position_gardee(std::int32_t champ) {
+    return static_cast<std::size_t>(std::max<std::int32_t>(champ, 0));
+}
+
 void dit_si_hors_liste(const std::string& nom);   // tells when the settings file has no room for that path
 
 // Puts article_courant at the current document's row, and the row that stood there after the open

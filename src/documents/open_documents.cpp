@@ -217,7 +217,7 @@ bool dejaOuvert(const std::string& nomfic) {
     // capitals-of-an-open-name.
     for (int rang = 1; rang <= documents.nombre_document; ++rang) {
         if (reglages.table_ini(rang).nom != nomfic) continue;
-        port.boites.boite(std::string(nomfic).append("déja ouvert"_fr));
+        port.boites.boite(std::string(nomfic).append(kDejaOuvert));
         return true;
     }
     return false;

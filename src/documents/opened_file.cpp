@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 
 // The box of what has been lost.
 std::string mots_pertes(const TexteAmene& amene) {

@@ -74,14 +74,12 @@ void releve_montree(int rang) {
     releve_feuille(rang, texte, fiche_de(rang, port.texte.sel_start(), port.texte.sel_length()), autrement);
 }
 
-std::size_t position(std::int32_t champ) { return champ < 0 ? 0 : static_cast<std::size_t>(champ); }
-
 // A sheet that isn't shown keeps the text and the cursor that it was left with.
 void releve_autre(int rang) {
     const std::string& texte = documents.texte(rang);
     if (sans_rien(rang, texte)) return;
     const article& ligne = reglages.table_ini(rang);
-    releve_feuille(rang, texte, fiche_de(rang, position(ligne.champ1), position(ligne.champ2)), false);
+    releve_feuille(rang, texte, fiche_de(rang, position_gardee(ligne.champ1), position_gardee(ligne.champ2)), false);
 }
 
 // Files of sheets that don't differ from their own file any more, or aren't open, go.

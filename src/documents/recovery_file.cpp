@@ -5,6 +5,7 @@
 #include <charconv>
 #include <utility>
 
+#include "base/codepage.hpp"
 #include "base/number.hpp"
 
 namespace {
@@ -12,7 +13,6 @@ namespace {
 constexpr std::string_view kMarque = "VOXTAB REPRISE 2\r\n";
 constexpr std::string_view kMarque1 = "VOXTAB REPRISE 1\r\n";   // does without the sum of the sheet's file
 constexpr std::string_view kFamille = "VOXTAB REPRISE ";   // of this version and of others
-constexpr std::string_view kFin = "\r\n";
 constexpr std::size_t kChiffresSomme = 16;
 
 // The sum goes on over more bytes (FNV-1a, 64 bits).
@@ -66,7 +66,7 @@ bool prend_nom(std::string_view& reste, std::string& nom) {
         return false;
     nom = reste.substr(0, taille);
     reste.remove_prefix(taille);
-    return prend(reste, kFin);
+    return prend(reste, kFinDeLigne);
 }
 
 // Takes the lines between the mark and the sum.
@@ -82,7 +82,7 @@ bool prend_fiche(std::string_view& reste, FicheReprise& fiche, std::size_t& tail
         !prend_nombre(reste, fiche.numero) ||
         (!ancienne && (!prend(reste, "\r\nfichier ") || !prend_somme(reste, fiche.base))) ||
         !prend(reste, "\r\noctets ") ||
-        !prend_nombre(reste, taille) || !prend(reste, kFin))
+        !prend_nombre(reste, taille) || !prend(reste, kFinDeLigne))
         return false;
     fiche.modifie = modifie != 0;
     return true;

@@ -69,7 +69,7 @@ bool refuse_nom(const std::string& nom) {
     } else if (reserve(nom)) {
         port.boites.boite("nom réservé au programme"_fr);
     } else if (rang_ouvert(nom, documents.document_courant) != 0) {
-        port.boites.boite(nom + std::string("déja ouvert"_fr));
+        port.boites.boite(std::string(nom).append(kDejaOuvert));
     } else {
         return false;
     }

@@ -20,17 +20,11 @@
 
 namespace {
 
-constexpr std::string_view kFinDeLigne = "\r\n";
 
 // What systems take for sure, with what a save adds to a name: a file's name, and a whole path.
 constexpr std::size_t kNomMaxi = 200;
 constexpr std::size_t kCheminMaxi = 230;
 constexpr std::size_t kFinGardee = 40;  // what a short name keeps of the path's end
-
-// A position of the settings table, for the text control; it holds one past the end at the end.
-std::size_t position(std::int32_t champ) {
-    return static_cast<std::size_t>(std::max<std::int32_t>(champ, 0));
-}
 
 // The text as lines: each with CR LF after it, whatever its line ends are.
 std::string en_lignes(std::string_view reste) {
@@ -183,7 +177,7 @@ void montre_feuille(std::string texte) {
     documents.texte(documents.document_courant) = std::move(gardee);
     port.texte.pose_texte(std::move(texte));
     const article& ligne = ligne_courante_ini();
-    port.texte.pose_selection(position(ligne.champ1), position(ligne.champ2));
+    port.texte.pose_selection(position_gardee(ligne.champ1), position_gardee(ligne.champ2));
 }
 
 bool LitNomCopie() noexcept {

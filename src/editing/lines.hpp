@@ -30,6 +30,11 @@ struct Etendue {
 Etendue etendue_ligne(std::int32_t numero);
 Etendue etendue_ligne(std::string_view texte, std::int32_t numero);   // the same in `texte`
 
+// What stands in that extent of `texte`.
+inline std::string_view mots_de(std::string_view texte, const Etendue& ligne) {
+    return texte.substr(ligne.debut, ligne.fin - ligne.debut);
+}
+
 // True when a line of `texte` can end at `position` (from 0, at most its length).
 bool est_fin_de_ligne(std::string_view texte, std::size_t position);
 

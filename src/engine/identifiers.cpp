@@ -155,7 +155,7 @@ Signes prepare_formule(std::string_view texte) {
     }
     formule.clear();
     for (const char c : garde) {
-        if (c == "²"_fr[0])
+        if (c == kCarreEcrit)
             formule += "^2";
         else
             formule += capitale(c);

@@ -71,7 +71,6 @@ FormuleRelevee lit_formule(std::string_view texte, Preparation preparation) {
 }
 
 std::vector<std::size_t> places_dans_le_texte(std::string_view texte, std::string_view formule) {
-    constexpr char kCarreEcrit = "²"_fr[0];
     std::vector<std::size_t> places;
     places.reserve(formule.size() + 1);
     std::size_t i = 0;

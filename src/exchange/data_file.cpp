@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 
 // A heading; in quotes where a character of it would part cells or lines.
 std::string cellule_de_titre(std::string_view titre) {

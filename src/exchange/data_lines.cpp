@@ -10,15 +10,14 @@
 #include "base/number.hpp"
 #include "exchange/data_number.hpp"
 #include "sheet/old_blocks.hpp"
+#include "state/matrices.hpp"
 
 namespace {
 
-constexpr std::string_view kFinLigne = "\r\n";
 constexpr std::size_t kValeursParLigne = 10;    // what is heard in one go
 constexpr std::size_t kLargeurLigne = 72;
 constexpr std::size_t kFormuleMaxi = 32'765;    // characters that the reader of a formula can number, less its end mark and what is read ahead
 constexpr std::size_t kLignesMaxi = 32'767;     // lines that a sheet can number
-constexpr std::string_view kLettres = "ABCDEFGHIJ";
 
 using Colonne = std::vector<double>;
 
@@ -85,14 +84,14 @@ std::string lignes_statx(const Colonne& valeurs) {
     for (const double x : valeurs) {
         const std::string valeur = texte_entier(x);
         if (sur_la_ligne == kValeursParLigne || (sur_la_ligne > 0 && ligne.size() + valeur.size() >= kLargeurLigne)) {
-            texte.append(kFinLigne).append(ligne);
+            texte.append(kFinDeLigne).append(ligne);
             ligne.clear();
             sur_la_ligne = 0;
         }
         if (sur_la_ligne++ > 0) ligne += ',';
         ligne += valeur;
     }
-    return texte.append(kFinLigne).append(ligne).append(kFinLigne).append("FIN");
+    return texte.append(kFinDeLigne).append(ligne).append(kFinDeLigne).append("FIN");
 }
 
 // The call that the sheet makes of a block has each value in its shortest form, with a frequency of 1.
@@ -153,7 +152,7 @@ std::optional<std::string> en_statxy(const std::vector<Colonne>& colonnes, std::
     // In the call that the sheet makes of them each pair has a frequency of 1.
     const std::size_t nombre = listes[0].size();
     if (x.size() + y.size() + 3 * nombre + std::string_view("STATXY()").size() <= kFormuleMaxi)
-        return std::string("STATXY").append(kFinLigne).append(x).append(kFinLigne).append(y);
+        return std::string("STATXY").append(kFinDeLigne).append(x).append(kFinDeLigne).append(y);
     refus = mots_trop(nombre, "STATXY");
     return std::nullopt;
 }
@@ -167,9 +166,9 @@ std::optional<std::string> en_matrice(const std::vector<Colonne>& colonnes, std:
             refus = mots_trop(ligne.size(), "une ligne de matrice"_fr);
             return std::nullopt;
         }
-        texte.append(kFinLigne).append(elements);
+        texte.append(kFinDeLigne).append(elements);
     }
-    return texte.append(kFinLigne).append("FIN");
+    return texte.append(kFinDeLigne).append("FIN");
 }
 
 // The headings as a comment, where no word of theirs means something to the calculation.
@@ -183,12 +182,12 @@ std::string commentaire(const DonneesLues& donnees) {
     for (const std::string_view mot : {"FIN", "STATX", "DEFM", "INC", "AIR", "NOMBRE DE", "=", "\n", "\r"})
         if (majuscules.find(mot) != std::string::npos) return "";
     if (sans_blancs(texte).empty() || texte.size() > kLargeurLigne) return "";
-    return "! " + texte + std::string(kFinLigne);
+    return "! " + texte + std::string(kFinDeLigne);
 }
 
 // Where the line that holds `position` ends, and the line after it begins.
 std::size_t fin_de_ligne(std::string_view texte, std::size_t position) {
-    return std::min(texte.find(kFinLigne, position), texte.size());
+    return std::min(texte.find(kFinDeLigne, position), texte.size());
 }
 
 // The old blocks of results, looked for from the top to the bottom of a sheet.
@@ -199,12 +198,12 @@ struct AnciensBlocs {
 
     // End of the line that ends at `fin`, or of the block below it.
     std::size_t fin_avec_bloc(std::size_t fin) {
-        const std::size_t dessous = fin + kFinLigne.size() + 1;
+        const std::size_t dessous = fin + kFinDeLigne.size() + 1;
         for (const GenreBloc genre : {GenreBloc::table, GenreBloc::statistiques, GenreBloc::tri, GenreBloc::matrice}) {
             std::size_t& vue = refusee[static_cast<std::size_t>(genre)];
             if (fin == feuille.size() || dessous < vue) continue;
             const AncienBloc bloc = ancien_bloc(genre, feuille, dessous);
-            if (bloc.lignes > 0) return bloc.fin ? feuille.size() : bloc.position - 1 - kFinLigne.size();
+            if (bloc.lignes > 0) return bloc.fin ? feuille.size() : bloc.position - 1 - kFinDeLigne.size();
             vue = bloc.position;
         }
         return fin;
@@ -218,13 +217,13 @@ std::size_t fin_du_bloc(std::string_view feuille, std::size_t curseur) {
     for (;;) {
         const std::size_t fin = anciens.fin_avec_bloc(fin_de_ligne(feuille, debut));
         if (fin >= curseur || fin == feuille.size()) return fin;
-        debut = fin + kFinLigne.size();
+        debut = fin + kFinDeLigne.size();
     }
 }
 
 std::size_t numero_de(std::string_view texte, std::size_t position) {
     std::size_t numero = 1;
-    for (std::size_t i = texte.find(kFinLigne); i < position; i = texte.find(kFinLigne, i + 1)) ++numero;
+    for (std::size_t i = texte.find(kFinDeLigne); i < position; i = texte.find(kFinDeLigne, i + 1)) ++numero;
     return numero;
 }
 
@@ -239,7 +238,7 @@ std::string forme_proposee(const DonneesLues& donnees, std::string_view feuille)
     // Two lines are the two lists, unless headings say what the columns are.
     if (colonnes == 2 || (lignes == 2 && donnees.table.titres.empty())) return "STATXY";
     const std::string majuscules = capitales(feuille);
-    for (const char lettre : kLettres) {
+    for (const char lettre : kLettresMatrices) {
         const std::string nom{'M', lettre};
         if (majuscules.find("DEF" + nom) == std::string::npos && majuscules.find(nom + "=") == std::string::npos)
             return "DEF" + nom;
@@ -252,7 +251,7 @@ std::optional<std::string> lignes_de_feuille(const DonneesLues& donnees, std::st
     Forme forme;
     const bool lisible = lis_forme(texte, forme);
     const bool matrice = forme.mot.size() == 5 && forme.mot.starts_with("DEFM") &&
-                         kLettres.find(forme.mot[4]) != std::string_view::npos;
+                         kLettresMatrices.find(forme.mot[4]) != std::string_view::npos;
     if (!lisible || (!matrice && forme.mot != "STATX" && forme.mot != "STATXY")) {
         refus = "forme inconnue : tapez STATX, STATXY, ou DEFM et une lettre de A à J, puis des numéros de colonnes"_fr;
         return std::nullopt;
@@ -269,13 +268,13 @@ std::optional<std::string> lignes_de_feuille(const DonneesLues& donnees, std::st
 std::optional<Insertion> insere_lignes(std::string_view feuille, std::size_t curseur, std::string_view lignes) {
     curseur = std::min(curseur, feuille.size());
     std::size_t place = fin_du_bloc(feuille, curseur);
-    const bool sur_ligne_vide = place == feuille.size() && (feuille.empty() || feuille.ends_with(kFinLigne));
+    const bool sur_ligne_vide = place == feuille.size() && (feuille.empty() || feuille.ends_with(kFinDeLigne));
     Insertion insertion;
     insertion.texte.append(feuille.substr(0, place));
-    if (!sur_ligne_vide) insertion.texte.append(kFinLigne);
+    if (!sur_ligne_vide) insertion.texte.append(kFinDeLigne);
     insertion.position = insertion.texte.size();
     insertion.texte.append(lignes);
-    if (place == feuille.size()) insertion.texte.append(kFinLigne);
+    if (place == feuille.size()) insertion.texte.append(kFinDeLigne);
     insertion.texte.append(feuille.substr(place));
     insertion.ligne = numero_de(insertion.texte, insertion.position);
     insertion.derniere = numero_de(insertion.texte, insertion.position + lignes.size());

@@ -330,10 +330,6 @@ void remplit(const Lecture& lecture, DonneesLues& donnees) {
 }
 
 // "3 lignes", "1 ligne".
-std::string combien(std::size_t n, std::string_view un, std::string_view plusieurs) {
-    return chiffres(static_cast<long long>(n)).append(" ").append(n == 1 ? un : plusieurs);
-}
-
 // The columns by their numbers in the file, with their headings: "2 Maths, 3 Anglais".
 std::string mots_colonnes(const DonneesLues& donnees) {
     std::string mots;

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr std::size_t kOctetsDonnees = 4'000'000;   // more than the lines and formulas of a sheet can hold
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 // What the files of the common office programs begin with: an archive, the older form, a printed page.
 constexpr std::string_view kArchive = "PK\x03\x04";
 constexpr std::string_view kAncienClasseur = "\xD0\xCF\x11\xE0";

@@ -14,6 +14,7 @@
 #include "exchange/study_section.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/number_result.hpp"
+#include "sheet/old_result.hpp"
 
 namespace {
 
@@ -26,12 +27,6 @@ std::string element(std::string_view nom, std::string_view contenu) {
 }
 
 std::string formule_mathml(const std::string& elements) { return "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" displaystyle=\"true\">" + element("mrow", elements) + "</math>"; }
-
-// The value behind a line: " = 5" without its sign.
-std::string_view valeur_de(std::string_view resultat) {
-    const std::size_t debut = resultat.find_first_not_of(" =");
-    return debut == std::string_view::npos ? std::string_view() : resultat.substr(debut);
-}
 
 std::string texte_element(double x) {
     try {
@@ -170,7 +165,7 @@ private:
     }
 
     void nombre(const LigneRapport& ligne) {
-        const std::string_view valeur = valeur_de(ligne.resultat);
+        const std::string_view valeur = sans_egal(ligne.resultat);
         const std::string egale = "<mo>=</mo>" + mathml_nombre(valeur);
         if (ligne.mathml && !valeur.empty())   // "A=4 = 4" says the same twice
             paragraphe(ligne, formule_mathml(*ligne.mathml + (ligne.mathml->ends_with("</mi>" + egale) ? "" : egale)));
@@ -271,7 +266,7 @@ private:
         if (ligne.donnees.aire)
             paragraphe(ligne, formule_mathml("<msubsup><mo>\xE2\x88\xAB</mo>" + element("mrow", debut) + element("mrow", fin) +
                                              "</msubsup>" + entre_parentheses(fonction) + "<mi>d</mi><mi>" + lettre +
-                                             "</mi><mo>\xE2\x89\x88</mo>" + mathml_nombre(valeur_de(ligne.resultat))));
+                                             "</mi><mo>\xE2\x89\x88</mo>" + mathml_nombre(sans_egal(ligne.resultat))));
         else
             paragraphe(ligne, formule_mathml(nom_de_fonction(ligne, "f") + "<mo>=</mo>" + fonction));
         place_ = std::min(place_ + 2, lignes_.size());

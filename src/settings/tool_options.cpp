@@ -25,7 +25,6 @@ constexpr std::array kOptions = {
     OptionNommee{"attention", &OptionsOutils::attention},
 };
 
-constexpr std::string_view kFinLigne = "\r\n";
 constexpr std::size_t kLigneMaxi = 200;        // bytes of a line that isn't ours, to be kept
 constexpr std::size_t kInconnuesMaxi = 4096;   // bytes of all these lines
 
@@ -39,7 +38,7 @@ void garde_inconnue(OptionsOutils& options, std::string_view ligne) {
     for (const char c : ligne.substr(0, nom ? egal : 0))
         nom = nom && ((c >= 'a' && c <= 'z') || c == '_' || c == ' ');
     if (nom && options.inconnues.size() + ligne.size() <= kInconnuesMaxi)
-        (options.inconnues += ligne) += kFinLigne;
+        (options.inconnues += ligne) += kFinDeLigne;
 }
 
 // One line of the file, without its end.
@@ -57,7 +56,7 @@ void prend_ligne(OptionsOutils& options, std::string_view ligne) {
 OptionsOutils lis_outils(std::string_view contenu) {
     OptionsOutils options;
     while (!contenu.empty()) {
-        const std::size_t fin = contenu.find_first_of(kFinLigne);
+        const std::size_t fin = contenu.find_first_of(kFinDeLigne);
         prend_ligne(options, contenu.substr(0, fin));
         contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
     }
@@ -68,7 +67,7 @@ std::string texte_outils(const OptionsOutils& options) {
     std::string texte;
     for (const OptionNommee& option : kOptions)
         if (option.valeur != &OptionsOutils::attention || options.attention_choisie)
-            texte.append(option.nom).append(options.*option.valeur ? "=1" : "=0").append(kFinLigne);
+            texte.append(option.nom).append(options.*option.valeur ? "=1" : "=0").append(kFinDeLigne);
     return texte += options.inconnues;
 }
 

@@ -9,12 +9,11 @@
 #include "editing/lines.hpp"
 #include "platform/boxes.hpp"
 #include "sheet/marks.hpp"
+#include "sheet/old_result.hpp"
 #include "state/context.hpp"
 #include "state/sheet.hpp"
 
 namespace {
-
-constexpr char kCarreEcrit = "²"_fr[0];
 
 // A list of a data set has no formula: the piece is the line.
 constexpr std::size_t kJusquAuBout = std::string_view::npos;
@@ -91,11 +90,6 @@ Morceau morceau_depuis(std::string_view texte, std::string_view formule, std::si
     if (debut > formule.size()) morceau.debut = marche.place();
     if (fin > formule.size()) morceau.fin = marche.place();
     return morceau;
-}
-
-// A text without the mark of a result in front of it.
-std::string_view sans_egal(std::string_view texte) {
-    return texte.substr(std::min(texte.find_first_not_of(" ="), texte.size()));
 }
 
 // The words of the first report; where there was none, the result of the line, or the last box.

@@ -86,3 +86,7 @@ void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, 
         correct = (signes & kSigneControle) == 0 || !refuse_controle(formule);
     });
 }
+
+std::string_view sans_egal(std::string_view resultat) {
+    return resultat.substr(std::min(resultat.find_first_not_of(" ="), resultat.size()));
+}

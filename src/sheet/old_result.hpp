@@ -15,3 +15,6 @@ void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, 
 // Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the
 // echo of a statistics result, a line without a result.
 std::size_t fin_gardee(std::string_view ligne);
+
+// What stands behind a line without the " = " in front of it.
+std::string_view sans_egal(std::string_view resultat);

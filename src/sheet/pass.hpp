@@ -12,7 +12,6 @@
 #include "sheet/old_blocks.hpp"
 #include "state/sheet.hpp"
 
-inline constexpr std::string_view kFinDeLigne = "\r\n";
 
 // What a step answers: the line is finished, or the next step looks at it.
 enum class Suite { continuer, finie };

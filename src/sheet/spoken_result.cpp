@@ -86,7 +86,7 @@ void pour_chaque_resultat(std::string_view texte, std::size_t debut, std::size_t
     std::size_t rang = lignes_closes(texte.substr(0, debut));
     for (Etendue ligne{debut, debut}; ligne.debut <= fin; ligne.debut = ligne.fin + 2, ++rang) {
         ligne.fin = std::min(texte.find("\r\n", ligne.debut), texte.size());
-        const std::string_view mots = texte.substr(ligne.debut, ligne.fin - ligne.debut);
+        const std::string_view mots = mots_de(texte, ligne);
         const std::size_t numero = correspondance.ligne_ecrite(ligne, rang);
         recoit(ligne, numero == kInconnue ? resultat_lu(mots) : resultat_ecrit(mots, numero));
         if (ligne.fin >= texte.size()) return;

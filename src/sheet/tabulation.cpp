@@ -38,9 +38,7 @@ bool ouvre_fonction(std::int16_t numero, int variable) {
     const std::string texte(feuille.formule_ligne(suivante));
     const char lettre = static_cast<char>('A' + variable - 1);
     if (capitales(texte).find(lettre) == std::string::npos) {
-        std::string mots("fonction de "_fr);
-        mots += lettre;
-        montre_boite(mots.append(" est inconnue sur la ligne suivante"_fr));
+        montre_boite(mots_fonction_inconnue(lettre));
         return false;
     }
     bool correct = true;
@@ -279,4 +277,8 @@ void Calculair(std::int16_t numero, int variable) {
         refuse_somme();
     }
     moteur.muet_erreur = false;
+}
+
+std::string mots_fonction_inconnue(char lettre) {
+    return std::string("fonction de "_fr).append(1, lettre).append(" est inconnue sur la ligne suivante"_fr);
 }

@@ -62,7 +62,7 @@ void va_sur(std::string_view ligne, std::size_t debut, std::size_t depuis, std::
 void mnuParentheseItem() {
     const std::string& texte = port.texte.texte();
     const Etendue etendue = etendue_autour(texte, curseur());
-    const std::string ligne = sans_resultat(texte.substr(etendue.debut, etendue.fin - etendue.debut));
+    const std::string ligne = sans_resultat(std::string(mots_de(texte, etendue)));
     const std::size_t place = ligne.find_last_of("()", std::min(curseur() - etendue.debut, ligne.size()));
     if (place == npos) return dit(kAucuneParenthese);
     const Etendue p = partie(ligne, place);

@@ -22,10 +22,6 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr std::size_t kMorceauEntendu = 100;   // characters of a piece that are said
 
-std::string_view mots_de(std::string_view texte, const Etendue& ligne) {
-    return texte.substr(ligne.debut, ligne.fin - ligne.debut);
-}
-
 bool dans_la_ligne(const Morceau& faute, const Etendue& ligne) {
     return faute.debut != Morceau::kAilleurs && faute.debut >= ligne.debut && faute.debut <= ligne.fin;
 }

@@ -49,7 +49,7 @@ void va_a_la_lettre(char lettre) {
         const std::size_t debut = ligne.fin >= texte.size() ? 0 : ligne.fin + 2;
         ligne = etendue_autour(texte, debut);
         if (ligne.debut < ligne.fin && capitale(texte[ligne.debut]) == lettre) {
-            const std::string dite = texte.substr(ligne.debut, ligne.fin - ligne.debut);
+            const std::string dite(mots_de(texte, ligne));
             port.texte.pose_selection(ligne.debut, 0);
             return dit(dite);
         }

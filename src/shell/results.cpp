@@ -9,6 +9,7 @@
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"
+#include "sheet/matrix_text.hpp"
 #include "sheet/spoken_result.hpp"
 #include "shell/explained.hpp"
 #include "shell/spelling.hpp"
@@ -17,19 +18,13 @@
 namespace {
 
 constexpr auto npos = std::string_view::npos;
-constexpr std::string_view kFinDeLigne = "\r\n";
 constexpr std::size_t kEpeles = 500;   // characters said of several lines before the rest is only counted
-constexpr std::string_view kFinMatrice = "fin résultat matrice"_fr;
 
 // The result of a line without its "=", or the words for why there is none.
 struct ResultatNu {
     std::string texte;       // a number, the elements of a matrix
     std::string refus;       // "" when there is a result
 };
-
-std::string_view mots_de(std::string_view texte, const Etendue& ligne) {
-    return texte.substr(ligne.debut, ligne.fin - ligne.debut);
-}
 
 bool est_minuscule(char c) { return (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0xE0; }
 
@@ -93,11 +88,6 @@ void copie(const std::string& texte, std::string_view mots) {
     dit(port.presse_papiers.pose(vers_utf8(texte)) ? mots : kPressePapiersRefuse);
 }
 
-// A count with its words in the singular and the plural.
-std::string compte(std::size_t nombre, std::string_view un, std::string_view plusieurs) {
-    return chiffres(static_cast<long long>(nombre)).append(nombre == 1 ? un : plusieurs);
-}
-
 // The selection, when it is of more than one line.
 struct Selection {
     std::size_t debut = curseur(), fin = fin_selection();
@@ -123,7 +113,7 @@ std::size_t chaque_resultat(const Selection& selection, Action action) {
 }
 
 void ajoute_sans(std::string& mots, std::size_t sans) {
-    if (sans > 0) mots.append(", ").append(compte(sans, " ligne sans résultat"_fr, " lignes sans résultat"_fr));
+    if (sans > 0) mots.append(", ").append(combien(sans, "ligne sans résultat"_fr, "lignes sans résultat"_fr));
 }
 
 // The numbers of the selected lines, one a line.
@@ -135,7 +125,7 @@ void copie_les_lignes(const Selection& selection) {
         sortie += resultat;
     });
     if (copies == 0) return dit(kPasDeResultat);
-    std::string mots = compte(copies, " résultat copié"_fr, " résultats copiés"_fr);
+    std::string mots = combien(copies, "résultat copié"_fr, "résultats copiés"_fr);
     ajoute_sans(mots, sans);
     copie(sortie, mots);
 }
@@ -159,7 +149,7 @@ void epelle_les_lignes(const Selection& selection) {
         ((mots += "ligne ") += chiffres(ligne)).append(" : ").append(epele_resultat(resultat));
     });
     if (mots.empty()) return dit(kPasDeResultat);
-    if (restent > 0) mots.append(", et ").append(compte(restent, " autre résultat"_fr, " autres résultats"_fr));
+    if (restent > 0) mots.append(", et ").append(combien(restent, "autre résultat"_fr, "autres résultats"_fr));
     ajoute_sans(mots, sans);
     dit(mots);
 }

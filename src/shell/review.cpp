@@ -47,16 +47,12 @@ void va_au_constat(const Constat& constat) {
     dit(phrase(constat));
 }
 
-std::string nombre(std::size_t n, std::string_view un, std::string_view plusieurs) {
-    return (chiffres(static_cast<long long>(n)) + " ").append(n == 1 ? un : plusieurs);
-}
-
 // "3 constats, 2 faux probables".
 std::string compte() {
-    std::string texte = nombre(verification.constats.size(), "constat"_fr, "constats"_fr);
+    std::string texte = combien(verification.constats.size(), "constat"_fr, "constats"_fr);
     const std::size_t graves = faux_probables(verification.constats);
     if (graves == 0) return texte;
-    return (texte += ", ") += nombre(graves, "faux probable"_fr, "faux probables"_fr);
+    return (texte += ", ") += combien(graves, "faux probable"_fr, "faux probables"_fr);
 }
 
 // What tells a finding from another, wherever its line stands.
@@ -123,7 +119,7 @@ void dit_attention(bool ecrite) {
         if (nouveaux.empty()) return;
         std::string texte("attention ligne "_fr);
         texte += chiffres(ecrite ? nouveaux.front()->ligne_ecrite : nouveaux.front()->ligne);
-        if (nouveaux.size() > 1) texte.append(" et "_fr) += nombre(nouveaux.size() - 1, "autre constat"_fr, "autres constats"_fr);
+        if (nouveaux.size() > 1) texte.append(" et "_fr) += combien(nouveaux.size() - 1, "autre constat"_fr, "autres constats"_fr);
         dit(texte);
     });
 }

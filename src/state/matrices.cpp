@@ -12,8 +12,6 @@ Matrices matrices;
 
 namespace {
 
-constexpr std::string_view kLettres = "ABCDEFGHIJ";
-
 constexpr Procedure kCopieTravail{"sur CopieMatriceVersTravail"_fr, true};
 constexpr Procedure kCopieTravail2{"sur CopieMatriceVersTravail2"_fr, true};
 constexpr Procedure kCopieVersMatrice{"sur CopietravailVersMatrice"_fr, true};
@@ -22,11 +20,11 @@ constexpr Procedure kDimension{"sur DimensionMatrice"_fr, true};
 }  // namespace
 
 bool TestCarMatrice(std::string_view lettre) {
-    return kLettres.find(lettre) != std::string_view::npos;
+    return kLettresMatrices.find(lettre) != std::string_view::npos;
 }
 
 TableMatrice* table_de(char lettre) noexcept {
-    const std::size_t rang = kLettres.find(lettre);
+    const std::size_t rang = kLettresMatrices.find(lettre);
     return rang == std::string_view::npos ? nullptr : &matrices.table[rang + 1];
 }
 

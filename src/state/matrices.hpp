@@ -63,7 +63,9 @@ struct Matrices {
 };
 extern Matrices matrices;
 
-// True when the text is found in "ABCDEFGHIJ"; an empty text is.
+inline constexpr std::string_view kLettresMatrices = "ABCDEFGHIJ";
+
+// True when the text is found in these letters; an empty text is.
 bool TestCarMatrice(std::string_view lettre);
 
 // The table of that letter, or nullptr for a letter outside A to J.

@@ -19,6 +19,7 @@
 #include "sheet/marks.hpp"
 #include "sheet/old_result.hpp"
 #include "sheet/recalculation.hpp"
+#include "sheet/tabulation.hpp"
 #include "state/context.hpp"
 
 namespace {
@@ -265,7 +266,7 @@ std::string mots_sans_fonction(std::string_view texte, std::int32_t numero) {
         if (static_cast<std::size_t>(rang) >= lignes.size()) continue;
         const std::string entete = corps(lignes[static_cast<std::size_t>(rang)]);
         const char lettre = lettre_d_entete(capitales(entete), genre);
-        if (lettre != 0) return std::string("fonction de "_fr) + lettre + std::string(" est inconnue sur la ligne suivante"_fr);
+        if (lettre != 0) return mots_fonction_inconnue(lettre);
     }
     return {};
 }

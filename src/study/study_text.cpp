@@ -131,10 +131,6 @@ using Lignes = std::vector<std::string>;
 
 std::string texte(std::string_view mots) { return std::string(mots); }
 
-std::string compte(std::size_t n, std::string_view un, std::string_view plusieurs) {
-    return chiffres(static_cast<long long>(n)) + " " + texte(n < 2 ? un : plusieurs);
-}
-
 bool est_infini(const Bout& b) {
     return b.cote.tendance == Tendance::plus_infini || b.cote.tendance == Tendance::moins_infini;
 }
@@ -169,7 +165,7 @@ void dit_trous(const std::vector<Intervalle>& d, const Ecriture& w, Lignes& l) {
     const std::string partout = texte("Domaine : définie partout"_fr), sauf = texte(" sauf en "_fr);
     const std::size_t trous = d.size() - 1;
     std::string ligne = partout;
-    if (trous > kTrousEnLigne) l.push_back(partout + sauf + compte(trous, "point"_fr, "points"_fr));
+    if (trous > kTrousEnLigne) l.push_back(partout + sauf + combien(trous, "point"_fr, "points"_fr));
     for (std::size_t i = 0; i < trous; ++i) {
         const std::string trou = w.en(d[i].droite->lieu);
         if (trous > kTrousEnLigne)
@@ -270,7 +266,7 @@ void dit_zeros(const Etude& e, const Ecriture& w, Lignes& l) {
     std::stable_sort(zeros.begin(), zeros.end(), [](const Zero& a, const Zero& b) { return a.lieu.x < b.lieu.x; });
     l.insert(l.end(), paliers.begin(), paliers.end());
     if (zeros.empty() && paliers.empty()) return l.push_back(texte("Zéros : aucun trouvé"_fr));
-    if (!zeros.empty()) l.push_back(texte("Zéros : "_fr) + compte(zeros.size(), "trouvé"_fr, "trouvés"_fr));
+    if (!zeros.empty()) l.push_back(texte("Zéros : "_fr) + combien(zeros.size(), "trouvé"_fr, "trouvés"_fr));
     for (const Zero& z : zeros) l.push_back(mots_zero(w, z));
 }
 
@@ -285,7 +281,7 @@ void dit_extremes(const Etude& e, const Ecriture& w, Lignes& l) {
     std::size_t nombre_extremes = 0;
     for (const Partie& p : e.parties) nombre_extremes += p.extremes.size();
     l.push_back(texte("Extrêmes à l'intérieur : "_fr) +
-                (nombre_extremes == 0 ? texte("aucun trouvé"_fr) : compte(nombre_extremes, "trouvé"_fr, "trouvés"_fr)));
+                (nombre_extremes == 0 ? texte("aucun trouvé"_fr) : combien(nombre_extremes, "trouvé"_fr, "trouvés"_fr)));
     for (const Partie& p : e.parties)
         for (const Extreme& x : p.extremes) l.push_back(mots_extreme(w, x));
 }
@@ -381,7 +377,7 @@ void ajoute_section(Lignes& l, Lignes section) {
     const std::size_t autres = section.size() - std::min(section.size(), kFaitsMaxi);
     section.resize(section.size() - autres);
     l.insert(l.end(), section.begin(), section.end());
-    if (autres > 0) l.push_back(texte("et "_fr) + compte(autres, "autre ligne"_fr, "autres lignes"_fr));
+    if (autres > 0) l.push_back(texte("et "_fr) + combien(autres, "autre ligne"_fr, "autres lignes"_fr));
 }
 
 // What isn't read as it is written comes first: all else is about another function.

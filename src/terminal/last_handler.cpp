@@ -6,9 +6,10 @@
 #include <new>
 #include <stdexcept>
 
+#include "terminal/options.hpp"
+
 namespace {
 
-constexpr int kImpossible = 2;
 std::FILE* flux_final = stderr;
 const char* mots_finaux = "";
 

@@ -27,7 +27,6 @@
 
 namespace {
 
-constexpr int kImpossible = 2;
 constexpr std::size_t kLotMaxi = 32;   // sheets that a helper is handed at once
 constexpr std::size_t kTampon = 65536;
 constexpr auto kEntreSignes = std::chrono::seconds(2);

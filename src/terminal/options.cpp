@@ -184,7 +184,7 @@ void refuse_avec_verifier(LectureOptions& lecture) {
     const OptionsCalcul& o = lecture.options;
     const bool ecrit = o.en_place || !o.page.empty() || !o.donnees.empty() || !o.etude.empty() || !o.son.empty();
     if (!o.verifier || !ecrit) return;
-    lecture.statut = 2;
+    lecture.statut = kImpossible;
     lecture.erreur = "--verifier n'écrit rien : sans --en-place, --html, --donnees, --etude ni --son";
 }
 
@@ -194,12 +194,12 @@ void range_feuilles(LectureOptions& lecture) {
     if (feuilles.size() > 1) {
         const OptionsCalcul& o = lecture.options;
         if (!o.page.empty() || !o.importe.empty() || !o.donnees.empty() || !o.etude.empty() || !o.son.empty()) {
-            lecture.statut = 2;
+            lecture.statut = kImpossible;
             lecture.erreur = "--html, --importer, --donnees, --etude et --son demandent une seule feuille";
             return;
         }
         if (std::find(feuilles.begin(), feuilles.end(), "-") == feuilles.end()) return;
-        lecture.statut = 2;
+        lecture.statut = kImpossible;
         lecture.erreur = "l'entrée standard (-) ne se calcule que seule";
         return;
     }
@@ -230,13 +230,13 @@ LectureOptions lis_options(const std::vector<std::string>& mots, bool pour_tests
         range_feuilles(lecture);
         if (!lecture.statut) refuse_avec_verifier(lecture);
     } catch (const CLI::CallForHelp&) {
-        lecture.statut = 0;
+        lecture.statut = kReussite;
         lecture.sortie = app.help();
     } catch (const CLI::CallForVersion&) {
-        lecture.statut = 0;
+        lecture.statut = kReussite;
         lecture.sortie = std::string(kVersion) + "\n";
     } catch (const CLI::ParseError& e) {
-        lecture.statut = 2;
+        lecture.statut = kImpossible;
         lecture.erreur = mots_erreur(e, mots);
     }
     return lecture;

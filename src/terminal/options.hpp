@@ -30,6 +30,9 @@ struct OptionsCalcul {
     std::size_t curseur = 0;                   // tests only: cursor before the pass, bytes from 0
 };
 
+// What the program ends with.
+enum Statut : int { kReussite = 0, kLigneEnErreur = 1, kImpossible = 2, kFauxProbable = 3 };
+
 // What reading the command line came to.
 struct LectureOptions {
     OptionsCalcul options;

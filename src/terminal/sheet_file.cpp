@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr std::string_view kMarque = "\xEF\xBB\xBF";
 
 FinsDeLigne premieres_fins(std::string_view texte) {
     const std::size_t fin = texte.find_first_of("\r\n");
@@ -58,7 +57,7 @@ std::optional<std::string> amene_ou_refuse(std::string_view utf8, RefusFeuille& 
 
 Codage devine_codage(std::string_view octets) {
     if (octets.starts_with(kMarqueExacte)) return Codage::utf8_exact;
-    if (octets.starts_with(kMarque)) return Codage::utf8_avec_marque;
+    if (octets.starts_with(kMarqueUtf8)) return Codage::utf8_avec_marque;
     if (est_utf16(octets))
         return octets.starts_with(kMarquePetit) ? Codage::utf16_petit : Codage::utf16_grand;
     return est_unicode(octets) ? Codage::utf8 : Codage::windows_1252;
@@ -76,9 +75,9 @@ std::optional<TexteFeuille> lit_feuille(std::string_view octets, Codage codage,
         texte = depuis_utf8(octets.substr(kMarqueExacte.size()));
     if (!texte) {
         if (est_16_bits(codage)) octets = converti = utf8_depuis_utf16(octets);
-        const bool marque = octets.starts_with(kMarque);
+        const bool marque = octets.starts_with(kMarqueUtf8);
         if (marque && codage == Codage::utf8) feuille_lue.codage = Codage::utf8_avec_marque;
-        texte = amene_ou_refuse(octets.substr(marque ? kMarque.size() : 0), refus);
+        texte = amene_ou_refuse(octets.substr(marque ? kMarqueUtf8.size() : 0), refus);
     }
     if (!texte) return std::nullopt;
     feuille_lue.fins = premieres_fins(octets);
@@ -103,7 +102,7 @@ std::string ecrit_feuille(std::string_view texte, Codage codage, FinsDeLigne fin
     if (codage == Codage::windows_1252) return lignes;
     if (est_16_bits(codage)) return utf16_depuis_utf8(vers_utf8(lignes), codage == Codage::utf16_petit);
     const std::string_view marque = codage == Codage::utf8_exact         ? kMarqueExacte
-                                    : codage == Codage::utf8_avec_marque ? kMarque
+                                    : codage == Codage::utf8_avec_marque ? kMarqueUtf8
                                                                          : std::string_view();
     return std::string(marque) + vers_utf8(lignes);
 }

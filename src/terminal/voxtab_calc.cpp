@@ -36,11 +36,6 @@
 
 namespace {
 
-constexpr int kReussite = 0;
-constexpr int kLigneEnErreur = 1;
-constexpr int kImpossible = 2;
-constexpr int kFauxProbable = 3;
-
 int refuse(const std::string& mots) {
     std::cerr << "voxtab-calc : " << mots << '\n';
     return kImpossible;

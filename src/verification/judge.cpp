@@ -52,7 +52,7 @@ std::vector<std::size_t> places_de(const LigneObservee& o) {
     std::vector<std::size_t> prepare;
     for (std::size_t i = 0; i < o.formule.size(); ++i) {
         prepare.push_back(i);
-        if (o.formule[i] == "²"_fr[0]) prepare.push_back(i);
+        if (o.formule[i] == kCarreEcrit) prepare.push_back(i);
     }
     std::vector<std::size_t> places;
     for (const std::size_t groupe : observation->groupes)

@@ -16,6 +16,7 @@
 #include "engine/reading.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/observer.hpp"
+#include "sheet/old_result.hpp"
 #include "state/context.hpp"
 #include "state/matrices.hpp"
 #include "verification/old_text.hpp"
@@ -271,8 +272,7 @@ void ajoute_role(LigneDite& dite, const LigneObservee& o) {
 // The words of a line's fault: those behind it, or those of the box that told it. The number of a failure says
 // nothing here.
 std::string_view mots_faute(const LigneObservee& o) {
-    const std::size_t debut = o.resultat.find_first_not_of(" =");
-    if (debut != std::string_view::npos) return o.resultat.substr(debut);
+    if (const std::string_view mots = sans_egal(o.resultat); !mots.empty()) return mots;
     const std::string_view boite = sans_blancs(moteur.faute.mots);
     return boite.empty() || est_chiffre(boite[0]) ? std::string_view() : boite;
 }
@@ -329,7 +329,7 @@ void ecoute(const LigneObservee& o) {
 // A line that the pass doesn't read: of a block that it writes anew, or the empty one at the end.
 std::string hors_du_calcul(std::string_view texte, int numero) {
     const Etendue etendue = etendue_ligne(texte, numero);
-    const std::string_view ligne = sans_blancs(texte.substr(etendue.debut, etendue.fin - etendue.debut));
+    const std::string_view ligne = sans_blancs(mots_de(texte, etendue));
     return ligne.empty() ? "ligne vide" : std::string("ligne de résultat "_fr).append(ligne);
 }
 

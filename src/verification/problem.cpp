@@ -7,6 +7,7 @@
 #include "base/codepage.hpp"
 #include "engine/reading.hpp"
 #include "functions/table.hpp"
+#include "state/matrices.hpp"
 
 namespace {
 
@@ -278,7 +279,7 @@ std::optional<Probleme> nom_refuse(const Lue& lue, std::size_t place) {
 // "MC =MA+MB": a blank takes the "=" from the name of a matrix.
 std::optional<Probleme> egal_de_matrice(const Lue& lue) {
     const std::size_t egal = saute_blancs(lue.tapee, 2);
-    const bool matrice = lue.formule.size() > 2 && lue.formule[0] == 'M' && lue.formule[1] >= 'A' && lue.formule[1] <= 'J';
+    const bool matrice = lue.formule.size() > 2 && lue.formule[0] == 'M' && TestCarMatrice(lue.formule.substr(1, 1));
     if (!matrice || egal == 2 || caractere(lue.tapee, egal) != '=' || lue.releve.faute != 1) return {};
     return Probleme{.genre = GenreConstat::ecriture, .place = 2, .longueur = egal - 2, .corrigible = true};
 }

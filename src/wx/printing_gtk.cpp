@@ -118,7 +118,7 @@ int imprime(const std::string& texte, const std::string& police, double taille) 
     const wxFont fonte = police_wx({police, taille, false});
     Tirage tirage{texte, fonte.GetNativeFontInfoDesc().utf8_string()};
     if ((!choisie && !imprimante_presente()) || !tire(tirage))
-        port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
+        port.boites.boite(kEchecImpression);
     return 0;
 }
 

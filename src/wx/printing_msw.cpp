@@ -64,7 +64,7 @@ bool tire(const std::string& texte, const wxFont& police) {
 int imprime(const std::string& texte, const std::string& police, double taille) {
     ouvre_modal();
     if (!tire(texte, police_wx({police, taille, false})))
-        port.boites.boite("l'impression n'a pas pu se faire : y a-t-il une imprimante ?"_fr);
+        port.boites.boite(kEchecImpression);
     return 0;
 }
 

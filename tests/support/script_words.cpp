@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::string_view kFinDeLigne = "¶";
+constexpr std::string_view kPiedDeMouche = "¶";
 constexpr std::string_view kBlancs = " \t\r";  // between words, and at the ends of the line
 
 // A number whose every character reads, or a failure of the step.
@@ -46,7 +46,7 @@ bool prend_signe(std::string& texte, std::string_view& reste) {
     if (reste.starts_with('"')) {
         texte += '"';
         n = 2;
-    } else if (reste.starts_with(kFinDeLigne)) {
+    } else if (reste.starts_with(kPiedDeMouche)) {
         texte += "\r\n";
     } else if (const std::size_t code = longueur_code(reste); code != 0) {
         const int octet = nombre_entier_du_mot<int>(std::string(reste.substr(1, code - 2)));
@@ -139,9 +139,9 @@ std::string cite(std::string_view texte) {
     for (std::size_t i = 0; i < texte.size(); ++i) {
         const auto octet = static_cast<unsigned char>(texte[i]);
         if (texte.substr(i).starts_with("\r\n")) {
-            sortie += kFinDeLigne;
+            sortie += kPiedDeMouche;
             ++i;
-        } else if (octet < 32 || octet == 127 || vers_utf8(texte.substr(i, 1)) == kFinDeLigne) {
+        } else if (octet < 32 || octet == 127 || vers_utf8(texte.substr(i, 1)) == kPiedDeMouche) {
             sortie += "{" + std::to_string(octet) + "}";
         } else {
             sortie += octet == '"' ? "\"\"" : vers_utf8(texte.substr(i, 1));

@@ -69,6 +69,13 @@ char lettre_d_entete(std::string_view majuscule, Sorte& genre) {
     return variable.lettre;
 }
 
+// Whether the line below a heading has a task of its own: the pass makes no table of it.
+bool est_autre_chose(std::string_view majuscule) {
+    Sorte genre{};
+    return lettre_d_entete(majuscule, genre) != 0 || majuscule.find(kDefFonction.mot) != npos ||
+           majuscule.find(kDefM.mot) != npos;
+}
+
 // The heading on line `rang` (from 0) with its function below it.
 std::optional<FonctionDeFeuille> entete_en(const Lignes& lignes, std::size_t rang) {
     if (rang + 1 >= lignes.size()) return {};
@@ -76,7 +83,8 @@ std::optional<FonctionDeFeuille> entete_en(const Lignes& lignes, std::size_t ran
     f.entete = corps(lignes[rang]);
     f.texte = corps(lignes[rang + 1]);
     f.lettre = lettre_d_entete(capitales(f.entete), f.genre);
-    if (f.lettre == 0 || capitales(f.texte).find(f.lettre) == npos) return {};
+    const std::string fonction = capitales(f.texte);
+    if (f.lettre == 0 || fonction.find(f.lettre) == npos || est_autre_chose(fonction)) return {};
     f.ligne_entete = static_cast<std::int32_t>(rang + 1);
     f.ligne = f.ligne_entete + 1;
     return f;

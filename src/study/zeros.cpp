@@ -27,7 +27,7 @@ double flou_autour(const Grille& grille, double x, double largeur) {
 
 // Sign of a value that rounding doesn't blur; 0 otherwise.
 int signe_net(const Grille& grille, double x, double y) {
-    if (std::fabs(y) <= grille.bruit(x) && std::fabs(y) <= grille.flou(x)) return 0;
+    if (y == 0 || (std::fabs(y) <= grille.bruit(x) && std::fabs(y) <= grille.flou(x))) return 0;
     return y > 0 ? 1 : y < 0 ? -1 : 0;
 }
 

@@ -202,6 +202,17 @@ TEST_CASE("a function is found from every line that belongs to it") {
     CHECK(fonctions_de_feuille(feuille).size() == 2);
 }
 
+TEST_CASE("a heading below a heading, or a definition, is no function of it: the pass makes no table of it") {
+    for (const std::string sous : {"AIRX(0,4,4)", "INCX(0,1,3)", "DEFFON=X+1", "DEFM X"}) {
+        CAPTURE(sous);
+        const std::string feuille = "INCX(1,1,3)\r\n" + sous + "\r\nX\r\n";
+        for (const FonctionDeFeuille& f : fonctions_de_feuille(feuille)) CHECK(f.texte == "X");
+        const auto au_curseur = fonction_au_curseur(feuille, 2);
+        CHECK((!au_curseur || au_curseur->entete != "INCX(1,1,3)"));
+        CHECK(mots_sans_fonction(feuille, 1) == "fonction de X est inconnue sur la ligne suivante"_fr);
+    }
+}
+
 TEST_CASE("a function that stands in the sheet twice is met once") {
     programme_neuf();
     const std::string feuille = "INCX(0,1,3)\r\nX^2\r\n\r\nINCX(0,1,3)\r\nX+1\r\n\r\nAIRX(0,3,9)\r\nX+1\r\n";

@@ -1,7 +1,7 @@
 // A process that saves a sheet again and again is killed at many random moments: the sheet, its
 // backup and its working copy must each be one whole version, each kill leaves at most one
 // temporary file, and after the next save there is none. Then several processes save one file at
-// once. Real files in a folder of its own.
+// once. Real files in a folder of its own.   killed_save [KILLS]
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -29,7 +29,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMorts = 200;
 constexpr int kVersions = 1'000'000;  // more than a process can save
 constexpr int kAttenteMaximale =
     25'000;  // microseconds between the start of the saves and the kill
@@ -186,12 +185,12 @@ int verifie_suivant(Bilan& bilan, const fs::path& dossier, int version_suivante)
     return verifie_fichiers(bilan, dossier, version_suivante);
 }
 
-Bilan tue_souvent(const fs::path& dossier) {
+Bilan tue_souvent(const fs::path& dossier, int morts) {
     Bilan bilan;
     std::mt19937 hasard(20260101);
     std::uniform_int_distribution<int> attente(0, kAttenteMaximale);
     int feuille = 0;
-    while (bilan.morts < kMorts) {
+    while (bilan.morts < morts) {
         ++bilan.morts;
         if (!une_vie(dossier, feuille + 1, std::chrono::microseconds(attente(hasard))))
             faute(bilan, "the child that saves has failed");
@@ -268,7 +267,7 @@ void verifie_fin_reguliere(Bilan& bilan, const fs::path& dossier) {
 }  // namespace
 
 // Prints what was done; exit status 1 when something was not whole.
-int main() {
+int main(int argc, char** argv) {
     std::string modele = (fs::temp_directory_path() / "voxtab-kill-XXXXXX").string();
     if (mkdtemp(modele.data()) == nullptr) return 2;
     const fs::path dossier = modele;
@@ -276,7 +275,7 @@ int main() {
     std::ofstream(dossier / "feuille.VXT", std::ios::binary) << version(0) << "\r\n";
     Bilan bilan;
     try {
-        bilan = tue_souvent(dossier);
+        bilan = tue_souvent(dossier, argc > 1 ? std::atoi(argv[1]) : 200);
         verifie_fin_reguliere(bilan, dossier);
         verifie_ensemble(bilan, dossier);
     } catch (const std::exception& e) {

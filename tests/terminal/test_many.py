@@ -1,5 +1,5 @@
 """Several sheets on one command line: what is written is what each sheet alone gives, in their order, whatever the
-cores are; the status is the worst one.   test_many.py VOXTAB_CALC"""
+cores are; the status is the worst one.   test_many.py VOXTAB_CALC [SHEETS]"""
 import os
 import pathlib
 import pty
@@ -14,7 +14,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 from one_start import large_stack  # noqa: E402
 
 PROGRAM = sys.argv[1]
-SHEETS = 120
+SHEETS = int(sys.argv[2]) if len(sys.argv) > 2 else 120
 faults = []
 
 

@@ -1,24 +1,16 @@
 """Every line of misread.jsonl, typed as pupils type, gives exactly the findings that stand there: kind, line,
-column and sentence; and every kind of finding stands there.   test_misread.py VOXTAB_CALC"""
+column and sentence; and every kind of finding stands there.   test_misread.py VOXTAB_CALC FINDINGS"""
 import json
 import pathlib
 import re
 import subprocess
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
-from one_start import large_stack  # noqa: E402
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from checker import findings  # noqa: E402
 
 TABLE = pathlib.Path(__file__).with_name("misread.jsonl")
 KINDS = pathlib.Path(__file__).parents[2] / "src/verification/findings.cpp"
-
-
-def findings(program: str, sheet: str, options: list[str]) -> list[dict]:
-    done = subprocess.run([program, "--verifier", "--json", *options, "-"], input=sheet + "\n",
-                          capture_output=True, text=True, encoding="utf-8")
-    if done.returncode not in (0, 1, 3):
-        raise RuntimeError(f"{sheet!r}: status {done.returncode}, {done.stderr}")
-    return [json.loads(line) for line in done.stdout.splitlines()]
 
 
 # The exit status of a check: the sheet, the words of the command, what it must be. What is probably wrong counts
@@ -37,15 +29,14 @@ def status_faults(program: str) -> list[str]:
     return faults
 
 
-def main(program: str) -> int:
-    large_stack()
+def main(program: str, check: str) -> int:
     wrong = status_faults(program)
     for fault in wrong:
         print(fault)
     faults, rows = len(wrong), [json.loads(line) for line in TABLE.read_text(encoding="utf-8").splitlines()]
-    for row in rows:
-        got = [{key: finding[key] for key in ("genre", "ligne", "colonne", "phrase")}
-               for finding in findings(program, row["feuille"], row.get("options", []))]
+    jobs = [{"feuille": row["feuille"] + "\n", "options": row.get("options", [])} for row in rows]
+    for row, found in zip(rows, findings(check, jobs)):
+        got = [{key: finding[key] for key in ("genre", "ligne", "colonne", "phrase")} for finding in found]
         if got != row["constats"]:
             faults += 1
             print(f"{row['feuille']!r}: wanted {row['constats']}, got {got}")
@@ -59,4 +50,4 @@ def main(program: str) -> int:
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1]))
+    sys.exit(main(*sys.argv[1:]))

@@ -1,7 +1,6 @@
 """Golden sheets, example sheets and the examples of the guide: those that their authors mean have nothing that
 is probably wrong. traps.txt tells of each sheet that was written with a trap in it which findings it has, and no
-other sheet has one.   test_silence.py VOXTAB_CALC [--ecrit]    (writes traps.txt anew, to be read)"""
-import json
+other sheet has one.   test_silence.py FINDINGS [--ecrit]    (writes traps.txt anew, to be read)"""
 import pathlib
 import subprocess
 import sys
@@ -9,8 +8,8 @@ import tempfile
 
 HERE = pathlib.Path(__file__).parent
 ROOT = HERE.parent.parent
-sys.path[:0] = [str(ROOT / "tests/guide"), str(ROOT / "tests/support")]
-from one_start import large_stack  # noqa: E402
+sys.path[:0] = [str(ROOT / "tests/guide"), str(HERE)]
+from checker import findings  # noqa: E402
 from texts import examples, read  # noqa: E402
 
 TRAPS = HERE / "traps.txt"
@@ -18,12 +17,8 @@ ANGLES = {1: "degre", 2: "radian", 3: "grade"}
 DISPLAYS = {1: "entier", 2: "flottant", 3: "puissance"}
 
 
-def grave(program: str, words: list[str], sheet: bytes | None = None) -> list[str]:
+def grave(found: list[dict]) -> list[str]:
     """The sentences of what is probably wrong."""
-    done = subprocess.run([program, "--verifier", "--json", *words], input=sheet, capture_output=True)
-    if done.returncode not in (0, 1, 3):
-        return [done.stderr.decode()]
-    found = [json.loads(line) for line in done.stdout.decode().splitlines()]
     return [finding["phrase"] for finding in found if finding["gravite"] == "faux probable"]
 
 
@@ -40,37 +35,33 @@ def options_of(path: pathlib.Path, folder: pathlib.Path) -> list[str]:
     return kept
 
 
-def sheets(program: str) -> dict[str, list[str]]:
-    """The findings of each golden sheet and example, by its name; only those that have some."""
-    found = {}
+def sheets() -> list[tuple[str, dict]]:
+    """The job of each golden sheet and example, with its name."""
+    jobs = []
     for path in sorted([*(HERE.parent / "sheets").rglob("*.VXT"), *(ROOT / "examples").glob("*.VXT")]):
-        if path.name.endswith(".attendu.VXT"):
-            continue
-        folder = HERE.parent / "sheets/examples" if path.parent.name == "examples" else path.parent
-        sentences = grave(program, [*options_of(path, folder), str(path)])
-        if sentences:
-            found[path.relative_to(ROOT).as_posix()] = sentences
-    return found
+        if not path.name.endswith(".attendu.VXT"):
+            folder = HERE.parent / "sheets/examples" if path.parent.name == "examples" else path.parent
+            job = {"fichier": str(path), "options": options_of(path, folder)}
+            jobs.append((path.relative_to(ROOT).as_posix(), job))
+    return jobs
 
 
-def guide(program: str) -> dict[str, list[str]]:
-    found = {}
+def guide() -> list[tuple[str, dict]]:
+    jobs = []
     for example in examples(read("data/aide.txt"))[0]:
         modes = example.options
         words = ["--angle", ANGLES[modes.get("unite_angle", 1)], "--decimales", str(modes.get("nombre_decimal", 2)),
                  "--affichage", "hexa" if modes.get("mode_nombre", 1) == 2 else DISPLAYS[modes.get("mode_affichage", 2)]]
         # The title of the example tells of the trap where it shows one.
-        sentences = grave(program, [*words, "-"], "\n".join(example.typed).encode() + b"\n")
-        if sentences:
-            found["data/aide.txt: " + example.typed[0]] = sentences
-    return found
+        name = "data/aide.txt: " + " / ".join(example.typed)[:60]
+        jobs.append((name, {"feuille": "\n".join(example.typed) + "\n", "options": words}))
+    return jobs
 
 
 def main(program: str, write: bool) -> int:
-    large_stack()
-    found = {**sheets(program), **guide(program)}
+    names, jobs = zip(*sheets(), *guide())
     text = "".join(f"{name}\n" + "".join(f"    {sentence}\n" for sentence in sentences)
-                   for name, sentences in found.items())
+                   for name, sentences in zip(names, map(grave, findings(program, jobs))) if sentences)
     if write:
         TRAPS.write_text(text, encoding="utf-8")
     wanted = TRAPS.read_text(encoding="utf-8")

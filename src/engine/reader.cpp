@@ -77,7 +77,7 @@ std::size_t coupe_symbole() {
 // is another one.
 inline bool coupe_symbole_court() {
     const auto debut = static_cast<std::size_t>(moteur.p_position) - 1;
-    if (debut >= kReperes || moteur.lecture_finie || moteur.releve != nullptr) [[unlikely]]
+    if (debut >= kReperes || moteur.lecture_finie) [[unlikely]]
         return false;
     const auto taille = static_cast<std::size_t>(std::countr_zero(moteur.bornes >> debut >> 1)) + 1;
     if (taille > Symbole::kCourt || moteur.p_formule[debut] == ' ') [[unlikely]]
@@ -102,12 +102,20 @@ inline bool coupe_symbole_court() {
     note_symbole_joint(debut);
 }
 
-// The next symbol, whatever it is like.
+// The next symbol, whatever it is like, and its note.
 [[gnu::noinline]] void lis_tout_symbole() {
     std::size_t position = 0;
     if (moteur.lecture_finie) return moteur.l_symbole.vide();
+    if (coupe_symbole_court())
+        return note_symbole(static_cast<std::size_t>(moteur.debut_symbole), static_cast<std::size_t>(moteur.p_position - 1));
     if (!Tente(kPLisSymbole, [&] { position = coupe_symbole(); })) return;
     Tente(kPLisSymbole, [&] { avance(position); });
+}
+
+// The next symbol. Nearly all are short, and of nearly all nobody takes note.
+inline void lis_le_suivant() {
+    if (moteur.releve != nullptr || !coupe_symbole_court()) [[unlikely]]
+        lis_tout_symbole();
 }
 
 }  // namespace
@@ -126,10 +134,7 @@ void place_separateurs() noexcept {
     moteur.bornes = separateurs | separateurs << 1;
 }
 
-void p_lis_symbole() noexcept {
-    if (!coupe_symbole_court()) [[unlikely]]
-        lis_tout_symbole();
-}
+void p_lis_symbole() noexcept { lis_le_suivant(); }
 
 bool nomme_fonction() noexcept {
     const int rang = operations.fonction_nommee(moteur.l_symbole);
@@ -139,8 +144,7 @@ bool nomme_fonction() noexcept {
 }
 
 void lis_symbole() noexcept {
-    if (!coupe_symbole_court()) [[unlikely]]
-        lis_tout_symbole();
+    lis_le_suivant();
     if (test_fonction()) return;
     const char premier = tete_symbole();
     if (premier >= 'A' && premier <= 'Z') {

@@ -37,9 +37,10 @@ constexpr std::array<MultiplePi, 6> kMultiplesPi = {{{1, 4, "Pi/4"},
 // Text of a listed multiple of Pi without its sign, or an empty text. No tolerance: a value that
 // differs in its last bit is no multiple.
 std::string_view multiple_pi(double absolu) {
-    if (absolu < pi_valeur() / 4 || absolu > 2 * pi_valeur()) return {};
+    const double pi = pi_valeur();
+    if (absolu < pi / 4 || absolu > 2 * pi) return {};
     for (const MultiplePi& m : kMultiplesPi)
-        if (absolu == m.facteur * pi_valeur() / m.diviseur) return m.texte;
+        if (absolu == m.facteur * pi / m.diviseur) return m.texte;
     return {};
 }
 

@@ -98,7 +98,7 @@ void ajoute_resultat(Passe& p, std::int16_t numero) {
 
 void fin_de_ligne(Passe& p) {
     garde(p, [&] {
-        feuille.texte_reconstruit += kFinDeLigne;
+        for (const char c : kFinDeLigne) feuille.texte_reconstruit.push_back(c);   // quicker than a copy of two
         feuille.colonne_resultat.push_back(0);
         p.debut_ligne = feuille.texte_reconstruit.size();
     });

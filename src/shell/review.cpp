@@ -51,8 +51,15 @@ void va_au_constat(const Constat& constat) {
 std::string compte() {
     std::string texte = combien(verification.constats.size(), "constat"_fr, "constats"_fr);
     const std::size_t graves = faux_probables(verification.constats);
-    if (graves == 0) return texte;
-    return (texte += ", ") += combien(graves, "faux probable"_fr, "faux probables"_fr);
+    if (graves > 0) (texte += ", ") += combien(graves, "faux probable"_fr, "faux probables"_fr);
+    return texte;
+}
+
+// The words, and how many lines the calculation refuses.
+std::string avec_erreurs(std::string mots) {
+    const auto erreurs = static_cast<std::size_t>(verification.lignes_en_erreur);
+    if (erreurs > 0) (mots += ", ") += combien(erreurs, "ligne en erreur"_fr, "lignes en erreur"_fr);
+    return mots;
 }
 
 // What tells a finding from another, wherever its line stands.
@@ -77,8 +84,8 @@ std::vector<const Constat*> nouveaux_constats() {
 
 void mnuVerifierItem() {
     if (!verifie_ici()) return;
-    if (verification.constats.empty()) return dit(kRienASignaler);
-    dit(compte());
+    if (verification.constats.empty()) return dit(avec_erreurs(std::string(kRienASignaler)));
+    dit(avec_erreurs(compte()));
     va_au_constat(verification.constats.front());
 }
 

@@ -94,6 +94,12 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
      "dans %m, DETMAT n'est pas calculé avec le reste, rangez-le d'abord dans une lettre"_fr},
     {matrices_melees, "matrices_melees", kFaux, "matrices mêlées"_fr,
      "dans %m, les opérations se mêlent, faites une opération par ligne"_fr},
+    {element_vide, "element_vide", kFaux, "élément vide"_fr, "dans %m, rien entre deux virgules compte comme 0"_fr},
+    {liste_manquante, "liste_manquante", kFaux, "liste manquante"_fr, "%m n'est pas calculé, il faut deux listes en dessous"_fr},
+    {produit_sans_signe, "produit_sans_signe", kSavoir, "produit sans signe"_fr, "dans %m, la division est calculée d'abord"_fr},
+    {puissance_divisee, "puissance_divisee", kSavoir, "puissance et division"_fr,
+     "dans %m, la puissance est calculée d'abord"_fr},
+    {point_dix, "point_dix", kSavoir, "point devant 10"_fr, "dans %m, le point est celui d'un nombre décimal"_fr},
 }};
 
 static_assert([] {

@@ -83,11 +83,13 @@ bool arbre_simple(const Releve& r) {
 }
 
 // True when nothing in the record asks for a second look. Most lines end here.
-bool sans_histoire(const Releve& r, std::string_view lue) {
+bool sans_histoire(const Releve& r, std::string_view lue, std::string_view tapee) {
     constexpr std::uint32_t kRien = kTraitBits | kTraitAppel | kTraitPuissance | kTraitPourcent;
     constexpr std::uint32_t kE = 1u << ('E' - 'A' + 1);
     if ((r.traits & ~kRien) != 0 || r.faute != 0 || r.arret <= static_cast<std::int32_t>(lue.size())) return false;
     if ((r.lettres & kE) != 0 && lue.find("*E") != npos) return false;
+    if (fraction_a_regarder(lue, tapee)) return false;
+    if (r.a(kTraitPuissance) && lue.find(".10^") != npos) return false;
     return !r.a(kTraitAppel | kTraitPuissance | kTraitPourcent) || arbre_simple(r);
 }
 
@@ -125,7 +127,7 @@ bool se_lit(std::string_view texte) {
 
 // Judges a formula that was read; `valeur` is what it gave.
 bool juge_formule(Jugement& j, const Endroit& e, const Lue& lue, double valeur, bool propose = true) {
-    if (!lue.erreur && sans_histoire(lue.releve, lue.formule)) return false;
+    if (!lue.erreur && sans_histoire(lue.releve, lue.formule, lue.tapee)) return false;
     if (const std::optional<Probleme> p = premier_probleme(lue)) {
         const std::string proposee = propose ? formule_proposee(lue.tapee, *p) : std::string();
         // A notation that isn't understood is told where another one would be.
@@ -173,6 +175,22 @@ std::string avec_virgules(std::string_view rangee) {
     return texte;
 }
 
+// The row with a 0 where nothing stands in front of a comma.
+std::string avec_zeros(std::string_view rangee) {
+    std::string texte;
+    for (const char c : rangee) {
+        if (c == ',' && (texte.empty() || texte.back() == ',')) texte += '0';
+        texte += c;
+    }
+    return texte;
+}
+
+// One finding for the elements of a row that are empty.
+void juge_vides(Jugement& j, const LigneObservee& o, std::string_view ligne) {
+    const std::size_t vide = ligne.starts_with(',') ? 0 : ligne.find(",,");
+    if (vide != npos) ajoute_constat(j, endroit_de(o), GenreConstat::element_vide, vide, ligne).propose = avec_zeros(ligne);
+}
+
 // The elements of a row of a matrix or of a data line. Plain numbers are read and not evaluated.
 void juge_elements(Jugement& j, const Endroit& e, std::string_view ligne) {
     std::size_t debut = 0;
@@ -205,6 +223,7 @@ void juge_rangee(Jugement& j, const LigneObservee& o) {
     const std::ptrdiff_t trouves = elements(o.formule), voulus = definition_de_matrice.definition_colonnes;
     if (!o.erreur) {
         if (!j.rangee) j.rangee = constat(endroit_de(o), GenreConstat::premiere_rangee, o.formule.find(','), o.formule);
+        juge_vides(j, o, o.formule);
         return juge_elements(j, endroit_de(o), o.formule);
     }
     if (trouves < voulus && j.rangee) {
@@ -267,9 +286,16 @@ void juge_effectifs(Jugement& j, const LigneObservee& o) {
     if (premier) ajoute_constat(j, endroit_de(o), GenreConstat::effectif, *premier, o.formule);
 }
 
+// The heading of two lists, which are the lines below it.
+void attend_listes(Jugement& j, const LigneObservee& o) {
+    if (o.erreur || o.formule.find('(') != npos || capitales(o.formule).find(kMotStatXY.mot) == npos) return;
+    j.listes = constat(endroit_de(o), GenreConstat::liste_manquante, 0, o.formule);
+    j.listes_lues = 0;
+}
+
 // A call of statistics: how it was read, then its counts.
 void juge_statistiques(Jugement& j, const LigneObservee& o) {
-    if (o.lue.empty()) return;
+    if (o.lue.empty()) return attend_listes(j, o);
     const Lue lue{o.formule, o.lue, observation->releve, o.erreur, places_de(o)};
     const std::size_t avant = j.constats.size();
     juge_effectifs(j, o);
@@ -352,7 +378,7 @@ void juge_calculee(Jugement& j, const LigneObservee& o) {
     const std::size_t avant = j.constats.size();
     if (!o.lue.empty()) {
         const Releve& r = observation->releve;
-        if (o.erreur || !sans_histoire(r, o.lue))
+        if (o.erreur || !sans_histoire(r, o.lue, o.formule))
             juge_formule(j, endroit_de(o), {o.formule, o.lue, r, o.erreur, places_de(o)}, o.valeur);
         if (!o.erreur && r.affectee == 0 && !r.noeuds.empty() && r.noeuds.back().genre == GenreNoeud::egale)
             ajoute_constat(j, endroit_de(o), GenreConstat::affectation_vide, 0, o.formule);
@@ -425,9 +451,10 @@ void juge_table(Jugement& j, const LigneObservee& o) {
     const EnteteJuge entete = std::exchange(j.entete, {});
     if (entete.suspect) return;
     const Endroit e{entete.numero, entete.numero_ecrit, entete.retrait};
+    if (sans_blancs(o.formule).empty()) return void(ajoute_constat(j, e, GenreConstat::entete_seul, 0, entete.formule));
     if (!o.lue.empty()) {
         const Releve& r = observation->releve;
-        juge_formule(j, e, {entete.formule, o.lue, r, r.faute != 0, places_dans_le_texte(entete.formule, o.lue)}, 0, false);
+        juge_formule(j, e, {entete.formule, o.lue, r, r.faute != 0, places_dans_le_texte(entete.formule, o.lue)}, 0);
     }
     if (!juge_factorielle(j, o)) juge_texte(j, endroit_de(o), o.formule);
 }
@@ -459,6 +486,7 @@ void note_definition(Jugement& j, const LigneObservee& o) {
 
 // A list has its values between commas.
 void juge_liste(Jugement& j, const LigneObservee& o) {
+    if (++j.listes_lues == 2) j.listes.reset();
     const std::size_t place = o.ligne.find(';');
     if (place == npos) return juge_elements(j, endroit_de(o), o.ligne);
     Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::point_virgule_de_liste, place, o.ligne);
@@ -478,7 +506,9 @@ void juge_selon_role(Jugement& j, const LigneObservee& o) {
             if (!juge_fin_de_ligne(j, o)) juge_fonction(j, o);
             return;
         case RoleLigne::rangee: return juge_rangee(j, o);
-        case RoleLigne::donnees: return juge_elements(j, endroit_de(o), o.ligne);
+        case RoleLigne::donnees:
+            juge_vides(j, o, o.ligne);
+            return juge_elements(j, endroit_de(o), o.ligne);
         case RoleLigne::fermante: return juge_fermante(j, o);
         case RoleLigne::entete: return juge_entete(j, o);
         case RoleLigne::fonction_de_table: return juge_table(j, o);
@@ -519,6 +549,8 @@ void acheve_jugement(Jugement& jugement) {
     juge_entete_seul(jugement);
     if (jugement.ouverte) jugement.constats.push_back(std::move(*jugement.ouverte));
     jugement.ouverte.reset();
+    if (jugement.listes) jugement.constats.push_back(std::move(*jugement.listes));
+    jugement.listes.reset();
     for (LectureTropTot& l : jugement.trop_tot)
         if (!l.constat.valeur.empty()) jugement.constats.push_back(std::move(l.constat));
     jugement.trop_tot.clear();

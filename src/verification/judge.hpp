@@ -40,6 +40,8 @@ struct Jugement {
     ValeursConnues valeurs;      // behind the last line, as long as something was read too early
     std::optional<Constat> ouverte;   // the heading of a definition that nothing has closed yet
     std::optional<Constat> rangee;    // the first row of the matrix that is open, as it is found when it is too long
+    std::optional<Constat> listes;    // the bare STATXY that waits for its lists
+    int listes_lues = 0;
     bool statx = false;          // a call of statistics has given its results
     bool bloc_refuse = false;    // a row was refused: what stands below it, to the end of the block, is no formula
 };

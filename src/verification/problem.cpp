@@ -7,6 +7,7 @@
 #include "base/codepage.hpp"
 #include "engine/reading.hpp"
 #include "functions/table.hpp"
+#include "sheet/marks.hpp"
 #include "state/matrices.hpp"
 
 namespace {
@@ -284,9 +285,22 @@ std::optional<Probleme> egal_de_matrice(const Lue& lue) {
     return Probleme{.genre = GenreConstat::ecriture, .place = 2, .longueur = egal - 2, .corrigible = true};
 }
 
+// "CNP(5;2)": other programs have semicolons between the values of a function. With a comma too, it is a decimal mark.
+// Statistics have both here.
+std::optional<Probleme> points_virgules(const Lue& lue) {
+    const std::size_t place = lue.tapee.find(';');
+    if (lue.releve.mots_faute != "Manque une ,"_fr || place == npos || lue.formule.find(kMotStatX.mot) != npos) return {};
+    std::string texte(lue.tapee);
+    std::ranges::replace(texte, ',', '.');
+    std::ranges::replace(texte, ';', ',');
+    return Probleme{.genre = GenreConstat::ecriture, .place = place, .edition = 0, .longueur = texte.size(),
+                    .correction = texte, .corrigible = true};
+}
+
 // Where the reader stood at its first report, when it is known what was meant there.
 std::optional<Probleme> faute_connue(const Lue& lue) {
     if (!lue.erreur || lue.releve.faute == 0) return {};
+    if (auto p = points_virgules(lue)) return p;
     const auto faute = static_cast<std::size_t>(lue.releve.faute);
     if (faute > lue.formule.size()) return {};
     const std::size_t place = lue.places[faute - 1];

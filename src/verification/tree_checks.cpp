@@ -53,6 +53,7 @@ public:
             if (lue_.releve.a(kTraitPourcent)) regarde_pourcentage(i);
             if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
             if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
+            regarde_fraction(i);
         }
         if (lue_.releve.a(kTraitMatrice)) regarde_matrices();
         return std::move(constats_);
@@ -94,6 +95,7 @@ private:
         if (n.genre == GenreNoeud::moins_unaire) return regarde_signe(i);
         if (n.genre != GenreNoeud::puissance || n.sorte != SorteCalcul::nombres) return;
         const Noeud& base = enfant(i);
+        regarde_point(base);
         if (base.genre == GenreNoeud::puissance)
             ajoute(GenreConstat::puissance_de_puissance, n.signe, entre_parentheses(base.signe + 1, n.fin));
         if (base.genre == GenreNoeud::non)
@@ -111,6 +113,35 @@ private:
         const Noeud& base = enfant(static_cast<std::size_t>(puissance - noeuds_.begin()));
         if (base.genre != GenreNoeud::nombre || std::fmod(exposant, 2) != 0) return;   // with a letter it is usual
         ajoute(GenreConstat::moins_puissance, noeuds_[i].signe, entre_parentheses(noeuds_[i].signe, puissance->signe - 1));
+    }
+
+    // "A/2B" and "8^1/3": what stands behind the line of a fraction is less than it looks.
+    void regarde_fraction(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (lue_.erreur || n.sorte != SorteCalcul::nombres) return;
+        if (n.genre == GenreNoeud::fois) return regarde_denominateur(i);
+        if (n.genre != GenreNoeud::divise || enfant(i).genre != GenreNoeud::puissance) return;
+        const Noeud& exposant = noeuds_[premiers_[i] - 1];
+        if (exposant.genre == GenreNoeud::nombre && exposant.valeur == 1)
+            ajoute(GenreConstat::puissance_divisee, n.signe, entre_parentheses(exposant.debut, n.fin));
+    }
+
+    // A product without its sign behind a fraction with a number below.
+    void regarde_denominateur(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (enfant(i).genre != GenreNoeud::divise || lue_.tapee.substr(lue_.place(n.signe - 1), 1) == "*") return;
+        const Noeud& diviseur = noeuds_[premiers_[i] - 1];
+        if (diviseur.genre == GenreNoeud::nombre)
+            ajoute(GenreConstat::produit_sans_signe, diviseur.debut, entre_parentheses(diviseur.debut, n.fin));
+    }
+
+    // "2.10^3": in a textbook the point is that of a product.
+    void regarde_point(const Noeud& base) {
+        const std::string texte = texte_de(lue_, base);
+        if (base.genre != GenreNoeud::nombre || !texte.ends_with(".10")) return;
+        std::string propose(lue_.tapee);
+        propose[lue_.place(base.fin - 3)] = '*';
+        ajoute(GenreConstat::point_dix, base.debut, std::move(propose));
     }
 
     // A matrix where the rules take a number, and what the work matrices lose.
@@ -173,7 +204,14 @@ bool angle_suspect(double argument, bool contient_pi) {
     return x >= 15 && x <= 720 && std::fmod(x, 15) == 0 && (radian || std::fmod(x, 10) != 0);
 }
 
+bool fraction_a_regarder(std::string_view formule, std::string_view tapee) {
+    if (formule.find('/') == std::string_view::npos) return false;
+    return formule.size() > tapee.size() || formule.find("^1/") != std::string_view::npos;
+}
+
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur) {
-    if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel | kTraitPourcent)) return {};
+    if (!lue.releve.a(kTraitPuissance | kTraitMatrice | kTraitAppel | kTraitPourcent) &&
+        !fraction_a_regarder(lue.formule, lue.tapee))
+        return {};
     return Examen(lue, valeur).fait();
 }

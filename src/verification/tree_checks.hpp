@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "verification/findings.hpp"
@@ -28,6 +29,9 @@ bool angle_suspect(double argument, bool contient_pi);
 
 // PI, or a number that somebody writes for it.
 bool est_pi(const Noeud& n);
+
+// A division stands in the formula, and a product whose sign was left out or a power of 1 in front of it.
+bool fraction_a_regarder(std::string_view formule, std::string_view tapee);
 
 // The findings of the tree, in the order of the nodes; `valeur` is what the formula gave.
 std::vector<ConstatArbre> constats_de_l_arbre(const Lue& lue, double valeur);

@@ -1,6 +1,9 @@
 // Printing: the text of the sheet with its margin, in the printer font of the settings.
 #include "documents/printing.hpp"
 
+#include <string>
+#include <string_view>
+
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "platform/file_failures.hpp"
@@ -11,8 +14,7 @@ namespace {
 
 constexpr std::string_view kMarge = "     ";
 
-}  // namespace
-
+// The text with a margin of five blanks and a form feed at its end.
 std::string texte_imprime(std::string_view texte) {
     std::string sortie(kMarge);
     for (const char c : texte) {
@@ -22,6 +24,8 @@ std::string texte_imprime(std::string_view texte) {
     sortie += '\f';
     return sortie;
 }
+
+}  // namespace
 
 void mnuImprimer() {
     const std::string texte = texte_imprime(port.texte.texte());

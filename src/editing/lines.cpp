@@ -42,14 +42,16 @@ std::size_t prochaine_paire(std::string_view texte, std::size_t debut) {
     return retour;
 }
 
-}  // namespace
-
+// A position (from 0) between the two characters of a line end, where SurNumero leaves the cursor, is the
+// first column of the line below for every command and for typing.
 std::size_t sur_sa_ligne(std::size_t position) {
     const std::string& texte = port.texte.texte();
     const bool dans_fin = position > 0 && position < texte.size() &&
                           texte[position - 1] == '\r' && texte[position] == '\n';
     return dans_fin ? position + 1 : position;
 }
+
+}  // namespace
 
 std::size_t curseur() { return sur_sa_ligne(port.texte.sel_start()); }
 

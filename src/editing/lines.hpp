@@ -8,11 +8,10 @@
 #include <string>
 #include <string_view>
 
-// A position (from 0) between the two characters of a line end, where SurNumero leaves the cursor, is the
-// first column of the line below for every command and for typing.
-std::size_t sur_sa_ligne(std::size_t position);
-std::size_t curseur();                               // where the selection starts, so
-std::size_t fin_selection();                         // and where it ends
+// Where the selection starts and ends, from 0. Between the two characters of a line end, where SurNumero leaves the
+// cursor, it is the first column of the line below, for every command and for typing.
+std::size_t curseur();
+std::size_t fin_selection();
 
 std::size_t Debutligne();                            // line feed that ends the previous line, or 1
 std::size_t FinLigne();                              // next carriage return, or length + 1

@@ -99,6 +99,18 @@ std::string premiers_mots(std::int16_t numero) {
     return resultat.empty() ? boites_de_passe.derniere : std::string(resultat);
 }
 
+// The piece of `texte` (what the user wrote, without comment and old result) that the characters `debut` to in
+// front of `fin` of `formule` (what the engine read, from 1) come from. The formula stands in the text at
+// `decalage` or behind: capitals, "^2" for "²", "*" put in, the counts of groups put in.
+Morceau morceau_du_texte(std::string_view texte, std::string_view formule, std::size_t decalage, std::size_t debut,
+                         std::size_t fin) {
+    for (std::size_t depart = decalage; depart <= texte.size(); ++depart) {
+        const Morceau morceau = morceau_depuis(texte, formule, depart, debut, fin);
+        if (morceau.debut != Morceau::kAilleurs) return morceau;
+    }
+    return {};
+}
+
 // Puts the piece of the fault into that line; false when its formula doesn't come from there.
 bool place_dans(std::int16_t numero, std::size_t decalage) {
     if (numero < 1 || numero > feuille.nombre_ligne) return false;
@@ -140,15 +152,6 @@ std::size_t debut_actuel(std::string_view actuel, std::string_view ancien, const
 }
 
 }  // namespace
-
-Morceau morceau_du_texte(std::string_view texte, std::string_view formule, std::size_t decalage, std::size_t debut,
-                         std::size_t fin) {
-    for (std::size_t depart = decalage; depart <= texte.size(); ++depart) {
-        const Morceau morceau = morceau_depuis(texte, formule, depart, debut, fin);
-        if (morceau.debut != Morceau::kAilleurs) return morceau;
-    }
-    return {};
-}
 
 void garde_faute(int numero, std::size_t ecrite) {
     const auto lue = static_cast<std::int16_t>(numero);

@@ -12,12 +12,6 @@ struct Morceau {
     std::size_t fin = kAilleurs;     // the byte behind it
 };
 
-// The piece of `texte` (what the user wrote, without comment and old result) that the characters `debut` to in
-// front of `fin` of `formule` (what the engine read, from 1) come from. The formula stands in the text at
-// `decalage` or behind: capitals, "^2" for "²", "*" put in, the counts of groups put in.
-Morceau morceau_du_texte(std::string_view texte, std::string_view formule, std::size_t decalage, std::size_t debut,
-                         std::size_t fin);
-
 // Keeps the fault of the line of the sheet that has just failed; `ecrite` is the line of the new text, from 1, that
 // the line `numero` of the sheet is written to.
 void garde_faute(int numero, std::size_t ecrite);

@@ -214,12 +214,13 @@ std::size_t entree_la_plus_proche(std::string_view guide, std::string_view mots)
     return place;
 }
 
-}  // namespace
-
+// True for the words of an error that a calculation writes after a line.
 bool est_texte_d_erreur(std::string_view mots) {
     const Motif* const motif = motif_de(mots);
     return motif != nullptr && motif->derriere_ligne;
 }
+
+}  // namespace
 
 std::string_view erreur_de_la_ligne(std::string_view ligne) {
     const std::string texte(sans_blancs(ligne));

@@ -6,9 +6,6 @@
 #include <string>
 #include <string_view>
 
-// True for the words of an error that a calculation writes after a line.
-bool est_texte_d_erreur(std::string_view mots);
-
 // The error that stands after a line, without its "="; nothing when the line has none. A line whose result is empty
 // has failed in a box and has "=" for an error.
 std::string_view erreur_de_la_ligne(std::string_view ligne);

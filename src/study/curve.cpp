@@ -34,6 +34,16 @@ void pose_echelle(const Etude& etude, CourbeEntendue& c) {
     c.haut = y[y.size() - 1 - marge];
 }
 
+// Distance of ticks that are neither crowded nor missing over that extent: 1, 2 or 5 and zeros.
+double unite_pour(double etendue) {
+    double unite = 1;
+    while (unite * kTicsMaxi < etendue) unite *= 10;
+    while (unite / 10 * kTicsMaxi >= etendue) unite /= 10;
+    for (const double part : {0.2, 0.5})
+        if (unite * part * kTicsMaxi >= etendue) return unite * part;
+    return unite;
+}
+
 void pose_marques(const Etude& etude, CourbeEntendue& c) {
     const double etendue = c.fin - c.debut;
     const auto marque = [&](double x, Coche coche) { c.marques.push_back({(x - c.debut) / etendue, coche}); };
@@ -69,15 +79,6 @@ std::vector<PointEntendu> points_de(FonctionOuverte& f, const CourbeEntendue& c)
 }
 
 }  // namespace
-
-double unite_pour(double etendue) {
-    double unite = 1;
-    while (unite * kTicsMaxi < etendue) unite *= 10;
-    while (unite / 10 * kTicsMaxi >= etendue) unite /= 10;
-    for (const double part : {0.2, 0.5})
-        if (unite * part * kTicsMaxi >= etendue) return unite * part;
-    return unite;
-}
 
 CourbeEntendue courbe_de(const Etude& etude, const Courbe& f) {
     CourbeEntendue c;

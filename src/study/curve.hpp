@@ -46,6 +46,3 @@ Refus lis_courbe(std::string_view texte, const FonctionDeFeuille& fonction, std:
 
 // Gives two curves one scale of pitches, so that they can be compared.
 void accorde(CourbeEntendue& une, CourbeEntendue& autre);
-
-// Distance of ticks that are neither crowded nor missing over that extent: 1, 2 or 5 and zeros.
-double unite_pour(double etendue);

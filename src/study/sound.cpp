@@ -171,6 +171,9 @@ void chante(Bande& bande, const CourbeEntendue& c, std::size_t debut, std::size_
     }
 }
 
+// The value of the reference tone: 0 where the curve's pitches have it, otherwise the end nearest to it.
+double valeur_repere(const CourbeEntendue& courbe) { return std::clamp(0.0, courbe.bas, courbe.haut); }
+
 }  // namespace
 
 double hauteur(const CourbeEntendue& courbe, double y) {
@@ -178,8 +181,6 @@ double hauteur(const CourbeEntendue& courbe, double y) {
     const double part = etendue > 0 ? std::clamp((y - courbe.bas) / etendue, 0.0, 1.0) : 0.5;
     return kGrave * maths::exp(part * maths::log(kAigu / kGrave));
 }
-
-double valeur_repere(const CourbeEntendue& courbe) { return std::clamp(0.0, courbe.bas, courbe.haut); }
 
 double debut_de_courbe(const Jeu& jeu) {
     return jeu.attente + (jeu.repere ? kDureeRepere + kSilenceRepere : 0);

@@ -28,9 +28,6 @@ struct Jeu {
 // Pitch of a value, in hertz: even steps of the value are even steps of the ear.
 double hauteur(const CourbeEntendue& courbe, double y);
 
-// The value of the reference tone: 0 where the curve's pitches have it, otherwise the end nearest to it.
-double valeur_repere(const CourbeEntendue& courbe);
-
 // Seconds from the beginning of the sound to the left end of the curve.
 double debut_de_courbe(const Jeu& jeu);
 

@@ -90,8 +90,8 @@ double valeur_decimale(std::string_view mantisse, std::string_view exposant) {
 constexpr std::array<double, 16> kDizaines = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-// Value of a text of at most fifteen digits, with at most one point and nothing else: digits and power of ten are exact,
-// so their quotient is the nearest float. Anything else, an empty text too, is refused.
+// Value of a text of at most fifteen digits, with at most one point and nothing else: digits and power of ten are
+// exact, so their quotient is the nearest float. Anything else, an empty text too, is refused.
 bool lit_court(std::string_view texte, double& valeur) {
     if (texte.size() > 15) return false;
     std::int64_t n = 0;

@@ -1,4 +1,5 @@
-// The bookmark of the current sheet: field 3 of its row, in bytes from 0. A text that is shown in its place has its own.
+// The bookmark of the current sheet: field 3 of its row, in bytes from 0. A text that is shown in its place has its
+// own. Changes the row, or that of `documents`, and the cursor.
 #include "documents/bookmarks.hpp"
 
 #include <algorithm>

@@ -10,7 +10,6 @@
 #include "documents/documents.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/words.hpp"
-#include "platform/message.hpp"
 #include "platform/platform.hpp"
 
 Historique historique;

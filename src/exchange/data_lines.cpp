@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kValeursParLigne = 10;    // what is heard in one go
 constexpr std::size_t kLargeurLigne = 72;
-constexpr std::size_t kFormuleMaxi = 32'765;    // characters that the reader of a formula can number, less its end mark and what is read ahead
+constexpr std::size_t kFormuleMaxi = 32'765;    // characters that the reader can number, less the end mark and one ahead
 constexpr std::size_t kLignesMaxi = 32'767;     // lines that a sheet can number
 
 using Colonne = std::vector<double>;

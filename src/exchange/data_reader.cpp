@@ -377,8 +377,10 @@ std::string mots_donnees(const DonneesLues& donnees) {
     mots += donnees.decimale == ',' ? ", virgule décimale"_fr
             : donnees.decimale == '.' ? ", point décimal"_fr : ", nombres entiers"_fr;
     if (donnees.titres == 0) mots += ", sans titre"_fr;
-    const bool sans_nom = donnees.titres > 0 && donnees.table.titres.empty();   // words that name no column are told, too
-    if (donnees.titres > 1 || sans_nom) mots += ", " + combien(donnees.titres, "ligne", "lignes") + std::string(" de titres"_fr);
+    // Words that name no column are told, too.
+    const bool sans_nom = donnees.titres > 0 && donnees.table.titres.empty();
+    if (donnees.titres > 1 || sans_nom)
+        mots += ", " + combien(donnees.titres, "ligne", "lignes") + std::string(" de titres"_fr);
     if (donnees.rangs.size() > 1 || !donnees.table.titres.empty())
         mots += (donnees.rangs.size() == 1 ? " : colonne " : " : colonnes ") + mots_colonnes(donnees);
     if (!donnees.textes.empty()) {

@@ -97,9 +97,11 @@ std::string axes(const Repere& r) {
     return svg;
 }
 
+// The drawing with its title and its description, by which a reader knows it.
 std::string cadre(int numero, std::string_view titre, std::string_view description, std::string_view contenu) {
     const std::string n = chiffres(numero);
-    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" aria-labelledby=\"titre-" + n + " description-" + n + "\" viewBox=\"0 0 640 400\">";
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" aria-labelledby=\"titre-" + n +
+                      " description-" + n + "\" viewBox=\"0 0 640 400\">";
     svg += "<title id=\"titre-" + n + "\">" + html(titre) + "</title>";
     svg += "<desc id=\"description-" + n + "\">" + html(description) + "</desc>";
     return svg.append(contenu).append("</svg>");

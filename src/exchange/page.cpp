@@ -21,13 +21,18 @@ namespace {
 constexpr int kColonnesDeFormule = 12, kLignesDeFormule = 40;   // a larger matrix is a table of the page
 constexpr std::string_view kFinBloc = "fin résultat "_fr;
 
-// A literal of the page: UTF-8 as it stands.
+// An element of the page with its content, UTF-8 as it stands.
 std::string element(std::string_view nom, std::string_view contenu) {
     return "<" + std::string(nom) + ">" + std::string(contenu) + "</" + std::string(nom) + ">";
 }
 
-std::string formule_mathml(const std::string& elements) { return "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" displaystyle=\"true\">" + element("mrow", elements) + "</math>"; }
+// A formula of these elements.
+std::string formule_mathml(const std::string& elements) {
+    return "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" displaystyle=\"true\">" + element("mrow", elements) +
+           "</math>";
+}
 
+// A number in the number mode of the sheet.
 std::string texte_element(double x) {
     try {
         return texte_du_mode(x);
@@ -300,7 +305,8 @@ std::string titre_de(std::string_view texte, std::string_view nom) {
 
 std::string page_html(const Rapport& rapport, std::string_view nom, const std::vector<EtudeDeFeuille>& etudes) {
     const std::string titre = titre_de(rapport.texte, nom);
-    std::string page = "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"fr\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+    std::string page = "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"fr\">\n<head>\n"
+                       "<meta charset=\"utf-8\"/>\n"
                        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n";
     page += element("title", titre) + "\n<style>" + std::string(kStyleDePage) + "</style>\n</head>\n<body>\n<main>\n";
     page += element("h1", titre) + "\n" + Page(rapport, etudes).corps();

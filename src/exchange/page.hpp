@@ -1,6 +1,5 @@
 // A sheet as a page for others: one file of HTML, without scripts, that a browser shows, reads and prints, and that
-// tools for XML read as well.
-// Holds no state.
+// tools for XML read as well. Holds no state.
 #pragma once
 
 #include <string>

@@ -9,7 +9,7 @@ struct BoitesDePasse {
     bool ouverte = false;   // a pass runs
     int montrees = 0;       // boxes that it has shown
     int comptees = 0;       // boxes that it has only counted
-    std::string derniere;   // text of the last one of either kind, kept until the next pass; without memory for it, nothing
+    std::string derniere;   // text of the last one of either kind, kept until the next pass; "" without memory for it
 };
 extern BoitesDePasse boites_de_passe;
 

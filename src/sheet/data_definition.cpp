@@ -13,7 +13,6 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
-#include "engine/identifiers.hpp"
 #include "sheet/line.hpp"
 #include "state/context.hpp"
 #include "state/data_set.hpp"

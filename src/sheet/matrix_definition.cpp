@@ -11,7 +11,6 @@
 #include "base/failure.hpp"
 #include "base/number.hpp"
 #include "engine/grammar.hpp"
-#include "engine/identifiers.hpp"
 #include "state/context.hpp"
 #include "state/formula_error.hpp"
 #include "state/matrices.hpp"

@@ -10,7 +10,7 @@ enum class GenreBloc { table, statistiques, tri, matrice };
 // What stands below a line: no line of an old block, or all of it.
 struct AncienBloc {
     int lignes = 0;            // lines of the block
-    std::size_t position = 0;  // where the line after it begins, from 1; without a block, the first that is none of its lines
+    std::size_t position = 0;  // where the line after it begins, from 1; without a block, the line that is none of it
     bool fin = false;          // the block ends with the sheet
 };
 

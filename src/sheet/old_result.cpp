@@ -16,7 +16,6 @@
 #include "state/formula_error.hpp"
 #include "state/matrices.hpp"
 #include "state/pass_result.hpp"
-#include "state/variables.hpp"
 
 namespace {
 

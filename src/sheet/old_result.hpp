@@ -8,8 +8,8 @@
 
 #include "base/signs.hpp"
 
-// Cuts the old result from `ligne`, whose signs are known, and leaves in formule_ligne of the line what is to be evaluated.
-// `correct` is false when a control character stands in that: the box has told it.
+// Cuts the old result from `ligne`, whose signs are known, and leaves in formule_ligne of the line what is to be
+// evaluated. `correct` is false when a control character stands in that: the box has told it.
 void effaceEgalite(std::string_view& ligne, Signes signes, std::int16_t numero, bool& correct) noexcept;
 
 // Length of what stays of a line in front of an old result, or npos when nothing is to be cut: a comment, the

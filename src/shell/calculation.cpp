@@ -8,7 +8,7 @@
 
 #include "base/codepage.hpp"
 #include "base/failure.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"

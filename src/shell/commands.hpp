@@ -1,5 +1,5 @@
-// The commands: one row each. The menus of the window, the keys, the key help, the guide's list of keys and
-// the tests are made from these rows, and one dispatcher runs them. Constant data.
+// The commands: one row each. The menus of the window, the keys and the key help are made from these rows, and one
+// dispatcher runs them; a test compares the guide's list of keys with them. Constant data.
 #pragma once
 
 #include <cstddef>

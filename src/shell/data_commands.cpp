@@ -12,7 +12,6 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/dialog.hpp"
 #include "documents/documents.hpp"
 #include "documents/saving.hpp"
 #include "exchange/data_file.hpp"
@@ -95,7 +94,8 @@ std::string nom_propose(std::string_view extension) {
     return dossier_de_la_feuille() + nom.substr(0, point) + "." + std::string(extension);
 }
 
-// Asks where the file of the item of that caption goes; "" on Cancel, and, with the words, for a place of the program's or of a sheet.
+// Asks where the file of the item of that caption goes; "" on Cancel, and, told in words, for a place of the
+// program's or of a sheet.
 std::string demande_nom(std::string_view libelle, std::string_view filtre, std::string_view extension) {
     std::string nom = nom_propose(extension);
     const std::string titre = titre_de(libelle);

@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "base/codepage.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "editing/lines.hpp"
 #include "functions/table.hpp"
 #include "platform/message.hpp"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "platform/message.hpp"
 #include "shell/commands.hpp"
 #include "shell/help_mode.hpp"

@@ -5,7 +5,7 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "settings/settings.hpp"
 
 Menus menus;

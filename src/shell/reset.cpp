@@ -2,7 +2,7 @@
 #include "shell/reset.hpp"
 
 #include "documents/dialog.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/recovery.hpp"
 #include "documents/undo.hpp"
 #include "editing/search.hpp"
@@ -19,7 +19,6 @@
 #include "shell/help_mode.hpp"
 #include "shell/keys.hpp"
 #include "shell/listening.hpp"
-#include "shell/menus.hpp"
 #include "shell/review.hpp"
 #include "shell/spoken_line.hpp"
 #include "shell/status.hpp"

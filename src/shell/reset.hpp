@@ -1,4 +1,4 @@
-// Every subsystem back at its initial state. Run first in main and before every test.
+// Every subsystem back at its initial state. Run first by the window's program and before every test.
 #pragma once
 
 void reinitialise_tout();

@@ -1,7 +1,6 @@
 // The cursor's line in words, and the values of its letters.
 #include "shell/spoken_line.hpp"
 
-#include "base/number.hpp"
 #include "editing/lines.hpp"
 #include "platform/message.hpp"
 #include "platform/platform.hpp"

@@ -6,7 +6,7 @@
 
 #include "base/codepage.hpp"
 #include "base/number.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "engine/identifiers.hpp"
 #include "shell/menus.hpp"
 #include "shell/window.hpp"

@@ -1,4 +1,5 @@
-// Studies the cursor's function and makes it heard. Changes the view, `ecoute`, `intervalle_donne` and what is said; the sheet and its results stay.
+// Studies the cursor's function and makes it heard. Changes the view, `ecoute`, `intervalle_donne` and what is said;
+// the sheet and its results stay.
 #include "shell/study_commands.hpp"
 
 #include <optional>

@@ -1,4 +1,5 @@
-// The commands that make a function known without eyes: its study as lines, its curve as sound. Change the view and what is said.
+// The commands that make a function known without eyes: its study as lines, its curve as sound. Change the view and
+// what is said.
 #pragma once
 
 #include <string>

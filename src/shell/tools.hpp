@@ -1,4 +1,5 @@
-// The menu Outils: undo and redo of the sheet's changes, and the sound of a calculation.
+// Of the menu Outils: undo and redo of the sheet's changes, and the sound of a calculation. Change the sheet, `outils`
+// and its file. The other items stand in files of their own.
 #pragma once
 
 #include <string_view>

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "base/codepage.hpp"
-#include "documents/open_documents.hpp"
+#include "documents/documents.hpp"
 #include "documents/working_copies.hpp"
 #include "editing/lines.hpp"
 #include "editing/search.hpp"

@@ -14,7 +14,7 @@ struct Grille {
     const Courbe& f;
     double debut, fin;
     double maille;                               // width of a cell
-    std::vector<double> x, y;                    // kMailles + 1 points and holes; y is not a number where f has no value
+    std::vector<double> x, y;                    // kMailles + 1 points and holes; y: not a number without a value
     std::array<double, 66> bruits{};             // of 64 stretches, with one more at each end
 
     // What values near x are wrong by, as 64 stretches of the interval have shown it.

@@ -7,7 +7,7 @@
 
 struct Zero {
     Lieu lieu;
-    bool exact = false;          // the function as it is calculated is 0 there, and the place is a number of few figures
+    bool exact = false;          // the function as calculated is 0 there, and the place is a number of few figures
     bool traverse = true;        // it changes its sign, or stands at an end
     double reste = 0;            // its value where it touches 0 without changing its sign
 };

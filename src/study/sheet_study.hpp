@@ -62,14 +62,15 @@ extern EtudesGardees etudes_gardees;
 
 void garde_etude(const FonctionDeFeuille& fonction, std::string_view bornes);
 
-// The studies of those of them that the sheet has now, and that can be made, in its order; nothing when the user gave up.
+// The studies of those of them that the sheet has now, and that can be made, in its order; nothing when the user gave
+// up.
 std::optional<std::vector<EtudeDeFeuille>> refais_etudes(std::string_view texte);
 
 // The studies of all functions of the sheet under INC and AIR that can be made.
 std::vector<EtudeDeFeuille> etudie_tout(std::string_view texte);
 
-// Opens the function aside, leaves in `trouvee` which one it is with its letter, and runs `instruction` with it. Why not:
-// what it can't be opened for, or that the user has given up.
+// Opens the function aside, leaves in `trouvee` which one it is with its letter, and runs `instruction` with it. The
+// answer is why it can't be opened, or that the user has given up.
 Refus avec_fonction(std::string_view texte, const FonctionDeFeuille& fonction, std::string_view bornes,
                     FonctionDeFeuille& trouvee, const std::function<void(FonctionOuverte&)>& instruction);
 

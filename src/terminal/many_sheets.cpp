@@ -197,9 +197,9 @@ std::size_t demande_lot(Chantier& c, const ProcessusAide& aide, std::size_t debu
     return fin - debut;
 }
 
-// Has the sheets from `debut` to `fin` calculated. A helper that ends with a sheet is told of that sheet, and another one
-// takes what is left. Answers that it kept are lost with it: what is left is asked for one by one, so that it is the right
-// sheet. One that writes sheets back keeps none.
+// Has the sheets from `debut` to `fin` calculated. A helper that ends in the middle of one is told as that sheet's
+// answer, and another helper takes what is left. Answers that it kept are lost with it: what is left is asked for one by
+// one, so that it is the right sheet. A helper that writes sheets back keeps none.
 void calcule_lot(Chantier& c, ProcessusAide& aide, std::size_t debut, std::size_t fin) {
     bool une_a_une = false;
     while (debut < fin) {

@@ -14,7 +14,6 @@
 #include "functions/table.hpp"
 #include "sheet/marks.hpp"
 #include "sheet/matrix_definition.hpp"
-#include "sheet/old_result.hpp"
 #include "state/context.hpp"
 #include "verification/matrix_checks.hpp"
 #include "verification/old_text.hpp"

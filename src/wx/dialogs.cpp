@@ -16,7 +16,6 @@
 #include "wx/appearance.hpp"
 #include "wx/frame.hpp"
 #include "wx/modal.hpp"
-#include "wx/positions.hpp"
 
 namespace {
 

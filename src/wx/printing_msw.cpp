@@ -12,7 +12,6 @@
 #include <string_view>
 #include <vector>
 
-#include "base/codepage.hpp"
 #include "platform/platform.hpp"
 #include "wx/appearance.hpp"
 #include "wx/frame.hpp"

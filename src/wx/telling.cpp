@@ -8,7 +8,6 @@
 #include "platform/message.hpp"
 #include "shell/announcements.hpp"
 #include "wx/announce.hpp"
-#include "wx/appearance.hpp"
 #include "wx/frame.hpp"
 
 void Cadre::montre_ligne_message() {

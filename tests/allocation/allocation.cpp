@@ -120,6 +120,7 @@ bool next_command_works() {
     if (fenetre.fermee) return true;
     if (aide.aide_touche) evenement_menu("mnuAideToucheItem");
     evenement_caractere("txt", kToucheEchap);
+    evenement_caractere("CmdAngle", kToucheEchap);   // out of a view without the text, where nothing is calculated
     port.texte.pose_texte("2+3");
     execute_commande("recalcul");
     return memoire.texte.starts_with("2+3 = ");

@@ -18,7 +18,7 @@ std::size_t FinLigne();                              // next carriage return, or
 std::size_t WhereX();                                // column of the cursor
 std::string extraitLigne(std::size_t position);      // text of the line that holds the position
 std::int32_t numero_de_ligne(std::string_view texte, std::size_t position);   // its line number in `texte`
-std::int16_t NumeroTxt(std::string_view texte, std::size_t position);   // the same for a calculation: failure 6 beyond 32,767
+std::int16_t NumeroTxt(std::string_view texte, std::size_t position);   // the same; failure 6 beyond 32,767
 
 // Extent of a line in bytes from 0, its line end not included; that of line 1 when the line doesn't
 // exist.

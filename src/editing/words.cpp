@@ -76,7 +76,8 @@ std::size_t fin_serie(std::string_view jeu, std::string_view ligne, std::size_t 
 // The line of a sheet of `compte` lines that `numero` asks for, at most the last. A number of more than 16 bits ends
 // the command with its failure, but for a sheet that has such lines.
 std::int32_t ligne_demandee(double numero, std::int32_t compte) {
-    if (compte <= std::numeric_limits<std::int16_t>::max()) return std::min<std::int32_t>(vers_16_arrondi(numero), compte);
+    if (compte <= std::numeric_limits<std::int16_t>::max())
+        return std::min<std::int32_t>(vers_16_arrondi(numero), compte);
     return static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(numero), 0, compte));
 }
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kValeursParLigne = 10;    // what is heard in one go
 constexpr std::size_t kLargeurLigne = 72;
-constexpr std::size_t kFormuleMaxi = 32'765;    // characters that the reader can number, less the end mark and one ahead
+constexpr std::size_t kFormuleMaxi = 32'765;   // characters that the reader can number, less the end mark and one ahead
 constexpr std::size_t kLignesMaxi = 32'767;     // lines that a sheet can number
 
 using Colonne = std::vector<double>;
@@ -55,7 +55,8 @@ std::vector<Colonne> colonnes_de(const DonneesLues& donnees, const Forme& forme,
     for (const std::size_t rang : forme.rangs) {
         const auto place = std::find(donnees.rangs.begin(), donnees.rangs.end(), rang);
         if (place == donnees.rangs.end()) {
-            refus = "la colonne " + chiffres(static_cast<long long>(rang)) + std::string(" n'est pas une colonne de nombres"_fr);
+            refus = "la colonne " + chiffres(static_cast<long long>(rang)) +
+                    std::string(" n'est pas une colonne de nombres"_fr);
             return {};
         }
         colonnes.push_back(donnees.table.colonnes[static_cast<std::size_t>(place - donnees.rangs.begin())]);
@@ -74,7 +75,9 @@ std::vector<Colonne> transposees(const std::vector<Colonne>& colonnes) {
 // The sentence for more numbers than one calculation can hold.
 std::string mots_trop(std::size_t nombre, std::string_view mot) {
     std::string mots = chiffres(static_cast<long long>(nombre));
-    return mots.append(" valeurs, c'est trop pour "_fr).append(mot).append(" : un calcul a 32767 caractères au plus"_fr);
+    return mots.append(" valeurs, c'est trop pour "_fr)
+        .append(mot)
+        .append(" : un calcul a 32767 caractères au plus"_fr);
 }
 
 // A block of values, a few on each line.

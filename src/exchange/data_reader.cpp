@@ -158,8 +158,12 @@ struct Lecture {
 // do, too, and a number among them counts for nothing when most lines have numbers alone.
 std::size_t premiere_de_nombres(const Lecture& lecture, char separateur) {
     const auto est_nombre = [&](std::string_view c) { return lecture.nombre(c).has_value(); };
-    const auto a_un_nombre = [&](const RangeeLue& r) { return std::any_of(r.cellules.begin(), r.cellules.end(), est_nombre); };
-    const auto nombres_seuls = [&](const RangeeLue& r) { return std::all_of(r.cellules.begin(), r.cellules.end(), est_nombre); };
+    const auto a_un_nombre = [&](const RangeeLue& r) {
+        return std::any_of(r.cellules.begin(), r.cellules.end(), est_nombre);
+    };
+    const auto nombres_seuls = [&](const RangeeLue& r) {
+        return std::all_of(r.cellules.begin(), r.cellules.end(), est_nombre);
+    };
     const std::vector<RangeeLue>& rangees = lecture.rangees;
     const auto seuls = static_cast<std::size_t>(std::count_if(rangees.begin(), rangees.end(), nombres_seuls));
     const auto premiere = separateur == kBlancs && 2 * seuls >= rangees.size()
@@ -295,10 +299,11 @@ bool a_un_chiffre(std::string_view texte) { return texte.find_first_of("01234567
 // are like theirs. A line of units has none there, or others.
 bool semble_de_donnees(const Lecture& lecture, const RangeeLue& rangee, const std::vector<std::size_t>& textes) {
     const RangeeLue& modele = lecture.rangees[lecture.premiere];
-    return rangee.cellules.size() == lecture.colonnes && std::any_of(textes.begin(), textes.end(), [&](std::size_t rang) {
-        const std::string_view mot = lecture.cellule(rangee, rang - 1), sien = lecture.cellule(modele, rang - 1);
-        return !mot.empty() && !sien.empty() && a_un_chiffre(mot) == a_un_chiffre(sien);
-    });
+    return rangee.cellules.size() == lecture.colonnes &&
+           std::any_of(textes.begin(), textes.end(), [&](std::size_t rang) {
+               const std::string_view mot = lecture.cellule(rangee, rang - 1), sien = lecture.cellule(modele, rang - 1);
+               return !mot.empty() && !sien.empty() && a_un_chiffre(mot) == a_un_chiffre(sien);
+           });
 }
 
 // The sentence for a first line of data with a word in place of its number, which would pass for a heading; or "".
@@ -384,7 +389,8 @@ std::string mots_donnees(const DonneesLues& donnees) {
     if (donnees.rangs.size() > 1 || !donnees.table.titres.empty())
         mots += (donnees.rangs.size() == 1 ? " : colonne " : " : colonnes ") + mots_colonnes(donnees);
     if (!donnees.textes.empty()) {
-        mots += donnees.textes.size() == 1 ? " ; en texte, laissée de côté : "_fr : " ; en texte, laissées de côté : "_fr;
+        mots +=
+            donnees.textes.size() == 1 ? " ; en texte, laissée de côté : "_fr : " ; en texte, laissées de côté : "_fr;
         for (std::size_t i = 0; i < donnees.textes.size(); ++i)
             mots += (i == 0 ? "" : ", ") + chiffres(static_cast<long long>(donnees.textes[i]));
     }

@@ -49,7 +49,8 @@ std::string avec_milliers(std::string_view utf8) {
         sortie += taille == 0 ? utf8[i] : '\'';
         i += std::max<std::size_t>(taille, 1);
         // Elsewhere it is a blank like others.
-        const bool entre = sortie.size() > 1 && i < utf8.size() && est_chiffre(sortie[sortie.size() - 2]) && est_chiffre(utf8[i]);
+        const bool entre =
+            sortie.size() > 1 && i < utf8.size() && est_chiffre(sortie[sortie.size() - 2]) && est_chiffre(utf8[i]);
         if (taille > 0 && !entre) sortie.back() = ' ';
     }
     return sortie;
@@ -111,7 +112,8 @@ struct Coupeur {
         const std::size_t derriere = place;
         while (!fin_de_cellule()) ++place;
         // What stands behind the quotes belongs to the cell, which is no number then.
-        if (!sans_bords(texte.substr(derriere, place - derriere)).empty()) cellule = texte.substr(debut - 1, place - debut + 1);
+        if (!sans_bords(texte.substr(derriere, place - derriere)).empty())
+            cellule = texte.substr(debut - 1, place - debut + 1);
         rangee.cellules.push_back(sans_bords(cellule));
         return true;
     }

@@ -160,10 +160,12 @@ std::string description_de_courbe(const std::vector<PointTrace>& courbe, const I
         if (bas == nullptr || *p.y < *bas->y) bas = &p;
         if (haut == nullptr || *p.y > *haut->y) haut = &p;
     }
-    std::string mots = std::string("Environ : plus petite valeur "_fr) + nombre_lu(*bas->y, 4) + std::string(" en "_fr) + nombre_lu(bas->x, 4) +
-                       std::string(", plus grande valeur "_fr) + nombre_lu(*haut->y, 4) + std::string(" en "_fr) + nombre_lu(haut->x, 4) + ".";
+    std::string mots = std::string("Environ : plus petite valeur "_fr) + nombre_lu(*bas->y, 4) +
+                       std::string(" en "_fr) + nombre_lu(bas->x, 4) + std::string(", plus grande valeur "_fr) +
+                       nombre_lu(*haut->y, 4) + std::string(" en "_fr) + nombre_lu(haut->x, 4) + ".";
     if (trou) mots += std::string(" La fonction n'est pas définie partout."_fr);
-    if (*bas->y < vue.debut || *haut->y > vue.fin) mots += std::string(" Les valeurs les plus grandes sortent du dessin."_fr);
+    if (*bas->y < vue.debut || *haut->y > vue.fin)
+        mots += std::string(" Les valeurs les plus grandes sortent du dessin."_fr);
     return mots;
 }
 
@@ -201,13 +203,14 @@ std::string nuage(const LigneRapport& ligne) {
     std::string svg = axes(r) + droite(ligne, r);
     for (const GroupeNote& g : groupes)
         svg += rond(r.px(g.x), r.py(g.y));
-    const std::string titre = std::string("Nuage de "_fr) + chiffres(static_cast<long long>(groupes.size())) + std::string(" points, ligne "_fr) +
-                              chiffres(ligne.numero);
-    const std::string mots = std::string("Droite de régression de Y en X : Y = "_fr) + nombre_lu(ligne.pente, 4) + (ligne.ordonnee < 0 ? " X - " : " X + ") +
-                             nombre_lu(std::fabs(ligne.ordonnee), 4) + std::string(", environ. X va de "_fr) +
-                             nombre_lu(bornes(groupes, de_x).debut, 4) + std::string(" à "_fr) + nombre_lu(bornes(groupes, de_x).fin, 4) +
-                             std::string(", Y de "_fr) + nombre_lu(bornes(groupes, de_y).debut, 4) + std::string(" à "_fr) +
-                             nombre_lu(bornes(groupes, de_y).fin, 4) + ".";
+    const std::string titre = std::string("Nuage de "_fr) + chiffres(static_cast<long long>(groupes.size())) +
+                              std::string(" points, ligne "_fr) + chiffres(ligne.numero);
+    const std::string mots = std::string("Droite de régression de Y en X : Y = "_fr) + nombre_lu(ligne.pente, 4) +
+                             (ligne.ordonnee < 0 ? " X - " : " X + ") + nombre_lu(std::fabs(ligne.ordonnee), 4) +
+                             std::string(", environ. X va de "_fr) + nombre_lu(bornes(groupes, de_x).debut, 4) +
+                             std::string(" à "_fr) + nombre_lu(bornes(groupes, de_x).fin, 4) +
+                             std::string(", Y de "_fr) + nombre_lu(bornes(groupes, de_y).debut, 4) +
+                             std::string(" à "_fr) + nombre_lu(bornes(groupes, de_y).fin, 4) + ".";
     return cadre(ligne.numero, titre, mots, svg);
 }
 
@@ -233,8 +236,9 @@ std::string batons(const LigneRapport& ligne) {
     for (const GroupeNote& g : groupes) svg += trait(r.px(g.x), r.py(0), r.px(g.x), r.py(g.effectif), "baton");
     const std::string titre = std::string("Effectifs de "_fr) + chiffres(static_cast<long long>(groupes.size())) +
                               std::string(" valeurs différentes, ligne "_fr) + chiffres(ligne.numero);
-    const std::string mots = std::string("De "_fr) + nombre_lu(groupes.front().x, 4) + std::string(" à "_fr) + nombre_lu(groupes.back().x, 4) +
-                             std::string(", plus grand effectif "_fr) + nombre_lu(haut, 4) + ".";
+    const std::string mots = std::string("De "_fr) + nombre_lu(groupes.front().x, 4) + std::string(" à "_fr) +
+                             nombre_lu(groupes.back().x, 4) + std::string(", plus grand effectif "_fr) +
+                             nombre_lu(haut, 4) + ".";
     return cadre(ligne.numero, titre, mots, svg);
 }
 

@@ -132,7 +132,8 @@ private:
         const std::string texte(texte_utile(lue_.formule, noeud));
         if (noeud.genre == GenreNoeud::nombre) {
             const std::string elements = mathml_nombre(texte);
-            return {noeud.genre, elements.starts_with("<mn>") && elements.find("<mo>") == std::string::npos, elements, ""};
+            return {noeud.genre, elements.starts_with("<mn>") && elements.find("<mo>") == std::string::npos, elements,
+                    ""};
         }
         return {noeud.genre, true, "<mi>" + html(texte) + "</mi>", ""};
     }
@@ -152,9 +153,11 @@ private:
             case GenreNoeud::complement: return {noeud.genre, false, "<mo form=\"prefix\">!</mo>" + e[0].elements, ""};
             case GenreNoeud::non: return {noeud.genre, false, "<mo form=\"prefix\">NOT</mo>" + e[0].elements, ""};
             case GenreNoeud::puissance:
-                return {noeud.genre, false, "<msup>" + base_de_puissance(e[0]) + sans_parentheses(e[1]) + "</msup>", ""};
+                return {noeud.genre, false, "<msup>" + base_de_puissance(e[0]) + sans_parentheses(e[1]) + "</msup>",
+                        ""};
             case GenreNoeud::divise:
-                return {noeud.genre, false, "<mfrac>" + sans_parentheses(e[0]) + sans_parentheses(e[1]) + "</mfrac>", ""};
+                return {noeud.genre, false, "<mfrac>" + sans_parentheses(e[0]) + sans_parentheses(e[1]) + "</mfrac>",
+                        ""};
             case GenreNoeud::fois: return produit(noeud, e);
             default: break;
         }

@@ -44,19 +44,21 @@ std::string texte_element(double x) {
 // A plain number with a decimal comma; anything else stays.
 std::string nombre_francais(std::string_view texte) {
     std::string sortie(texte);
-    if (texte.find_first_not_of("0123456789.-") == std::string_view::npos) std::replace(sortie.begin(), sortie.end(), '.', ',');
+    if (texte.find_first_not_of("0123456789.-") == std::string_view::npos)
+        std::replace(sortie.begin(), sortie.end(), '.', ',');
     return sortie;
 }
 
 // A table of numbers in columns, each with its heading; `texte` writes a number.
 std::string table_html(const TableDonnees& table, const std::string& titre, std::string (*texte)(double)) {
-    std::string sortie = "<div class=\"large\" tabindex=\"0\" role=\"region\" aria-label=\"" + titre + "\"><table><caption>" +
-                         titre + "</caption><thead><tr>";
+    std::string sortie = "<div class=\"large\" tabindex=\"0\" role=\"region\" aria-label=\"" + titre +
+                         "\"><table><caption>" + titre + "</caption><thead><tr>";
     for (const std::string& colonne : table.titres) sortie += "<th scope=\"col\">" + html(colonne) + "</th>";
     sortie += "</tr></thead><tbody>\n";
     for (std::size_t l = 0; l < table.lignes(); ++l) {
         sortie += "<tr>";
-        for (const std::vector<double>& colonne : table.colonnes) sortie += element("td", html(nombre_francais(texte(colonne[l]))));
+        for (const std::vector<double>& colonne : table.colonnes)
+            sortie += element("td", html(nombre_francais(texte(colonne[l]))));
         sortie += "</tr>\n";
     }
     return sortie + "</tbody></table></div>\n";
@@ -66,7 +68,8 @@ std::string matrice_mathml(const TableMatrice& m) {
     std::string rangees;
     for (int l = 1; l <= m.lignes(); ++l) {
         std::string rangee;
-        for (int c = 1; c <= m.colonnes(); ++c) rangee += element("mtd", element("mrow", mathml_nombre(texte_element(m(l, c)))));
+        for (int c = 1; c <= m.colonnes(); ++c)
+            rangee += element("mtd", element("mrow", mathml_nombre(texte_element(m(l, c)))));
         rangees += element("mtr", rangee);
     }
     return "<mrow><mo>(</mo>" + element("mtable", rangees) + "<mo>)</mo></mrow>";
@@ -199,8 +202,8 @@ private:
         if (m.colonnes() <= kColonnesDeFormule && m.lignes() <= kLignesDeFormule)
             paragraphe(ligne, formule_mathml(tete + "<mo>=</mo>" + matrice_mathml(m)));
         else
-            sortie_ += table_html(table_de_matrice(ligne.matrice, m), "Matrice " + nom + ", ligne " + chiffres(ligne.numero),
-                                  texte_element);
+            sortie_ += table_html(table_de_matrice(ligne.matrice, m),
+                                  "Matrice " + nom + ", ligne " + chiffres(ligne.numero), texte_element);
         ++place_;
         if (ligne.definition)
             passe_definition();
@@ -258,7 +261,8 @@ private:
 
     // A sum under an integral stands in brackets.
     static std::string entre_parentheses(const std::string& elements) {
-        const bool somme = elements.find("<mo>+") != std::string::npos || elements.find("<mo>\xE2\x88\x92") != std::string::npos;
+        const bool somme =
+            elements.find("<mo>+") != std::string::npos || elements.find("<mo>\xE2\x88\x92") != std::string::npos;
         return somme ? "<mrow><mo>(</mo>" + elements + "<mo>)</mo></mrow>" : element("mrow", elements);
     }
 
@@ -269,15 +273,16 @@ private:
         const std::string debut = mathml_nombre(texte_general(ligne.donnees.debut));
         const std::string fin = mathml_nombre(texte_general(ligne.donnees.fin));
         if (ligne.donnees.aire)
-            paragraphe(ligne, formule_mathml("<msubsup><mo>\xE2\x88\xAB</mo>" + element("mrow", debut) + element("mrow", fin) +
-                                             "</msubsup>" + entre_parentheses(fonction) + "<mi>d</mi><mi>" + lettre +
-                                             "</mi><mo>\xE2\x89\x88</mo>" + mathml_nombre(sans_egal(ligne.resultat))));
+            paragraphe(ligne,
+                       formule_mathml("<msubsup><mo>\xE2\x88\xAB</mo>" + element("mrow", debut) + element("mrow", fin) +
+                                      "</msubsup>" + entre_parentheses(fonction) + "<mi>d</mi><mi>" + lettre +
+                                      "</mi><mo>\xE2\x89\x88</mo>" + mathml_nombre(sans_egal(ligne.resultat))));
         else
             paragraphe(ligne, formule_mathml(nom_de_fonction(ligne, "f") + "<mo>=</mo>" + fonction));
         place_ = std::min(place_ + 2, lignes_.size());
         if (!ligne.donnees.rangees.empty())
-            sortie_ += table_html(table_des_rangees(ligne.donnees), "Table de " + lettre + ", ligne " + chiffres(ligne.numero),
-                                  texte_element);
+            sortie_ += table_html(table_des_rangees(ligne.donnees),
+                                  "Table de " + lettre + ", ligne " + chiffres(ligne.numero), texte_element);
         while (brute().starts_with("f(") && !ligne.donnees.rangees.empty()) ++place_;
         figure(ligne);
     }

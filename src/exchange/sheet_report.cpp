@@ -94,7 +94,8 @@ void note_contenu(LigneRapport& ligne) {
         ligne.ordonnee = variable('B');
     }
     if (ligne.donnees.variable != 0) return note_fonction(ligne);
-    if (!ligne.erreur && capitales(ligne.formule).find(kDefFonction.mot) != std::string::npos) return note_fonction_definie(ligne);
+    if (!ligne.erreur && capitales(ligne.formule).find(kDefFonction.mot) != std::string::npos)
+        return note_fonction_definie(ligne);
     if (!ligne.donnees.groupes.empty()) return;
     ligne.matrice = lettre_de_matrice(ligne);
     if (ligne.matrice != 0 && !ligne.erreur) {
@@ -121,7 +122,8 @@ void note_ligne(int numero) {
         note_contenu(ligne);
         std::vector<LigneRapport>& lignes = en_cours.rapport->lignes;
         // The heading of two lists is calculated once more when they have been read: it is among the last.
-        const auto place = std::find_if(lignes.rbegin(), lignes.rend(), [=](const LigneRapport& l) { return l.numero <= numero; });
+        const auto place =
+            std::find_if(lignes.rbegin(), lignes.rend(), [=](const LigneRapport& l) { return l.numero <= numero; });
         if (place != lignes.rend() && place->numero == numero)
             *place = std::move(ligne);
         else

@@ -11,7 +11,9 @@ using Lignes = std::vector<std::string_view>;
 // The first line that belongs to the note `i`, and the first behind it.
 struct Etendue { std::size_t debut, fin; };
 Etendue etendue(const Rapport& rapport, std::size_t i, std::size_t lignes) {
-    const auto rang = [&](std::size_t note) { return std::min(static_cast<std::size_t>(rapport.lignes[note].numero) - 1, lignes); };
+    const auto rang = [&](std::size_t note) {
+        return std::min(static_cast<std::size_t>(rapport.lignes[note].numero) - 1, lignes);
+    };
     return {rang(i), i + 1 < rapport.lignes.size() ? rang(i + 1) : lignes};
 }
 
@@ -25,11 +27,13 @@ bool montre_autre(const Rapport& rapport, std::size_t i, const Lignes& lignes, c
     const auto [debut, fin] = etendue(rapport, i, lignes.size());
     if (debut >= fin) return false;
     const std::string_view premiere = lignes[debut], sans = tete(premiere, rapport.lignes[i].resultat);
-    const auto est_montree = [&](std::string_view ligne) { return std::find(montrees.begin(), montrees.end(), ligne) != montrees.end(); };
+    const auto est_montree = [&](std::string_view ligne) {
+        return std::find(montrees.begin(), montrees.end(), ligne) != montrees.end();
+    };
     if (!est_montree(premiere)) return !est_montree(sans);
-    return lignes.size() == montrees.size() &&
-           !std::equal(lignes.begin() + static_cast<std::ptrdiff_t>(debut), lignes.begin() + static_cast<std::ptrdiff_t>(fin),
-                       montrees.begin() + static_cast<std::ptrdiff_t>(debut));
+    return lignes.size() == montrees.size() && !std::equal(lignes.begin() + static_cast<std::ptrdiff_t>(debut),
+                                                           lignes.begin() + static_cast<std::ptrdiff_t>(fin),
+                                                           montrees.begin() + static_cast<std::ptrdiff_t>(debut));
 }
 
 }  // namespace
@@ -45,7 +49,8 @@ std::vector<std::string_view> lignes_du_texte(std::string_view texte) {
 }
 
 bool contredit(const Rapport& rapport, std::string_view montre) {
-    const bool tire = std::any_of(rapport.lignes.begin(), rapport.lignes.end(), [](const LigneRapport& l) { return l.hasard; });
+    const bool tire =
+        std::any_of(rapport.lignes.begin(), rapport.lignes.end(), [](const LigneRapport& l) { return l.hasard; });
     if (!tire || rapport.texte == montre) return false;
     const Lignes lignes = lignes_du_texte(rapport.texte), montrees = lignes_du_texte(montre);
     for (std::size_t i = 0; i < rapport.lignes.size(); ++i)

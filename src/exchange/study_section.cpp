@@ -25,15 +25,16 @@ std::string_view fleche(std::string_view suite) {
 }
 
 std::string table_de_variations(const Tableau& tableau, const std::string& titre, char lettre) {
-    std::string sortie = "<table class=\"variations\"><caption>Tableau de variations : " + titre + "</caption><thead><tr>";
+    std::string sortie =
+        "<table class=\"variations\"><caption>Tableau de variations : " + titre + "</caption><thead><tr>";
     const std::string variable(1, lettre);
     for (const std::string& colonne : {variable, "f(" + variable + ")", std::string("puis f")})
         sortie += "<th scope=\"col\">" + colonne + "</th>";
     sortie += "</tr></thead><tbody>\n";
     const std::size_t egale = variable.size() + 3;   // "X = "
     for (const ColonneDeVariations& c : tableau)
-        sortie += "<tr><th scope=\"row\">" + mots(std::string_view(c.lieu).substr(egale)) + "</th><td>" + mots(c.valeur) +
-                  "</td><td>" + mots(c.suite) + std::string(fleche(c.suite)) + "</td></tr>\n";
+        sortie += "<tr><th scope=\"row\">" + mots(std::string_view(c.lieu).substr(egale)) + "</th><td>" +
+                  mots(c.valeur) + "</td><td>" + mots(c.suite) + std::string(fleche(c.suite)) + "</td></tr>\n";
     return sortie + "</tbody></table>\n";
 }
 

@@ -1,6 +1,6 @@
 // The table of the built-in functions: one row each, with all that the calculator knows of it. A new
-// function is a number at the end of `Fonction` and a row at the end of table.cpp; the compiler refuses a
-// number without its row and a row that lacks a part. Holds no state.
+// function is a number at the end of `Fonction`, a row at the end of table.cpp and its words (verification); the
+// compiler refuses a number without its row or words and a row that lacks a part. Holds no state.
 #pragma once
 
 #include <cstddef>

@@ -334,7 +334,8 @@ int liste(Chemin chemin, std::vector<std::string>& noms, bool dossiers) {
         if (entree == nullptr) break;
         const std::string nom = entree->d_name;
         struct stat s {};
-        if (nom == "." || nom == ".." || fstatat(dirfd(ouvert.get()), nom.c_str(), &s, dossiers ? AT_SYMLINK_NOFOLLOW : 0) != 0 ||
+        if (nom == "." || nom == ".." ||
+            fstatat(dirfd(ouvert.get()), nom.c_str(), &s, dossiers ? AT_SYMLINK_NOFOLLOW : 0) != 0 ||
             S_ISDIR(s.st_mode) != dossiers)
             continue;
         if (auto ecrit = depuis_utf8(nom)) noms.push_back(std::move(*ecrit));

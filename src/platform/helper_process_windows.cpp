@@ -46,7 +46,7 @@ HANDLE demarre(HANDLE entree, HANDLE sortie) {
     depart.hStdOutput = sortie;
     depart.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION lance{};
-    if (CreateProcessW(programme.data(), ligne.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &depart, &lance) == 0)
+    if (!CreateProcessW(programme.data(), ligne.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &depart, &lance))
         return nullptr;
     AssignProcessToJobObject(equipe(), lance.hProcess);
     CloseHandle(lance.hThread);

@@ -1,6 +1,6 @@
-// The port: what the core asks of the surroundings, as plain structs of function pointers. Three
-// implementations: none (every slot harmless, installed from the first instruction), in memory (tests
-// and batch), real (files here, the window's in its own folder).
+// The port: what the core asks of the surroundings, as plain structs of function pointers.
+// Implementations: none (every slot harmless, installed from the first instruction), in memory (the
+// tests'), real (files here, the window's and the terminal's in their own folders).
 // Texts are Windows-1252 with CR LF; positions count bytes from 0, CR LF as two.
 #pragma once
 

@@ -142,8 +142,8 @@ bool demande_choix(const std::vector<DonneesDeFeuille>& toutes, Choix& choix) {
     invite += ". Numéro, puis virgule ou point"_fr;
     if (!port.boites.saisie(invite, "1 virgule"_fr, reponse)) return false;
     if (lis_choix(capitales(reponse), toutes.size(), choix)) return true;
-    dit(std::string("rien n'est exporté : tapez un numéro de 1 à "_fr) + chiffres(static_cast<long long>(toutes.size())) +
-        std::string(", avec virgule ou point"_fr));
+    dit(std::string("rien n'est exporté : tapez un numéro de 1 à "_fr) +
+        chiffres(static_cast<long long>(toutes.size())) + std::string(", avec virgule ou point"_fr));
     return false;
 }
 
@@ -153,7 +153,8 @@ bool est_tableau(const DonneesLues& donnees) { return donnees.rangs.size() * don
 // True when cells of a spreadsheet stand in the clipboard, with a fault in one of them.
 bool est_tableau_fautif(std::string_view copie, std::string_view refus) {
     const std::size_t tabulation = copie.find('\t'), suite = copie.find('\n', std::min(tabulation, copie.size()));
-    return refus.starts_with("ligne ") && suite != std::string_view::npos && copie.find('\t', suite) != std::string_view::npos;
+    return refus.starts_with("ligne ") && suite != std::string_view::npos &&
+           copie.find('\t', suite) != std::string_view::npos;
 }
 
 // Tells what is wrong with the table in the clipboard, and asks whether a file is wanted.

@@ -242,7 +242,8 @@ std::size_t entree_du_guide(std::string_view guide, std::string_view mots, bool 
         });
     if (boite) {
         const std::string entiere = std::string(kBoite).append(mots);
-        if (const std::size_t place = cherche_ligne(guide, [&](std::string_view l) { return l == entiere; }); place != npos)
+        if (const std::size_t place = cherche_ligne(guide, [&](std::string_view l) { return l == entiere; });
+            place != npos)
             return place;
     }
     const std::size_t meme = cherche_ligne(guide, [&](std::string_view l) { return mots_d_entree(l) == mots; });

@@ -92,7 +92,8 @@ void mnuVerifierItem() {
 void mnuConstatSuivantItem() {
     if (!verifie_ici()) return;
     const Place ici = place_du_curseur();
-    const auto suivant = std::ranges::find_if(verification.constats, [&](const Constat& c) { return place_de(c) > ici; });
+    const auto suivant =
+        std::ranges::find_if(verification.constats, [&](const Constat& c) { return place_de(c) > ici; });
     if (suivant == verification.constats.end()) return dit(kPasDeConstatPlusBas);
     va_au_constat(*suivant);
 }
@@ -100,7 +101,8 @@ void mnuConstatSuivantItem() {
 void mnuConstatPrecedentItem() {
     if (!verifie_ici()) return;
     const Place ici = place_du_curseur();
-    const auto premier = std::ranges::find_if(verification.constats, [&](const Constat& c) { return place_de(c) >= ici; });
+    const auto premier =
+        std::ranges::find_if(verification.constats, [&](const Constat& c) { return place_de(c) >= ici; });
     if (premier == verification.constats.begin()) return dit(kPasDeConstatPlusHaut);
     va_au_constat(*(premier - 1));
 }
@@ -126,7 +128,8 @@ void dit_attention(bool ecrite) {
         if (nouveaux.empty()) return;
         std::string texte("attention ligne "_fr);
         texte += chiffres(ecrite ? nouveaux.front()->ligne_ecrite : nouveaux.front()->ligne);
-        if (nouveaux.size() > 1) texte.append(" et "_fr) += combien(nouveaux.size() - 1, "autre constat"_fr, "autres constats"_fr);
+        if (nouveaux.size() > 1)
+            texte.append(" et "_fr) += combien(nouveaux.size() - 1, "autre constat"_fr, "autres constats"_fr);
         dit(texte);
     });
 }

@@ -11,8 +11,8 @@ namespace {
 
 // The last message is still what this command said of that line.
 bool encore(const std::string& texte, int numero) {
-    return ligne_ecoutee.numero == numero && ligne_ecoutee.curseur == curseur() && ligne_ecoutee.entendu == ligne_message.dernier_message &&
-           ligne_ecoutee.texte == texte;
+    return ligne_ecoutee.numero == numero && ligne_ecoutee.curseur == curseur() &&
+           ligne_ecoutee.entendu == ligne_message.dernier_message && ligne_ecoutee.texte == texte;
 }
 
 }  // namespace

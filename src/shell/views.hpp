@@ -18,7 +18,7 @@ void mnuCouleurEcran();          // opens the list of colours
 void CmdAngle();                 // leaves it: the unit is taken and the sheet calculated
 void ferme_choix();              // the colours and the angle view give way, without a choice: no two views at once
 bool texte_modifiable();         // `txt` is shown and can be written
-bool quitte_vues();              // the sheet again, from the angle, the colours or a read-only text; false: it was there
+bool quitte_vues();              // the sheet again from another view; false: it was there
 void CmdVoxtab();                // validates a colour, or brings the sheet back
 void CmdModifTexte();            // replacement on the text
 void mnuAideToucheItem();        // key help on and off

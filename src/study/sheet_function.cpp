@@ -305,7 +305,8 @@ void FonctionOuverte::prend_formule(std::string nouvelle) {
 Refus ouvre_fonction(std::string_view texte, const FonctionDeFeuille& f, std::string_view bornes,
                      FonctionOuverte& ouverte) {
     // The user function exists below its line only.
-    if (const Refus refus = calcule_au_dessus(texte, f.ligne_entete + (f.genre == Sorte::deffon ? 1 : 0)); !refus.empty())
+    if (const Refus refus = calcule_au_dessus(texte, f.ligne_entete + (f.genre == Sorte::deffon ? 1 : 0));
+        !refus.empty())
         return refus;
     const bool entete = !f.entete.empty();
     if (const Refus refus = entete ? bornes_d_entete(f, ouverte) : bornes_donnees(bornes, ouverte); !refus.empty())

@@ -54,7 +54,8 @@ Rencontre rencontre(std::string_view texte, const EtudeDeFeuille& etude, const F
 
 bool meme_rencontre(const Rencontre& r, const Rencontre& s) {
     const auto memes_lieux = [](const Zero& a, const Zero& b) { return a.lieu.x == b.lieu.x; };
-    return r.autre.texte == s.autre.texte && r.comparable == s.comparable && r.confondues.size() == s.confondues.size() &&
+    return r.autre.texte == s.autre.texte && r.comparable == s.comparable &&
+           r.confondues.size() == s.confondues.size() &&
            std::equal(r.lieux.begin(), r.lieux.end(), s.lieux.begin(), s.lieux.end(), memes_lieux);
 }
 
@@ -65,7 +66,8 @@ void cherche_rencontres(std::string_view texte, EtudeDeFeuille& etude) {
         if (etude.rencontres.size() >= kAutresMaxi || patience.abandonnee) return;
         Rencontre r = rencontre(texte, etude, autre);
         const auto pareille = [&](const Rencontre& dite) { return meme_rencontre(dite, r); };
-        if (std::none_of(etude.rencontres.begin(), etude.rencontres.end(), pareille)) etude.rencontres.push_back(std::move(r));
+        if (std::none_of(etude.rencontres.begin(), etude.rencontres.end(), pareille))
+            etude.rencontres.push_back(std::move(r));
     }
 }
 

@@ -1,5 +1,5 @@
 // The study of a function of the sheet, from the sheet's text to lines that can be read. The program's calculation
-// stays as it is. Hold no state.
+// stays as it is. One instance, `etudes_gardees`: what has been studied.
 #pragma once
 
 #include <functional>

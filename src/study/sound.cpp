@@ -145,7 +145,8 @@ std::size_t rang_en(const CourbeEntendue& c, double place, double& part) {
     part = reel - static_cast<double>(i);
     const double gauche = static_cast<double>(i) / static_cast<double>(c.y.size() - 1);
     const auto saut = std::lower_bound(c.sauts.begin(), c.sauts.end(), gauche);
-    const bool coupee = saut != c.sauts.end() && *saut * static_cast<double>(c.y.size() - 1) <= static_cast<double>(i + 1);
+    const bool coupee =
+        saut != c.sauts.end() && *saut * static_cast<double>(c.y.size() - 1) <= static_cast<double>(i + 1);
     if (coupee || std::isnan(c.y[i]) || std::isnan(c.y[i + 1])) {
         const bool apres = coupee ? place >= *saut : part >= 0.5;
         part = apres ? 1 : 0;
@@ -163,7 +164,9 @@ void chante(Bande& bande, const CourbeEntendue& c, std::size_t debut, std::size_
         double part = 0;
         const std::size_t rang = rang_en(c, place, part);
         const std::size_t proche = part < 0.5 ? rang : rang + 1;
-        const double y = part <= 0 ? c.y[rang] : part >= 1 ? c.y[rang + 1] : c.y[rang] + part * (c.y[rang + 1] - c.y[rang]);
+        const double y = part <= 0   ? c.y[rang]
+                         : part >= 1 ? c.y[rang + 1]
+                                     : c.y[rang] + part * (c.y[rang + 1] - c.y[rang]);
         const double ton = hertz[rang] + part * (hertz[rang + 1] - hertz[rang]);
         const auto bord = static_cast<double>(std::min(i, duree - 1 - i));
         const double fondu = std::min(1.0, bord / (kFondu * kCadence));

@@ -190,8 +190,8 @@ void dit_domaine(const Etude& e, const Ecriture& w, Lignes& l) {
     for (const Intervalle& s : d)
         l.push_back(s.gauche->lieu.x == s.droite->lieu.x
                         ? tete + texte("définie en "_fr) + w.en(s.gauche->lieu) + texte(" seul"_fr)
-                        : tete + texte("définie "_fr) + w.de(s.gauche->lieu) + mots_compris(*s.gauche) + texte(" à "_fr) + w.lieu(s.droite->lieu) +
-                              mots_compris(*s.droite));
+                        : tete + texte("définie "_fr) + w.de(s.gauche->lieu) + mots_compris(*s.gauche) +
+                              texte(" à "_fr) + w.lieu(s.droite->lieu) + mots_compris(*s.droite));
 }
 
 // Jumps, and what f tends to at the edges of the domain and at poles.
@@ -202,8 +202,9 @@ void dit_bords(const Etude& e, const Ecriture& w, Lignes& l) {
         const bool saut = avant != nullptr && se_touchent(*avant, g);
         if (saut) {
             const std::string de = w.cote(*avant);
-            l.push_back(texte("Saut en "_fr) + w.en(g.lieu) + (de.starts_with('u') || de.starts_with('e') ? ", d'" : ", de ") + de +
-                        texte(" à "_fr) + w.cote(g));
+            l.push_back(texte("Saut en "_fr) + w.en(g.lieu) +
+                        (de.starts_with('u') || de.starts_with('e') ? ", d'" : ", de ") + de + texte(" à "_fr) +
+                        w.cote(g));
             continue;
         }
         const auto limite = [&](const Bout& b, std::string_view cote) {
@@ -281,7 +282,8 @@ void dit_extremes(const Etude& e, const Ecriture& w, Lignes& l) {
     std::size_t nombre_extremes = 0;
     for (const Partie& p : e.parties) nombre_extremes += p.extremes.size();
     l.push_back(texte("Extrêmes à l'intérieur : "_fr) +
-                (nombre_extremes == 0 ? texte("aucun trouvé"_fr) : combien(nombre_extremes, "trouvé"_fr, "trouvés"_fr)));
+                (nombre_extremes == 0 ? texte("aucun trouvé"_fr)
+                                      : combien(nombre_extremes, "trouvé"_fr, "trouvés"_fr)));
     for (const Partie& p : e.parties)
         for (const Extreme& x : p.extremes) l.push_back(mots_extreme(w, x));
 }
@@ -298,7 +300,8 @@ std::string_view mots_sens(Sens sens) {
 void dit_variations(const Etude& e, const Ecriture& w, Lignes& l) {
     for (const Partie& p : e.parties)
         for (const Variation& v : p.variations)
-            if (!w.court(v.debut, v.fin)) l.push_back(texte("Variation : "_fr) + texte(mots_sens(v.sens)) + " " + w.de_a(v.debut, v.fin));
+            if (!w.court(v.debut, v.fin))
+                l.push_back(texte("Variation : "_fr) + texte(mots_sens(v.sens)) + " " + w.de_a(v.debut, v.fin));
 }
 
 void dit_rencontre(const Rencontre& r, const Ecriture& w, Lignes& l) {
@@ -316,7 +319,8 @@ void dit_rencontre(const Rencontre& r, const Ecriture& w, Lignes& l) {
 std::string valeur_au_changement(const Partie& p, const Lieu& lieu, const Ecriture& w) {
     for (const Extreme& x : p.extremes)
         if (x.lieu.x == lieu.x || x.fin.x == lieu.x)
-            return w.y(x.y, std::max(x.incertitude, 1e-300), lieu.x) + texte(x.maximum ? ", maximum"_fr : ", minimum"_fr);
+            return w.y(x.y, std::max(x.incertitude, 1e-300), lieu.x) +
+                   texte(x.maximum ? ", maximum"_fr : ", minimum"_fr);
     for (const Palier& palier : p.paliers)
         if (palier.debut.x == lieu.x || palier.fin.x == lieu.x) return w.y(palier.y, 1e-300, lieu.x);
     return texte("?"_fr);

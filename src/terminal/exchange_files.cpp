@@ -38,7 +38,8 @@ std::optional<TableDonnees> table_choisie(const OptionsCalcul& options, const Ra
         for (std::size_t i = 0; i < toutes.size(); ++i)
             mots += (i == 0 ? " " : " ; ") + std::to_string(i + 1) + " " + vers_utf8(toutes[i].nom);
     } else if (static_cast<std::size_t>(options.table) > toutes.size()) {
-        mots = toutes.size() == 1 ? "la feuille n'a qu'une table" : "la feuille n'a que " + std::to_string(toutes.size()) + " tables";
+        mots = toutes.size() == 1 ? "la feuille n'a qu'une table"
+                                  : "la feuille n'a que " + std::to_string(toutes.size()) + " tables";
     } else {
         return std::move(toutes[static_cast<std::size_t>(options.table == 0 ? 0 : options.table - 1)].table);
     }
@@ -103,7 +104,8 @@ RefusEchange importe_devant(const OptionsCalcul& options, std::string& texte) {
 RefusEchange ecrit_echanges(const OptionsCalcul& options, const std::string& texte) {
     if (options.page.empty() && options.donnees.empty()) return {};
     const Rapport rapport = rapport_de(texte, !options.page.empty());
-    if (!rapport.complet) return {options.page.empty() ? options.donnees : options.page, 0, "la feuille n'a pas été calculée en entier"};
+    if (!rapport.complet)
+        return {options.page.empty() ? options.donnees : options.page, 0, "la feuille n'a pas été calculée en entier"};
     RefusEchange refus;
     if (!options.page.empty()) {
         const auto etudes = options.etude.empty() ? std::vector<EtudeDeFeuille>{} : etudie_tout(rapport.texte);

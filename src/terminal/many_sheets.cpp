@@ -209,7 +209,8 @@ void calcule_lot(Chantier& c, ProcessusAide& aide, std::size_t debut, std::size_
         if (debut == borne) continue;
         une_a_une = !c.options.en_place;
         if (sure) {
-            rends(c, debut, {{kImpossible, "", "voxtab-calc : " + c.options.feuilles[debut] + " : le calcul s'est arrêté\n"}});
+            rends(c, debut,
+                  {{kImpossible, "", "voxtab-calc : " + c.options.feuilles[debut] + " : le calcul s'est arrêté\n"}});
             ++debut;
         }
         attend_aide(aide);
@@ -219,7 +220,8 @@ void calcule_lot(Chantier& c, ProcessusAide& aide, std::size_t debut, std::size_
 
 // One thread: its helper calculates lots until there are none left.
 void emploie(Chantier& c, ProcessusAide aide) {
-    for (auto [debut, fin] = prends_lot(c); debut < fin; std::tie(debut, fin) = prends_lot(c)) calcule_lot(c, aide, debut, fin);
+    for (auto [debut, fin] = prends_lot(c); debut < fin; std::tie(debut, fin) = prends_lot(c))
+        calcule_lot(c, aide, debut, fin);
     attend_aide(aide);
 }
 
@@ -243,7 +245,8 @@ bool copies_distinctes(const OptionsCalcul& options) {
 std::vector<ProcessusAide> lance_aides(const OptionsCalcul& options, const std::vector<std::string>& mots) {
     std::vector<ProcessusAide> aides;
     const std::size_t coeurs = std::min<std::size_t>(std::thread::hardware_concurrency(), options.feuilles.size());
-    for (ProcessusAide aide; coeurs > 1 && aides.size() < coeurs && lance_aide(aide);) aides.push_back(std::exchange(aide, {}));
+    for (ProcessusAide aide; coeurs > 1 && aides.size() < coeurs && lance_aide(aide);)
+        aides.push_back(std::exchange(aide, {}));
     const std::string message = presentation(mots);
     std::erase_if(aides, [&](ProcessusAide& aide) {
         const bool prete = envoie(aide, message);
@@ -259,7 +262,8 @@ std::vector<ProcessusAide> lance_aides(const OptionsCalcul& options, const std::
 class Avancement {
 public:
     explicit Avancement(const OptionsCalcul& options)
-        : nombre_(options.feuilles.size()), montre_(erreurs_au_terminal() && (options.en_place || !sortie_au_terminal())) {}
+        : nombre_(options.feuilles.size()),
+          montre_(erreurs_au_terminal() && (options.en_place || !sortie_au_terminal())) {}
     ~Avancement() { efface(); }
     Avancement(const Avancement&) = delete;
     Avancement& operator=(const Avancement&) = delete;
@@ -370,7 +374,8 @@ int sers_d_aide(CalculeFeuille calcule) {
             ajoute_mot(message, reponse.sortie);
             ajoute_mot(message, reponse.erreurs);
             const auto maintenant = std::chrono::steady_clock::now();
-            if (!une.en_place && message.size() < kTampon && maintenant - envoi < kEntreEnvois && debut + 1 < fin) continue;
+            if (!une.en_place && message.size() < kTampon && maintenant - envoi < kEntreEnvois && debut + 1 < fin)
+                continue;
             std::cout << std::exchange(message, {}) << std::flush;
             envoi = maintenant;
         }

@@ -110,7 +110,9 @@ void declare_calcul(CLI::App& app, OptionsCalcul& o) {
 // What is written beside the sheet, and what comes in.
 void declare_fichiers(CLI::App& app, OptionsCalcul& o) {
     app.add_option("--html", o.page, "Écrit aussi la feuille en page HTML dans ce fichier")->type_name("FICHIER");
-    app.add_option("--etude", o.etude, "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier ;\navec --html, la page la contient aussi")
+    app.add_option(
+           "--etude", o.etude,
+           "Écrit aussi l'étude des fonctions INC et AIR dans ce fichier ;\navec --html, la page la contient aussi")
         ->type_name("FICHIER");
     app.add_option("--son", o.son, "Écrit aussi leurs courbes en son dans ce fichier wav")->type_name("FICHIER");
     auto* const importer = app.add_option("--importer", o.importe,
@@ -120,13 +122,15 @@ void declare_fichiers(CLI::App& app, OptionsCalcul& o) {
                    "Ce qu'ils deviennent : STATX, STATXY, DEFMA..., avec des numéros de colonnes")
         ->needs(importer)
         ->type_name("FORME");
-    auto* const donnees = app.add_option("--donnees", o.donnees, "Écrit aussi une table de la feuille en CSV dans ce fichier")
-        ->type_name("FICHIER");
+    auto* const donnees =
+        app.add_option("--donnees", o.donnees, "Écrit aussi une table de la feuille en CSV dans ce fichier")
+            ->type_name("FICHIER");
     app.add_option("--table", o.table, "Laquelle, quand la feuille en a plusieurs, de 1 à 9999")
         ->check(table_possible())
         ->needs(donnees)
         ->type_name("N");
-    app.add_flag("--point", o.point, "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules")
+    app.add_flag("--point", o.point,
+                 "En CSV : point décimal et virgules, au lieu de virgule décimale et points-virgules")
         ->needs(donnees);
 }
 

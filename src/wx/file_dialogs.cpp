@@ -116,7 +116,8 @@ bool imprimante() {
 }  // namespace
 
 void installe_dialogues() {
-    port.dialogues = {[](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, false); },
-                      [](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, true); },
-                      police, imprimante};
+    port.dialogues = {
+        [](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, false); },
+        [](std::string& nom, const DemandeFichier& demande) { return choisit_fichier(nom, demande, true); }, police,
+        imprimante};
 }

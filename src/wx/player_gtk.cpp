@@ -114,7 +114,8 @@ void commence() {
     const auto octets = static_cast<std::uint32_t>(lecteur.son.size() * sizeof(std::int16_t));
     const auto defaut = static_cast<std::uint32_t>(-1);
     const pa_buffer_attr place{defaut, octets, defaut, defaut, defaut};
-    if (pa_stream_connect_playback(lecteur.flux, nullptr, &place, PA_STREAM_NOFLAGS, nullptr, nullptr) < 0) finit(false);
+    if (pa_stream_connect_playback(lecteur.flux, nullptr, &place, PA_STREAM_NOFLAGS, nullptr, nullptr) < 0)
+        finit(false);
 }
 
 // A server without a device plays to nobody.

@@ -35,7 +35,8 @@ std::array<fs::path, 2> sources() {
 
 // A program installed for everybody keeps nothing beside itself, even when root runs it.
 bool peut_garder_chez_lui(const fs::path& dossier) {
-    return !est_dossier(chemin_en_utf8(sources()[1])) && verifie_ecriture(chemin_en_utf8(dossier / kFichierReglages)) == 0;
+    return !est_dossier(chemin_en_utf8(sources()[1])) &&
+           verifie_ecriture(chemin_en_utf8(dossier / kFichierReglages)) == 0;
 }
 
 // The copy comes from this source, or is newer: the user has changed it since.

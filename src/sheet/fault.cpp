@@ -27,12 +27,8 @@ struct Pas {
 // The walk through a text and the formula that was made of it.
 class Marche {
 public:
-    Marche(std::string_view texte, std::string_view formule, std::size_t depart)
-        : texte_(texte), formule_(formule), i_(depart) {
-        const std::size_t appel = formule.find(kMotStatX.mot);
-        if (appel != std::string_view::npos)
-            virgules_ = formule.substr(appel).starts_with(kMotStatXY.mot) ? 1 : 0;
-    }
+    Marche(std::string_view texte, std::string_view formule, std::size_t depart, int virgules)
+        : texte_(texte), formule_(formule), i_(depart), virgules_(virgules) {}
 
     std::size_t place() const { return i_; }
     std::size_t rang() const { return j_; }
@@ -72,14 +68,21 @@ private:
 
     std::string_view texte_, formule_;
     std::size_t i_, j_ = 0;
-    int virgules_ = -1;   // commas of a group whose count is missing; -1: the formula has no groups
+    int virgules_;        // commas of a group whose count is missing; -1: the formula has no groups
     int compte_ = 0;      // commas of the group so far
 };
 
+// Commas of a group whose count is missing in this formula; -1: it has no groups.
+int virgules_de_groupe(std::string_view formule) {
+    const std::size_t appel = formule.find(kMotStatX.mot);
+    if (appel == std::string_view::npos) return -1;
+    return formule.substr(appel).starts_with(kMotStatXY.mot) ? 1 : 0;
+}
+
 // The piece, when the whole formula stands in the text from `depart` on.
-Morceau morceau_depuis(std::string_view texte, std::string_view formule, std::size_t depart, std::size_t debut,
-                       std::size_t fin) {
-    Marche marche(texte, formule, depart);
+Morceau morceau_depuis(std::string_view texte, std::string_view formule, std::size_t depart, int virgules,
+                       std::size_t debut, std::size_t fin) {
+    Marche marche(texte, formule, depart, virgules);
     Morceau morceau;
     while (!marche.finie()) {
         if (marche.rang() + 1 <= debut) morceau.debut = marche.place();
@@ -104,8 +107,9 @@ std::string premiers_mots(std::int16_t numero) {
 // `decalage` or behind: capitals, "^2" for "²", "*" put in, the counts of groups put in.
 Morceau morceau_du_texte(std::string_view texte, std::string_view formule, std::size_t decalage, std::size_t debut,
                          std::size_t fin) {
+    const int virgules = virgules_de_groupe(formule);
     for (std::size_t depart = decalage; depart <= texte.size(); ++depart) {
-        const Morceau morceau = morceau_depuis(texte, formule, depart, debut, fin);
+        const Morceau morceau = morceau_depuis(texte, formule, depart, virgules, debut, fin);
         if (morceau.debut != Morceau::kAilleurs) return morceau;
     }
     return {};

@@ -112,7 +112,9 @@ void note_trop_tot(Jugement& j, const Endroit& e, const Lue& lue) {
     Constat c = constat(e, GenreConstat::lettre_plus_bas, lue.place(lue.releve.faute - 1), lue.tapee);
     c.lu = fonction ? std::string("FON") : (matrice ? "M" : "") + std::string(1, mots[tete.size()]);
     const int rang = fonction ? 0 : rang_lettre(mots[tete.size()]);
-    j.trop_tot.push_back({std::move(c), matrice ? -rang : rang});
+    const int lettre = matrice ? -rang : rang;
+    j.attendent[static_cast<std::size_t>(lettre + kDerniereMatrice)].push_back(j.trop_tot.size());
+    j.trop_tot.push_back({std::move(c), lettre});
     j.valeurs = valeurs_connues();
 }
 
@@ -371,6 +373,20 @@ bool juge_fin_de_ligne(Jugement& j, const LigneObservee& o) {
     return true;
 }
 
+std::string lettre_de(int rang) { return std::string(1, static_cast<char>('A' + rang - 1)); }
+
+// "A=A+1" on the first line of A: what gives the letter its value has made it known.
+void juge_lettre_neuve(Jugement& j, const LigneObservee& o) {
+    const Releve& r = observation->releve;
+    if (o.erreur || r.affectee <= 0 || (r.lettres_neuves >> r.affectee & 1u) == 0) return;
+    const auto lue = std::find_if(r.noeuds.begin() + static_cast<std::ptrdiff_t>(debut_calcul(r.noeuds)), r.noeuds.end(),
+                                  [&](const Noeud& n) { return n.genre == GenreNoeud::lettre && n.numero == r.affectee; });
+    if (lue == r.noeuds.end()) return;
+    const std::vector<std::size_t> places = places_de(o);
+    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::lettre_sans_valeur, places[static_cast<std::size_t>(lue->debut - 1)], o.formule);
+    c.lu = lettre_de(r.affectee);
+}
+
 // A calculated line.
 void juge_calculee(Jugement& j, const LigneObservee& o) {
     if (juge_fin_de_ligne(j, o) || juge_factorielle(j, o)) return;
@@ -381,6 +397,7 @@ void juge_calculee(Jugement& j, const LigneObservee& o) {
             juge_formule(j, endroit_de(o), {o.formule, o.lue, r, o.erreur, places_de(o)}, o.valeur);
         if (!o.erreur && r.affectee == 0 && !r.noeuds.empty() && r.noeuds.back().genre == GenreNoeud::egale)
             ajoute_constat(j, endroit_de(o), GenreConstat::affectation_vide, 0, o.formule);
+        if (j.constats.size() == avant) juge_lettre_neuve(j, o);
     }
     if (!o.erreur && j.constats.size() == avant && !o.lue.empty()) juge_valeur(j, o);
 }
@@ -391,10 +408,47 @@ void note_valeurs(Jugement& j, const LigneObservee& o, int ligne) {
     const ValeursConnues avant = std::exchange(j.valeurs, valeurs_connues());
     if (o.erreur || o.role == RoleLigne::fonction_de_table) return;   // the values of a table are its own
     const int affectee = o.role == RoleLigne::formule ? observation->releve.affectee : 0;   // a failed line may have left one too
-    for (LectureTropTot& l : j.trop_tot) {
-        const bool neuve = !est_connue(avant, l.lettre) && est_connue(j.valeurs, l.lettre);
-        if (l.constat.valeur.empty() && l.constat.ligne < ligne && (neuve || (affectee != 0 && affectee == l.lettre)))
-            l.constat.valeur = chiffres(ligne);
+    for (int lettre = -kDerniereMatrice; lettre < kAttentes - kDerniereMatrice; ++lettre) {
+        const bool neuve = !est_connue(avant, lettre) && est_connue(j.valeurs, lettre);
+        if (!neuve && (affectee == 0 || affectee != lettre)) continue;
+        std::erase_if(j.attendent[static_cast<std::size_t>(lettre + kDerniereMatrice)], [&](std::size_t i) {
+            Constat& c = j.trop_tot[i].constat;
+            if (c.ligne >= ligne) return false;
+            c.valeur = chiffres(ligne);
+            return true;
+        });
+    }
+}
+
+// Tells of the letters that a formula reads and that are no longer what their own line has made them.
+void juge_lettres_changees(Jugement& j, const LigneObservee& o) {
+    const Releve& r = observation->releve;
+    if (o.role != RoleLigne::formule || o.erreur || o.lue.empty()) return;
+    for (std::size_t i = debut_calcul(r.noeuds); i < r.noeuds.size(); ++i) {
+        const Noeud& n = r.noeuds[i];
+        if (n.genre != GenreNoeud::lettre) continue;
+        LettreDonnee& lettre = j.lettres[static_cast<std::size_t>(n.numero)];
+        if (lettre.changee == 0) continue;
+        Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::lettre_changee,
+                                    places_de(o)[static_cast<std::size_t>(n.debut - 1)], o.formule);
+        c.lu = lettre_de(n.numero);
+        c.valeur = chiffres(std::exchange(lettre.changee, 0));   // once is enough
+    }
+}
+
+// Notes the letter that a line gives a value, and which of those that had one it has changed beside.
+void note_lettres(Jugement& j, const LigneObservee& o) {
+    const int affectee = o.role == RoleLigne::formule && !o.lue.empty() ? observation->releve.affectee : 0;
+    for (std::size_t i = 1; i < j.lettres.size(); ++i) {
+        LettreDonnee& lettre = j.lettres[i];
+        const double valeur = moteur.valeur_variable[i];
+        const bool sienne = affectee == static_cast<int>(i);
+        const bool autre = valeur != lettre.valeur && !(std::isnan(valeur) && std::isnan(lettre.valeur));
+        if (sienne)
+            lettre = {true, valeur, 0};
+        else if (lettre.donnee && autre)
+            lettre.changee = o.numero;
+        lettre.valeur = valeur;
     }
 }
 
@@ -537,6 +591,8 @@ void juge_ligne(Jugement& jugement, const LigneObservee& o) {
     if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;
     if (!jugement.bloc_refuse) juge_selon_role(jugement, o);
     note_valeurs(jugement, o, ligne);
+    juge_lettres_changees(jugement, o);
+    note_lettres(jugement, o);
     if (o.role != RoleLigne::formule || jugement.bloc_refuse) return;
     // What stands below a definition that was refused is no formula.
     if (o.erreur && (capitales(o.formule).find(kDefM.mot) != npos || capitales(o.formule).find(kMotStatX.mot) != npos))
@@ -553,6 +609,7 @@ void acheve_jugement(Jugement& jugement) {
     for (LectureTropTot& l : jugement.trop_tot)
         if (!l.constat.valeur.empty()) jugement.constats.push_back(std::move(l.constat));
     jugement.trop_tot.clear();
+    jugement.attendent = {};
     std::ranges::stable_sort(jugement.constats, [](const Constat& a, const Constat& b) {
         return std::pair(a.ligne, a.colonne) < std::pair(b.ligne, b.colonne);
     });

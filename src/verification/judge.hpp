@@ -33,10 +33,22 @@ struct ValeursConnues {
     bool fonction = false;
 };
 
+// A letter that a line of its own has given a value.
+struct LettreDonnee {
+    bool donnee = false;
+    double valeur = 0;
+    int changee = 0;             // the line that has changed it since without naming it: a table, statistics, FON
+};
+
+// Who can wait for a value: the matrices, the user function and the letters, as LectureTropTot has them.
+inline constexpr int kAttentes = 37, kDerniereMatrice = 10;
+
 struct Jugement {
     std::vector<Constat> constats;
     EnteteJuge entete;
     std::vector<LectureTropTot> trop_tot;
+    std::array<std::vector<std::size_t>, kAttentes> attendent;   // of these the ones that have no line yet
+    std::array<LettreDonnee, 27> lettres;
     ValeursConnues valeurs;      // behind the last line, as long as something was read too early
     std::optional<Constat> ouverte;   // the heading of a definition that nothing has closed yet
     std::optional<Constat> rangee;    // the first row of the matrix that is open, as it is found when it is too long

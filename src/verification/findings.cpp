@@ -102,6 +102,7 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
     {point_dix, "point_dix", kSavoir, "point devant 10"_fr, "dans %m, le point est celui d'un nombre décimal"_fr},
     {lettre_sans_valeur, "lettre_sans_valeur", kSavoir, "lettre sans valeur"_fr, "dans %m, %l n'a pas encore de valeur et compte comme 0"_fr},
     {lettre_changee, "lettre_changee", kSavoir, "lettre changée"_fr, "dans %m, %l a changé de valeur ligne %v"_fr},
+    {partie_entiere, "partie_entiere", kSavoir, "partie entière"_fr, "%m vaut %v, %l"_fr},
 }};
 
 static_assert([] {

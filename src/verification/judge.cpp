@@ -74,6 +74,7 @@ bool arbre_simple(const Releve& r) {
             continue;
         }
         if (est_pourcentage(n) && est_terme(r.noeuds[i - 1])) return false;
+        if (est_autre_partie(n, r.noeuds[i - 1].valeur)) return false;
         pi |= est_pi(n);
         angle |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, false);
         angle_de_pi |= est_angle(n) && angle_suspect(r.noeuds[i - 1].valeur, true);

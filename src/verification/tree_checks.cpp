@@ -53,6 +53,7 @@ public:
             if (lue_.releve.a(kTraitPourcent)) regarde_pourcentage(i);
             if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
             if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
+            if (lue_.releve.a(kTraitAppel)) regarde_partie(i);
             regarde_fraction(i);
         }
         if (lue_.releve.a(kTraitMatrice)) regarde_matrices();
@@ -172,6 +173,20 @@ private:
         c.lu = kUnites[modes.unite_angle == 1 ? 0 : modes.unite_angle == 2 ? 1 : 2];
     }
 
+    // The two parts of a number, as mathematics has them, are others below 0; and one is rounded first.
+    void regarde_partie(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        if (lue_.erreur || i == 0 || !est_autre_partie(n, noeuds_[i - 1].valeur)) return;
+        ajoute(GenreConstat::partie_entiere, n.debut, "");
+        ConstatArbre& c = constats_.back();
+        const bool coupe = n.valeur == std::trunc(noeuds_[i - 1].valeur);
+        c.morceau = texte_de(lue_, n);
+        c.valeur = texte_general(n.valeur);
+        c.lu = n.numero == kFrac ? "FRAC perd le signe"_fr
+               : coupe           ? "INT coupe les décimales"_fr
+                                 : "INT arrondit d'abord aux décimales affichées"_fr;
+    }
+
     const Lue& lue_;
     const Noeuds& noeuds_;
     std::vector<std::size_t> premiers_;
@@ -189,6 +204,12 @@ bool est_terme(const Noeud& n) {
 
 bool est_angle(const Noeud& n) {
     return n.genre == GenreNoeud::appel && (n.numero == kSin || n.numero == kCos || n.numero == kTan) && n.arite == 1;
+}
+
+bool est_autre_partie(const Noeud& n, double argument) {
+    if (n.genre != GenreNoeud::appel || n.arite != 1 || (n.numero != kInt && n.numero != kFrac)) return false;
+    const double entier = std::floor(argument);
+    return std::fabs(n.valeur - (n.numero == kInt ? entier : argument - entier)) > 1e-9 * std::max(1.0, std::fabs(argument));
 }
 
 bool est_pi(const Noeud& n) {

@@ -27,6 +27,9 @@ bool est_terme(const Noeud& n);
 bool est_angle(const Noeud& n);
 bool angle_suspect(double argument, bool contient_pi);
 
+// INT or FRAC of `argument`, with another value than the whole number below it or what is above that.
+bool est_autre_partie(const Noeud& n, double argument);
+
 // PI, or a number that somebody writes for it.
 bool est_pi(const Noeud& n);
 

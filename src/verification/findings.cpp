@@ -103,6 +103,7 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
     {lettre_sans_valeur, "lettre_sans_valeur", kSavoir, "lettre sans valeur"_fr, "dans %m, %l n'a pas encore de valeur et compte comme 0"_fr},
     {lettre_changee, "lettre_changee", kSavoir, "lettre changée"_fr, "dans %m, %l a changé de valeur ligne %v"_fr},
     {partie_entiere, "partie_entiere", kSavoir, "partie entière"_fr, "%m vaut %v, %l"_fr},
+    {couple_incomplet, "couple_incomplet", kFaux, "couple incomplet"_fr, "dans %m, un couple a deux valeurs, avec une virgule entre elles"_fr},
 }};
 
 static_assert([] {

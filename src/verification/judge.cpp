@@ -281,6 +281,10 @@ void juge_effectifs(Jugement& j, const LigneObservee& o) {
                 couples ? std::string() : avec_points(o.formule);
             return;
         }
+        if (c == ';' && parties < valeurs) {
+            ajoute_constat(j, endroit_de(o), GenreConstat::couple_incomplet, i == fermante ? debut - 1 : i, o.formule);
+            return;
+        }
         if (compte && !premier) premier = debut - 1;
         debut = i + 1;
         if (c == ';') parties = 0;
@@ -529,6 +533,15 @@ void juge_fonction(Jugement& j, const LigneObservee& o) {
     moteur.variable_definie[rang] = definie;
 }
 
+// The heading of a matrix is its name: numbers behind it are read by nobody.
+void juge_entete_matrice(Jugement& j, const LigneObservee& o) {
+    const std::size_t mot = capitales(o.formule).find(kDefM.mot);
+    if (juge_fin_de_ligne(j, o) || o.erreur || mot == npos) return;
+    const std::size_t nom = mot + kDefM.mot.size() + 1, suite = o.formule.find_first_of("0123456789", nom);
+    if (suite == npos) return;
+    ajoute_constat(j, endroit_de(o), GenreConstat::texte_non_lu, suite, o.formule).lu = o.formule.substr(0, nom);
+}
+
 // A heading opens a definition, a line that closes it ends that. What is open at the end of the sheet is never
 // calculated.
 void note_definition(Jugement& j, const LigneObservee& o) {
@@ -566,7 +579,7 @@ void juge_selon_role(Jugement& j, const LigneObservee& o) {
         case RoleLigne::fermante: return juge_fermante(j, o);
         case RoleLigne::entete: return juge_entete(j, o);
         case RoleLigne::fonction_de_table: return juge_table(j, o);
-        case RoleLigne::entete_matrice:
+        case RoleLigne::entete_matrice: return juge_entete_matrice(j, o);
         case RoleLigne::entete_donnees: return void(juge_fin_de_ligne(j, o));
         case RoleLigne::liste: return juge_liste(j, o);
         case RoleLigne::copiee:

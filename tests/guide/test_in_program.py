@@ -6,14 +6,10 @@ calculated by mistake; the list shows every line."""
 import sys
 
 from sonde import Sonde
-from texts import ENTRY, chapter, chapters, read
+from texts import ENTRY, chapter, chapters, quoted, read
 
 FOLDER = "C:\\VOXTAB\\"
 START = ["démarre", 'tape "2+3"', "touche Alt+C", "ignore"]
-
-
-def quoted(text: str) -> str:
-    return '"' + text.replace('"', '""') + '"'
 
 
 def run(sonde: Sonde, events: list[str], seen: list[str]) -> list[str]:

@@ -3,13 +3,10 @@ French words: it spells them letter by letter, or takes them for English.
 
 A word is spelled when its sounds are those of its letters one after the other. docs/read-aloud.md lists
 the words that may be so, with the reason; any other is a fault, and so is a word listed for nothing."""
-import re
 import sys
 
 from texts import read
-from voice import listed, odd_words
-
-WORD = re.compile(r"[A-Za-zÀ-ÖØ-öø-ÿœŒ]{2,}")
+from voice import WORD, listed, odd_words
 
 
 def main() -> int:

@@ -8,9 +8,8 @@ import sys
 
 from sonde import Sonde
 from texts import ROOT, read
-from voice import heard_alike, listed, odd_words
+from voice import WORD, heard_alike, listed, odd_words
 
-WORD = re.compile(r"[A-Za-zÀ-ÖØ-öø-ÿœŒ]{2,}")
 TOLD = re.compile(r"(\S.*) est dit : (.+)")
 # Formulas that are read the same way, whatever was typed.
 SAME = [{"A^2", "A²"}, {"(2+3)*4", "( 2 + 3 ) * 4"}, {"SIN(30)", "sin(30)"}, {"A+B", "a+b"}]

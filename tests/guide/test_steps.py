@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-from texts import ROOT, Unrecognised, chapter, read
+from texts import ROOT, Unrecognised, chapter, quoted, read
 
 SCRIPT = ROOT / "tests/program/guide_path_of_the_readme.scn"
 STEP = re.compile(r"(?:\d+)\. (?=(?:Tapez|Faites) )(.+)")
@@ -40,10 +40,6 @@ def sentences(line: str) -> list[tuple[str, str]]:
 def heard(words: str) -> list[str]:
     """The texts heard: all the words, or each text in French quotes."""
     return re.findall(r"« (.+?) »", words) or [words]
-
-
-def quoted(text: str) -> str:
-    return '"' + text.replace('"', '""') + '"'
 
 
 def key(name: str, answer: str | None, started: bool) -> list[str]:

@@ -25,6 +25,11 @@ COMMANDS = {"Alt+C": "recalcul", "Ctrl+Entrée": "calcul_colonne"}
 ENTRY = re.compile(r"(Message|Boîte|Question|Saisie) : (.+)")
 
 
+def quoted(text: str) -> str:
+    """A text as the language of the scripts has it."""
+    return '"' + text.replace('"', '""') + '"'
+
+
 class Unrecognised(Exception):
     """A line that looks like an example and has none of its forms."""
 

@@ -4,6 +4,7 @@ import subprocess
 
 from texts import ROOT
 
+WORD = re.compile(r"[A-Za-zÀ-ÖØ-öø-ÿœŒ]{2,}")
 LISTED = re.compile(r"^- `(\S+)` : \S", re.M)
 NOISE = re.compile(r"\([a-z-]+\)|[_:!|'`,\-\s;~#0-9]")     # stress, pauses, changes of voice
 

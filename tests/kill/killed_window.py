@@ -12,10 +12,9 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "window"))
 
-from pilot import Failed, Program, expect, has, role, same, wait, words_of  # noqa: E402
-from recovery import Typist, asked_about, lines_of, overtaken, question, recovered  # noqa: E402
+from pilot import Program, same, wait, words_of  # noqa: E402
+from recovery import BEHIND, Typist, asked_about, lines_of, overtaken, question, recovered  # noqa: E402
 
-BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
 LONGEST = 4.0    # seconds from a start to the kill
 SEEN = 20.0      # seconds after which a line that was typed must be seen
 

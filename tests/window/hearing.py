@@ -4,7 +4,7 @@ VOXTAB_HEARD=FILE writes the rows into that file."""
 import os
 import re
 
-from pilot import Atspi, Program, role, same, text_of
+from pilot import Program, same
 from reader import Reader
 
 # What the reader says of keys themselves.

@@ -1,7 +1,6 @@
 """Drives the real program with key events and looks at it through the accessibility bus. No test knows
 how long anything takes: after each key the program is asked whether it has dealt with it, what comes
 later still is waited for, and only a program that hangs reaches the limit."""
-import faulthandler
 import functools
 import os
 import pathlib
@@ -16,9 +15,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 from screen import Screen  # noqa: E402
-from shared import Failed, cpu_seconds, expect, same, until_same  # noqa: E402
-
-LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
+from shared import LIMIT, Failed, cpu_seconds, expect, same, until_same  # noqa: E402
 
 SKIPPED = 77    # exit status of a test with a case left out
 

@@ -9,12 +9,13 @@ import subprocess
 import sys
 import time
 
+from shared import LIMIT
+
 ORCA = "/usr/bin/orca"
 SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)'\s*\{")
 LEFT = re.compile(r"OBJECT EVENT: window:deactivate \(0, 0, (.*)\)")
 MARK = "### the reader is at rest "
 BRAILLE = re.compile(r"BRAILLE LINE:  '(.*)'")
-LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 
 
 class Reader:

@@ -4,6 +4,8 @@ import pathlib
 import re
 import time
 
+BEHIND = 2.0   # seconds that a recovery file may be behind the sheet
+
 
 def question(count):
     return f"La dernière fois, Voxtab s'est arrêté sans quitter. Reprendre {count} feuille(s) ?"

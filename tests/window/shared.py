@@ -3,6 +3,8 @@ value, the work of a process."""
 import os
 import pathlib
 
+LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
+
 failures = []
 
 

@@ -7,7 +7,7 @@ import sys
 
 from french import (ALT, ALTGR, CTRL, DEAD, ENTER, ESCAPE, F1, KEYPAD, KEYPAD_ENTER, LEFT, MAJ, NUM_LOCK, OSS, PLAIN,
                     RIGHT, SPACE, place_of)
-from pilot import expect, run, same, wait, wait_same
+from pilot import run, same, wait, wait_same
 from reader import Reader
 
 BINARY, PLACE = sys.argv[1:3]

@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import sys
 
-from pilot import (accepts, buttons_of, children, expect, gone, name_file, name_line, role, run, same,
+from pilot import (accepts, buttons_of, children, expect, gone, name_file, name_line, run, same,
                    text_of, wait, wait_same, walk)
 from texts import FUNCTIONS
 

@@ -11,7 +11,7 @@ import sys
 os.environ.update(LC_ALL="fr_FR.UTF-8", LANGUAGE="fr")    # before the accessibility library reads it
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "guide"))
 
-from pilot import Atspi, Program, has, role, same, text_of, wait, walk  # noqa: E402
+from pilot import Atspi, Program, has, role, same, wait, walk  # noqa: E402
 from reader import Reader  # noqa: E402
 from shared import check, failures  # noqa: E402
 from test_steps import heard as quoted_texts, sentences, steps_of  # noqa: E402

@@ -1,20 +1,18 @@
 """What was typed and not saved comes back: the question at the next start, its two answers, the end of the
 session, the close box, and what the screen reader says of all that."""
 import os
-import pathlib
 import signal
 import sys
 import threading
 import time
 
-from pilot import Failed, buttons_of, expect, run, same, wait, wait_same
+from pilot import buttons_of, expect, run, same, wait_same
 from reader import Reader, registry_process
-from recovery import question, recovered
+from recovery import BEHIND, question, recovered
 
 BINARY, PLACE = sys.argv[1:3]
 NO_ROOM = "pas de copie de secours, enregistrez votre feuille"
 LATE = 1.0      # seconds that the bus of the readers is silent
-LIMIT = 2.0     # seconds that a recovery file may be behind the sheet
 
 
 def has_recovered(p, texts):
@@ -134,7 +132,7 @@ def not_to_be_written(p):
     p.wait_message("A=3 = 3")
     p.type("+4")
     p.key("Fin")
-    time.sleep(2 * LIMIT)      # nothing can be waited for: it must not come
+    time.sleep(2 * BEHIND)      # nothing can be waited for: it must not come
     p.answered()
     same(p.message(), "A=3 = 3", "message")
     p.wait_sheet("A=3 = 3+4")

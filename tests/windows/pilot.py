@@ -11,9 +11,8 @@ import subprocess
 import threading
 import time
 
-from shared import Failed, expect, same, until_same
+from shared import LIMIT, Failed, expect, same, until_same
 
-LIMIT = float(os.environ.get("VOXTAB_LIMIT", "60"))   # seconds after which a wait is given up
 PAUSE = 0.02    # seconds between two looks
 
 # Identifiers of the controls, as scripts of a screen reader know them.

@@ -16,7 +16,7 @@ from Xlib import X
 
 from french import (ALT, ALTGR, BACK, CTRL, DEAD, ENTER, ESCAPE, F1, KEYPAD, KEYPAD_ENTER, LEFT, MAJ, NUM_LOCK, OSS,
                     PLAIN, RIGHT, SPACE, TAB, place_of)
-from pilot import (ANGLE, CALCULATOR, DEGREE, LIST, QUIT, RADIAN, REPLACE, TXT, Failed, Helper, expect, run, same,
+from pilot import (ANGLE, CALCULATOR, DEGREE, LIST, QUIT, REPLACE, TXT, Failed, Helper, expect, run, same,
                    wait)
 from screen import Screen
 

@@ -4,7 +4,7 @@ given through the system's store of names, which Wine doesn't hand on: test_read
 import re
 import sys
 
-from pilot import DEGREE, LIST, TXT, expect, run, same, wait, wait_same
+from pilot import DEGREE, LIST, TXT, expect, run, wait, wait_same
 
 BUILD, PLACE = sys.argv[1:3]
 # Names that the toolkit and the system give when nobody else does, and English words of buttons.

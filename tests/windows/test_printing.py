@@ -1,5 +1,4 @@
 """Printing on Windows: what comes out of a PostScript printer, read back page by page."""
-import os
 import pathlib
 import subprocess
 import sys

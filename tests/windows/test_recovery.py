@@ -9,10 +9,9 @@ import time
 
 from disk import there
 from pilot import TXT, Helper, expect, run, same, wait
-from recovery import Typist, asked_about, lines_of, overtaken, question, recovered
+from recovery import BEHIND, Typist, asked_about, lines_of, overtaken, question, recovered
 
 BUILD, PLACE = sys.argv[1:3]
-BEHIND = 2.0     # seconds that a recovery file may be behind the sheet
 LONGEST = 4.0    # seconds from a start to its end
 KILLS = int(os.environ.get("KILLS", "6"))
 LOGOFF, CLOSE_PROGRAM = -0x80000000, 1    # why the session ends: the user goes, an installer needs the file

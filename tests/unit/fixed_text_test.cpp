@@ -1,10 +1,12 @@
 // The fixed text of a value against a plain reading of its rule: fifteen significant digits, rounded
 // half away from zero, zeros after them.
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <doctest/doctest.h>
 
@@ -58,4 +60,24 @@ TEST_CASE("fixed text follows the fifteen digits half-way between two decimals")
         for (int pas = static_cast<int>(tirage() % 5); pas > 0; --pas) x = std::nextafter(x, 1e300);
         if (x != std::trunc(x)) REQUIRE(texte_fixe(x, decimales) == par_les_chiffres(x, decimales));
     }
+}
+
+TEST_CASE("short text: the fixed text without its last zeros, at every length of figures and decimals") {
+    std::vector<std::int64_t> unites;
+    for (std::int64_t n = 0; n <= 2100; ++n) unites.push_back(n);
+    for (std::int64_t dizaine = 1000; dizaine <= 1'000'000'000'000; dizaine *= 10)
+        for (const std::int64_t fois : {1, 2, 5, 9})
+            for (const std::int64_t ecart : {-11, -1, 0, 1, 10, 100, 350}) unites.push_back(dizaine * fois + ecart);
+    for (int decimales = 0; decimales <= 8; ++decimales)
+        for (const std::int64_t n : unites)
+            for (const double signe : {1.0, -1.0}) {
+                const double x = signe * static_cast<double>(n) / std::pow(10.0, decimales);
+                std::string attendu = texte_fixe(x, decimales), obtenu = "x";
+                if (attendu.find('.') != std::string::npos) {
+                    attendu.erase(attendu.find_last_not_of('0') + 1);
+                    if (attendu.back() == '.') attendu.pop_back();
+                }
+                ajoute_texte_court(obtenu, x, decimales);
+                CHECK(obtenu == "x" + attendu);
+            }
 }

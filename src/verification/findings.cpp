@@ -104,6 +104,7 @@ constexpr std::array<LigneConstat, kNombreGenresConstat> kConstats = {{
     {lettre_changee, "lettre_changee", kSavoir, "lettre changée"_fr, "dans %m, %l a changé de valeur ligne %v"_fr},
     {partie_entiere, "partie_entiere", kSavoir, "partie entière"_fr, "%m vaut %v, %l"_fr},
     {couple_incomplet, "couple_incomplet", kFaux, "couple incomplet"_fr, "dans %m, un couple a deux valeurs, avec une virgule entre elles"_fr},
+    {lettre_de_fon, "lettre_de_fon", kFaux, "lettre de FON"_fr, "dans %m, FON a changé %l, lu ensuite"_fr},
 }};
 
 static_assert([] {

@@ -17,7 +17,7 @@ enum class GenreConstat : std::uint8_t {
     definition_ouverte, pourcentage_du_terme, point_virgule_de_liste, matrice_sans_inverse, matrice_seule,
     premiere_rangee, ecriture, second_statx, determinant_accompagne, matrices_melees,
     element_vide, liste_manquante, produit_sans_signe, puissance_divisee, point_dix, lettre_sans_valeur,
-    lettre_changee, partie_entiere, couple_incomplet,
+    lettre_changee, partie_entiere, couple_incomplet, lettre_de_fon,
     apres   // the end: new kinds stand in front of it
 };
 inline constexpr int kNombreGenresConstat = static_cast<int>(GenreConstat::apres);

@@ -67,6 +67,7 @@ bool arbre_simple(const Releve& r) {
     bool pi = false, angle = false, angle_de_pi = false;
     for (std::size_t i = 0; i < r.noeuds.size(); ++i) {
         const Noeud& n = r.noeuds[i];
+        if (n.genre == GenreNoeud::appel && n.numero == kFon) return false;
         if (n.genre == GenreNoeud::puissance && ++puissances > 1) return false;
         if (n.genre == GenreNoeud::moins_unaire && r.a(kTraitPuissance)) return false;
         if (i == 0) {

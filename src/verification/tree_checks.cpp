@@ -9,6 +9,7 @@
 #include "base/codepage.hpp"
 #include "base/number.hpp"
 #include "functions/table.hpp"
+#include "state/context.hpp"
 #include "state/modes.hpp"
 #include "state/variables.hpp"
 #include "verification/matrix_checks.hpp"
@@ -54,6 +55,7 @@ public:
             if (lue_.releve.a(kTraitPuissance)) regarde_puissance(i);
             if (lue_.releve.a(kTraitAppel)) regarde_angle(i);
             if (lue_.releve.a(kTraitAppel)) regarde_partie(i);
+            if (lue_.releve.a(kTraitAppel)) regarde_fon(i);
             regarde_fraction(i);
         }
         if (lue_.releve.a(kTraitMatrice)) regarde_matrices();
@@ -63,10 +65,12 @@ public:
 private:
     const Noeud& enfant(std::size_t i) const { return noeuds_[premiers_[i]]; }
 
-    void ajoute(GenreConstat genre, std::int32_t place, std::string propose) {
+    // The finding that was added; nullptr when the formula has one of its kind: once is enough.
+    ConstatArbre* ajoute(GenreConstat genre, std::int32_t place, std::string propose) {
         const auto meme = std::ranges::find(constats_, genre, &ConstatArbre::genre);
-        if (meme != constats_.end()) return;   // once a formula is enough
+        if (meme != constats_.end()) return nullptr;
         constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = texte_general(valeur_), .propose = std::move(propose)});
+        return &constats_.back();
     }
 
     // The formula with brackets around a part of it.
@@ -167,26 +171,39 @@ private:
         const Noeud& n = noeuds_[i];
         if (!est_angle(n) || !angle_suspect(noeuds_[i - 1].valeur, contient_pi(i))) return;
         constexpr std::string_view kUnites[] = {"degrés"_fr, "radians"_fr, "grades"_fr};
-        ajoute(GenreConstat::angle, n.debut, "");
-        ConstatArbre& c = constats_.back();
-        c.morceau = texte_de(lue_, n);
-        c.lu = kUnites[modes.unite_angle == 1 ? 0 : modes.unite_angle == 2 ? 1 : 2];
+        ConstatArbre* const c = ajoute(GenreConstat::angle, n.debut, "");
+        if (c == nullptr) return;
+        c->morceau = texte_de(lue_, n);
+        c->lu = kUnites[modes.unite_angle == 1 ? 0 : modes.unite_angle == 2 ? 1 : 2];
     }
 
     // The two parts of a number, as mathematics has them, are others below 0; and one is rounded first.
     void regarde_partie(std::size_t i) {
         const Noeud& n = noeuds_[i];
         if (lue_.erreur || i == 0 || !est_autre_partie(n, noeuds_[i - 1].valeur)) return;
-        ajoute(GenreConstat::partie_entiere, n.debut, "");
-        ConstatArbre& c = constats_.back();
+        ConstatArbre* const c = ajoute(GenreConstat::partie_entiere, n.debut, "");
+        if (c == nullptr) return;
         const bool coupe = n.valeur == std::trunc(noeuds_[i - 1].valeur);
-        c.morceau = texte_de(lue_, n);
-        c.valeur = texte_general(n.valeur);
-        c.lu = n.numero == kFrac ? "FRAC perd le signe"_fr
+        c->morceau = texte_de(lue_, n);
+        c->valeur = texte_general(n.valeur);
+        c->lu = n.numero == kFrac ? "FRAC perd le signe"_fr
                : coupe           ? "INT coupe les décimales"_fr
                                  : "INT arrondit d'abord aux décimales affichées"_fr;
     }
 
+    // A call of the user function leaves its value in the function's letter, which may be read behind it.
+    void regarde_fon(std::size_t i) {
+        const Noeud& n = noeuds_[i];
+        const int lettre = moteur.fonction_active;
+        if (n.genre == GenreNoeud::appel && n.numero == kFon && i > 0)
+            fon_change_ |= noeuds_[i - 1].genre != GenreNoeud::lettre || noeuds_[i - 1].numero != lettre;
+        if (lue_.erreur || !fon_change_ || n.genre != GenreNoeud::lettre || n.numero != lettre) return;
+        if (ConstatArbre* const c = ajoute(GenreConstat::lettre_de_fon, n.debut, ""))
+            c->lu = std::string(1, static_cast<char>('A' + lettre - 1));
+        fon_change_ = false;
+    }
+
+    bool fon_change_ = false;
     const Lue& lue_;
     const Noeuds& noeuds_;
     std::vector<std::size_t> premiers_;

@@ -47,6 +47,7 @@ void verifie_feuille(const std::string& texte) noexcept {
 void commence_surveillance() noexcept {
     verification = {};
     jugement = {};
+    jugement.lettres_notees = false;
     regard.ligne = prend_ligne;
     regard.sans_interet = est_formule_simple;
     observation = &regard;

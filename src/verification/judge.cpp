@@ -606,8 +606,10 @@ void juge_ligne(Jugement& jugement, const LigneObservee& o) {
     if (o.role == RoleLigne::fermante || o.role == RoleLigne::entete_matrice) jugement.bloc_refuse = false;
     if (!jugement.bloc_refuse) juge_selon_role(jugement, o);
     note_valeurs(jugement, o, ligne);
-    juge_lettres_changees(jugement, o);
-    note_lettres(jugement, o);
+    if (jugement.lettres_notees) {
+        juge_lettres_changees(jugement, o);
+        note_lettres(jugement, o);
+    }
     if (o.role != RoleLigne::formule || jugement.bloc_refuse) return;
     // What stands below a definition that was refused is no formula.
     if (o.erreur && (capitales(o.formule).find(kDefM.mot) != npos || capitales(o.formule).find(kMotStatX.mot) != npos))

@@ -49,6 +49,7 @@ struct Jugement {
     std::vector<LectureTropTot> trop_tot;
     std::array<std::vector<std::size_t>, kAttentes> attendent;   // of these the ones that have no line yet
     std::array<LettreDonnee, 27> lettres;
+    bool lettres_notees = true; // false: who watches a pass tells only of what is probably wrong
     ValeursConnues valeurs;      // behind the last line, as long as something was read too early
     std::optional<Constat> ouverte;   // the heading of a definition that nothing has closed yet
     std::optional<Constat> rangee;    // the first row of the matrix that is open, as it is found when it is too long

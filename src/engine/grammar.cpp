@@ -230,7 +230,7 @@ double eleve(double p, double e) {
     if (!Tente(kCompileExposant,
                [&] { range(puissance, maths::exp(maths::log(std::fabs(p)) * e), p, e); }))
         puissance = 0;
-    if (p > 0) return puissance;
+    if (!(p < 0)) return puissance;   // no number has no sign
     if (!Tente(kCompileExposant, [&] {
             if (odd(vers_32_tronque(e))) puissance = -puissance;
         }))

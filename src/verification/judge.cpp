@@ -596,10 +596,8 @@ bool est_sans_histoire(const Jugement& j, const LigneObservee& o) {
     return o.entiere.size() == o.ligne.size() || est_resultat_de(o);
 }
 
-}  // namespace
-
-void juge_ligne(Jugement& jugement, const LigneObservee& o) {
-    if (est_sans_histoire(jugement, o)) return;
+// The rest of them; out of the way of most.
+[[gnu::noinline]] void juge_en_detail(Jugement& jugement, const LigneObservee& o) {
     if (o.role != RoleLigne::fonction_de_table) juge_entete_seul(jugement);
     const int ligne = o.role == RoleLigne::fermante && jugement.ouverte ? jugement.ouverte->ligne : o.numero;
     note_definition(jugement, o);
@@ -615,6 +613,12 @@ void juge_ligne(Jugement& jugement, const LigneObservee& o) {
     if (o.erreur && (capitales(o.formule).find(kDefM.mot) != npos || capitales(o.formule).find(kMotStatX.mot) != npos))
         jugement.bloc_refuse = true;
     if (o.ligne.size() != o.formule.size()) juge_commentaire(jugement, o);
+}
+
+}  // namespace
+
+void juge_ligne(Jugement& jugement, const LigneObservee& o) {
+    if (!est_sans_histoire(jugement, o)) juge_en_detail(jugement, o);
 }
 
 void acheve_jugement(Jugement& jugement) {

@@ -1,12 +1,14 @@
 // Tells plain formulas by the characters that stand side by side. Changes nothing.
 #include "verification/plain_formula.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
 #include "base/codepage.hpp"
 #include "functions/table.hpp"
+#include "verification/tree_checks.hpp"
 
 namespace {
 
@@ -33,10 +35,18 @@ constexpr std::array<Caractere, 256> kCaracteres = [] {
 }();
 static_assert(kPoint == kChiffre << 1, "each number keeps its second point refused");
 
-// A function whose value is all that comes of its call, whatever its argument is.
-bool est_sans_suite(const LigneFonction& f) {
+// Whether a call with this in its brackets is of a whole number of degrees, radians or grades that is usual.
+bool est_angle_habituel(std::string_view suite) {
+    double angle = 0;
+    std::size_t i = 1;
+    for (; i < std::min<std::size_t>(suite.size(), 5) && est_chiffre(suite[i]); ++i) angle = angle * 10 + (suite[i] - '0');
+    return i > 1 && suite.starts_with('(') && suite.substr(i).starts_with(')') && !angle_suspect(angle, false);
+}
+
+// A function whose value is all that comes of its call with what follows its name.
+bool est_sans_suite(const LigneFonction& f, std::string_view suite) {
     const bool angle = f.numero == kSin || f.numero == kCos || f.numero == kTan;   // their unit may be another one
-    return f.valeur.simple != nullptr && !angle;
+    return f.valeur.simple != nullptr && (!angle || est_angle_habituel(suite));
 }
 
 // True when the words of the formula are PI and the name of one such function: a second call may stand in the first.
@@ -48,7 +58,7 @@ bool mots_simples(std::string_view formule) {
         if (i - debut < 2) continue;
         const int rang = fonction_nommee(formule.substr(debut, i - debut));
         if (rang == kPi) continue;
-        if (rang == kAucuneFonction || !est_sans_suite(ligne_fonction(rang)) || ++appels > 1) return false;
+        if (rang == kAucuneFonction || !est_sans_suite(ligne_fonction(rang), formule.substr(i)) || ++appels > 1) return false;
     }
     return true;
 }

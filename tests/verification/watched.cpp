@@ -15,6 +15,7 @@
 #include "sheet/observer.hpp"
 #include "sheet/recalculation.hpp"
 #include "state/context.hpp"
+#include "state/modes.hpp"
 #include "verification/check.hpp"
 #include "verification/typed_lines.hpp"
 
@@ -35,10 +36,16 @@ std::vector<std::string> graves() {
     return textes;
 }
 
-// A pass in a fresh program, with the random numbers of the others.
-std::string calcule(const std::string& feuille) {
+// A calculation as none has been before, in the modes that are set, with the random numbers of the others.
+void recommence() {
+    const Modes gardes = modes;
     reinitialise_calcul();
+    modes = gardes;
     moteur.generateur.seed(1);
+}
+
+std::string calcule(const std::string& feuille) {
+    recommence();
     return calcule_feuille(feuille, 0).texte;
 }
 
@@ -59,8 +66,7 @@ std::string partie_calculee(const std::string& feuille) {
 // In the modes that are set. Counts what was found.
 bool essaie(const std::string& feuille, long& trouves) {
     const std::string texte = calcule(feuille), calculee = partie_calculee(feuille);
-    reinitialise_calcul();
-    moteur.generateur.seed(1);
+    recommence();
     verifie_feuille(calculee);
     const std::vector<std::string> voulus = graves();
     commence_surveillance();
@@ -82,13 +88,14 @@ bool essaie_ligne(std::uint64_t graine, long& trouves) {
     Tirage t(graine);
     Essai e = tire_essai(graine);
     constexpr const char* kFins[] = {" = 12", " = 3.5", " =5", "=5", " = 5 cm", " = 1 + 1", " ! note", " ! 2", " = A"};
-    constexpr const char* kMorceaux[] = {"1.5E+3", "2.5*E-1", "1.2.3", "SIN(30)", "SIN(PI)", "PI", "LN(4)", "ABS(1-LN(4))",
+    constexpr const char* kMorceaux[] = {"1.5E+3", "2.5*E-1", "1.2.3", "SIN(30)", "SIN(PI)", "COS(3)", "TAN(45)", "PI", "LN(4)", "ABS(1-LN(4))",
                                          "SQRT(A)", "1+SQRT(1+ABS(3))", "X.A", "2.X", "2 3", "A B", "1/A", "SQRT(1-A)", "0/A(5)"};
-    if (t.une_fois_sur(3)) e.ligne = kMorceaux[t.entre(0, 16)] + std::string("+") + e.ligne;
-    if (t.une_fois_sur(8)) e.ligne = kMorceaux[t.entre(0, 16)];
-    if (t.une_fois_sur(8)) e.ligne += kMorceaux[t.entre(0, 16)];
+    if (t.une_fois_sur(3)) e.ligne = kMorceaux[t.entre(0, 18)] + std::string("+") + e.ligne;
+    if (t.une_fois_sur(8)) e.ligne = kMorceaux[t.entre(0, 18)];
+    if (t.une_fois_sur(8)) e.ligne += kMorceaux[t.entre(0, 18)];
     if (t.une_fois_sur(3)) e.ligne.insert(0, t.une_fois_sur(2) ? "A=" : "X=");
     if (t.une_fois_sur(3)) e.ligne += kFins[t.entre(0, 8)];
+    modes.unite_angle = static_cast<std::int16_t>(t.entre(1, 3));
     return essaie(e.entete + e.ligne, trouves);
 }
 

@@ -63,10 +63,27 @@ bool mots_simples(std::string_view formule) {
     return true;
 }
 
+// True for figures with at most one point among them.
+bool est_nombre(std::string_view texte) {
+    const std::string_view chiffres = "0123456789";
+    const std::size_t point = std::min(texte.find_first_not_of(chiffres), texte.size());
+    if (point == 0 || point == texte.size()) return point > 0;
+    return texte[point] == '.' && point + 1 < texte.size() && texte.find_first_not_of(chiffres, point + 1) == std::string_view::npos;
+}
+
+// True for a letter or a number, more or less a percentage: "A+5%".
+bool est_pourcentage_de_valeur(std::string_view formule) {
+    const std::size_t signe = formule.find_first_of("+-");
+    if (signe == std::string_view::npos) return false;
+    const std::string_view valeur = formule.substr(0, signe), taux = formule.substr(signe + 1, formule.size() - signe - 2);
+    return est_nombre(taux) && ((valeur.size() == 1 && est_lettre(valeur[0])) || est_nombre(valeur));
+}
+
 }  // namespace
 
 bool est_formule_simple(std::string_view formule) {
     const bool affecte = formule.size() > 2 && formule[1] == '=' && est_lettre(formule[0]);
+    if (formule.ends_with('%')) return est_pourcentage_de_valeur(formule.substr(affecte ? 2 : 0));
     unsigned refuses = kAutre, trouves = 0;
     // All characters are looked at: where one is refused can't be foretold.
     for (const char c : formule.substr(affecte ? 2 : 0)) {

@@ -88,11 +88,11 @@ bool essaie_ligne(std::uint64_t graine, long& trouves) {
     Tirage t(graine);
     Essai e = tire_essai(graine);
     constexpr const char* kFins[] = {" = 12", " = 3.5", " =5", "=5", " = 5 cm", " = 1 + 1", " ! note", " ! 2", " = A"};
-    constexpr const char* kMorceaux[] = {"1.5E+3", "2.5*E-1", "1.2.3", "SIN(30)", "SIN(PI)", "COS(3)", "TAN(45)", "PI", "LN(4)", "ABS(1-LN(4))",
+    constexpr const char* kMorceaux[] = {"1.5E+3", "2.5*E-1", "1.2.3", "SIN(30)", "SIN(PI)", "COS(3)", "TAN(45)", "100+20%", "X-5.5%", "2*X+5%", "PI", "LN(4)", "ABS(1-LN(4))",
                                          "SQRT(A)", "1+SQRT(1+ABS(3))", "X.A", "2.X", "2 3", "A B", "1/A", "SQRT(1-A)", "0/A(5)"};
-    if (t.une_fois_sur(3)) e.ligne = kMorceaux[t.entre(0, 18)] + std::string("+") + e.ligne;
-    if (t.une_fois_sur(8)) e.ligne = kMorceaux[t.entre(0, 18)];
-    if (t.une_fois_sur(8)) e.ligne += kMorceaux[t.entre(0, 18)];
+    if (t.une_fois_sur(3)) e.ligne = kMorceaux[t.entre(0, 21)] + std::string("+") + e.ligne;
+    if (t.une_fois_sur(8)) e.ligne = kMorceaux[t.entre(0, 21)];
+    if (t.une_fois_sur(8)) e.ligne += kMorceaux[t.entre(0, 21)];
     if (t.une_fois_sur(3)) e.ligne.insert(0, t.une_fois_sur(2) ? "A=" : "X=");
     if (t.une_fois_sur(3)) e.ligne += kFins[t.entre(0, 8)];
     modes.unite_angle = static_cast<std::int16_t>(t.entre(1, 3));

@@ -163,10 +163,6 @@ def run_orca(log, pipe, flash=None):
         from orca import settings
         settings.brailleFlashTime = int(flash)
     builtins.open = open_log
-    # The log tells what is said and shown, not what each object is: asking the program for that at each event
-    # takes longer than all that the reader has to do.
-    from orca import debug
-    debug.printDetails = lambda *_, **__: None
     answer_marks(pipe, stream.write)
     sys.argv = [ORCA, "--debug-file=" + log, "--enable", "speech", "--enable", "braille"]
     orca = {"__name__": "orca_program", "__file__": ORCA}

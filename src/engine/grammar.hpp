@@ -1,5 +1,6 @@
-// The grammar of a formula: each procedure reads its part, leaves the value in its register of
-// `moteur` and mostly answers it too, which is quicker than reading it there. On entry l_symbole holds the first symbol of the part, on return the first one after it.
+// The grammar of a formula: each procedure reads its part, leaves the value in its register of `moteur` and mostly
+// answers it too, which is quicker than reading it there. On entry l_symbole holds the first symbol of the part, on
+// return the first one after it.
 #pragma once
 
 #include <cstdint>

@@ -389,7 +389,8 @@ void juge_lettre_neuve(Jugement& j, const LigneObservee& o) {
                                   [&](const Noeud& n) { return n.genre == GenreNoeud::lettre && n.numero == r.affectee; });
     if (lue == r.noeuds.end()) return;
     const std::vector<std::size_t> places = places_de(o);
-    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::lettre_sans_valeur, places[static_cast<std::size_t>(lue->debut - 1)], o.formule);
+    Constat& c = ajoute_constat(j, endroit_de(o), GenreConstat::lettre_sans_valeur,
+                                places[static_cast<std::size_t>(lue->debut - 1)], o.formule);
     c.lu = lettre_de(r.affectee);
 }
 
@@ -488,7 +489,8 @@ void juge_entete(Jugement& j, const LigneObservee& o) {
     const std::string capitale_ligne = capitales(o.formule);
     const TexteMarque marque{capitale_ligne};
     const std::size_t inc = marque.position(kMotInc), mot = inc != npos ? inc : marque.position(kMotAir);
-    j.entete = {.numero = o.numero, .numero_ecrit = o.numero_ecrit, .retrait = o.retrait, .formule = std::string(o.formule), .suspect = false};
+    j.entete = {.numero = o.numero, .numero_ecrit = o.numero_ecrit, .retrait = o.retrait,
+                .formule = std::string(o.formule), .suspect = false};
     if (mot == 0 && capitale_ligne.size() > 4 && sans_blancs(std::string_view(capitale_ligne).substr(4)).starts_with('(')) return;
     j.entete.suspect = true;
     Constat& c = ajoute_constat(j, endroit_de(o), inc != npos ? GenreConstat::mot_inc : GenreConstat::mot_air,

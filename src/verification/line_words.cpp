@@ -281,7 +281,8 @@ std::string_view mots_faute(const LigneObservee& o) {
 std::string toutes_les_fautes(const LigneObservee& o) {
     const std::string_view derniere = mots_faute(o), premiere = sans_blancs(observation->releve.mots_faute);
     const bool nombre = !premiere.empty() && est_chiffre(premiere[0]);
-    if (o.role != RoleLigne::formule || o.lue.empty() || premiere.empty() || nombre || premiere == derniere) return std::string(derniere);
+    if (o.role != RoleLigne::formule || o.lue.empty() || premiere.empty() || nombre || premiere == derniere)
+        return std::string(derniere);
     std::string mots(premiere);
     if (derniere.empty()) return mots;
     return mots.append(" puis ").append(derniere);

@@ -3,6 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "base/codepage.hpp"
 #include "engine/reading.hpp"
@@ -43,12 +48,20 @@ std::size_t fin_du_resultat(std::string_view queue) {
     const bool chiffre = mots[0] == '-' || est_chiffre(mots[0]);
     if (chiffre && debut == 1 && !matrice && mots.find_first_of(" ,") == npos) return est_valeur(mots) ? queue.size() : npos;
     if (est_erreur(mots)) return queue.size();
-    if (const std::size_t egal = mots.find(" ="); egal != npos && est_matrice(mots.substr(0, egal)) && est_matrice(mots.substr(egal + 2)))
-        return queue.size();
+    const std::size_t egal = mots.find(" =");
+    if (egal != npos && est_matrice(mots.substr(0, egal)) && est_matrice(mots.substr(egal + 2))) return queue.size();
     const std::string_view mot = mots.substr(0, mots.find(' '));
     if (debut == 0 && !matrice && !est_matrice(mot)) return npos;   // a number has a blank in front
     if (est_matrice(mots)) return queue.size();
     return est_valeur(mot) ? 2 + debut + mot.size() : npos;
+}
+
+// The formula, or nothing where it isn't read as it stands.
+std::string si_lisible(std::string formule) {
+    const FormuleRelevee lue = lit_formule(formule);
+    const std::vector<std::size_t> places = places_dans_le_texte(formule, lue.formule);
+    if (lue.erreur || premier_probleme({formule, lue.formule, lue.releve, false, places})) return {};
+    return formule;
 }
 
 }  // namespace
@@ -70,9 +83,7 @@ std::string affectation_voulue(std::string_view mot, std::string_view queue) {
     const std::string_view valeur = sans_blancs(queue.substr(queue.find('=') + 1));
     const bool matrice = mot.size() == 2 && capitale(mot[0]) == 'M' && TestCarMatrice(capitales(mot.substr(1)));
     std::string texte = std::string(mot.substr(0, matrice ? 2 : 1)) + "=" + std::string(valeur);
-    const FormuleRelevee lue = lit_formule(texte);
-    const bool lisible = !lue.erreur && !premier_probleme({texte, lue.formule, lue.releve, false, places_dans_le_texte(texte, lue.formule)});
-    return lisible ? texte : std::string();
+    return si_lisible(std::move(texte));
 }
 
 namespace {
@@ -86,7 +97,8 @@ TexteEfface tape(const LigneObservee& o, std::string_view queue) {
         efface.genre = GenreConstat::deux_egal;
         efface.morceau = o.entiere;
     }
-    if (o.role == RoleLigne::fonction && o.formule.find('=') == npos) efface.propose = "DEFFON" + std::string(sans_blancs(queue.substr(queue.find('='))));
+    if (o.role == RoleLigne::fonction && o.formule.find('=') == npos)
+        efface.propose = "DEFFON" + std::string(sans_blancs(queue.substr(queue.find('='))));
     if (o.role == RoleLigne::fonction || !est_mot(o.ligne)) return efface;
     efface.genre = GenreConstat::affectation_perdue;
     efface.morceau = o.entiere;
@@ -142,7 +154,5 @@ std::string avec_factorielles(std::string_view ligne) {
         const std::string appel = operande.front() == '(' ? "FACT" + operande : "FACT(" + operande + ")";
         texte.replace(debut, i + 1 - debut, appel);
     }
-    const FormuleRelevee lue = lit_formule(texte);
-    const bool lisible = !lue.erreur && !premier_probleme({texte, lue.formule, lue.releve, false, places_dans_le_texte(texte, lue.formule)});
-    return lisible ? texte : std::string();
+    return si_lisible(std::move(texte));
 }

@@ -152,7 +152,8 @@ std::optional<Probleme> operandes_de_suite(const Lue& lue) {
     if (second.genre == GenreNoeud::lettre && lettre == 'X' &&
         est_chiffre(caractere(lue.tapee, saute_blancs(lue.tapee, suite + 1))))
         return Probleme{.genre = GenreConstat::lettre_fois, .place = suite, .longueur = 1, .correction = "*", .corrigible = true};
-    return Probleme{.genre = GenreConstat::deux_valeurs, .place = place, .longueur = suite - place, .correction = "*", .corrigible = true};
+    return Probleme{.genre = GenreConstat::deux_valeurs, .place = place, .longueur = suite - place, .correction = "*",
+                    .corrigible = true};
 }
 
 // "(" behind a value: a product, or the brackets of a name that has none.
@@ -270,7 +271,8 @@ std::optional<Probleme> nom_refuse(const Lue& lue, std::size_t place) {
     for (std::size_t i = place; i < fin; ++i) {
         const SigneConnu* const connu = signe_connu(lue.tapee[i]);
         if (connu != nullptr && !connu->entre_chiffres && !connu->remplace.empty())
-            return Probleme{.genre = GenreConstat::ecriture, .place = i, .longueur = 1, .correction = std::string(connu->remplace), .corrigible = true};
+            return Probleme{.genre = GenreConstat::ecriture, .place = i, .longueur = 1,
+                            .correction = std::string(connu->remplace), .corrigible = true};
     }
     const std::string nom = capitales(lue.tapee.substr(place, fin - place));
     if (nom.size() < 3 || fonction_nommee(std::string_view(nom).substr(1)) == kAucuneFonction) return {};
@@ -332,13 +334,16 @@ std::optional<Probleme> detour(const Lue& lue) {
     const Releve& r = lue.releve;
     const auto place = [&](std::int32_t p) { return p > 0 ? lue.place(p - 1) : 0; };
     if (r.a(kTraitSommePerdue | kTraitArgumentPerdu)) {
-        const auto appel = std::ranges::find_if(r.noeuds, [&](const Noeud& n) { return n.genre == GenreNoeud::appel && n.fin == r.perdue; });
+        const auto appel = std::ranges::find_if(
+            r.noeuds, [&](const Noeud& n) { return n.genre == GenreNoeud::appel && n.fin == r.perdue; });
         return Probleme{.genre = r.a(kTraitSommePerdue) ? GenreConstat::somme_perdue : GenreConstat::argument_perdu,
                         .place = place(appel == r.noeuds.end() ? r.perdue : appel->debut)};
     }
     if (r.a(kTraitSansInverse)) {
-        const auto appel = std::ranges::find_if(r.noeuds, [](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kInvMat; });
-        return Probleme{.genre = GenreConstat::matrice_sans_inverse, .place = appel == r.noeuds.end() ? 0 : place(appel->debut)};
+        const auto appel = std::ranges::find_if(
+            r.noeuds, [](const Noeud& n) { return n.genre == GenreNoeud::appel && n.numero == kInvMat; });
+        return Probleme{.genre = GenreConstat::matrice_sans_inverse,
+                        .place = appel == r.noeuds.end() ? 0 : place(appel->debut)};
     }
     if (r.faute != 0 && !lue.erreur) return Probleme{.genre = GenreConstat::erreur_effacee, .place = place(r.faute)};
     return {};

@@ -69,7 +69,8 @@ private:
     ConstatArbre* ajoute(GenreConstat genre, std::int32_t place, std::string propose) {
         const auto meme = std::ranges::find(constats_, genre, &ConstatArbre::genre);
         if (meme != constats_.end()) return nullptr;
-        constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = texte_general(valeur_), .propose = std::move(propose)});
+        constats_.push_back({.genre = genre, .place = place, .morceau = {}, .lu = {}, .valeur = texte_general(valeur_),
+                             .propose = std::move(propose)});
         return &constats_.back();
     }
 
